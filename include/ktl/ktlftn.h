@@ -1,0 +1,278 @@
+/* ktl: properties of water and steam after the 1967 IFC Formulation for Industrial Use (IFC-67).
+ *
+ * The named routines, as Fortran, C and C++ programs call them. Units everywhere:
+ *
+ *     pressure p              bar            enthalpy h, internal energy u        kJ/kg
+ *     temperature t           degC           entropy s, isobaric heat capacity cp kJ/(kg K)
+ *     specific volume v       m3/kg          vapour quality x                     mass fraction, 0..1
+ *
+ * Valid range: 0.01 to 800 degC, 0.006112444 to 1000 bar (sub-region 3 lies between 350 and 590 degC).
+ *
+ * How a name is built
+ *     ktlr + two letters      state finder of that pair of known values: ktlrph from pressure and enthalpy
+ *     ktl_ + letter + digit   equation of a sub-region: c volume, d enthalpy, e entropy, f internal energy,
+ *                             h isobaric heat capacity; ktl_a3 is the pressure of sub-region 3
+ *     comt + digit            prepares the working terms that the equations of a sub-region share
+ *     ktl_pt, ktl_tp, ktl_it  saturation pressure of t; saturation temperature of p
+ *     ktl_i1 .. ktl_i3, ktl_id  root finders in one and in two unknowns
+ *
+ * Every argument is passed by reference (a pointer in C). Failures are reported as text lines on numbered
+ * output units (see ktlerr), never by a status: each routine below says what it returns then. A value that
+ * is not a number is not reported; it yields not-a-number in bounded work. No routine allocates memory.
+ *
+ * Threads: the working records are one per thread, so threads never share a state. ktlerr is one record
+ * of the process; counting is atomic, and whoever changes its limits does so before threads start.
+ *
+ * Source of all equations: "The 1967 IFC Formulation for Industrial Use", International Formulation
+ * Committee of the Sixth International Conference on the Properties of Steam, 1967. */
+#ifndef KTL_KTLFTN_H
+#define KTL_KTLFTN_H
+
+#include <ktl/version.h>
+#include <stdio.h>
+
+#if defined(KTL_SHARED_BUILD) && defined(__GNUC__)
+#define KTL_API __attribute__((visibility("default")))
+#else
+#define KTL_API
+#endif
+
+/* KTL_IN: read only. KTL_INOUT: read and overwritten. References in C++, pointers in C. */
+#ifdef __cplusplus
+#define KTL_IN(type) const type&
+#define KTL_INOUT(type) type&
+#define KTL_THREAD_RECORD extern constinit thread_local KTL_API
+extern "C" {
+#else
+#define KTL_IN(type) const type*
+#define KTL_INOUT(type) type*
+#define KTL_THREAD_RECORD extern _Thread_local KTL_API
+#endif
+
+/* ---- Types -------------------------------------------------------------------------------------------- */
+
+/** Region number that a state finder returns, and what its two arguments then hold. */
+enum ktl_region {
+    KTL_LIQUID = 1,              /**< sub-region 1, water up to 350 degC: p, t */
+    KTL_STEAM = 2,               /**< sub-region 2, steam: p, t */
+    KTL_NEAR_CRITICAL_STEAM = 3, /**< sub-region 3, steam side and above 374.15 degC: v, t */
+    KTL_NEAR_CRITICAL_LIQUID = 4, /**< sub-region 3, water between 350 and 374.15 degC: v, t */
+    KTL_WET_NEAR_CRITICAL = 5,   /**< two phases, saturation temperature above 350 degC: x, t */
+    KTL_WET = 6,                 /**< two phases, saturation temperature up to 350 degC: x, t */
+    KTL_NO_STATE = 7             /**< no valid state: both arguments as they were given */
+};
+
+/** A state finder: overwrites the two known values with the variables of the region that it returns. */
+typedef int (*ktl_finder)(KTL_INOUT(double) first, KTL_INOUT(double) second, KTL_IN(double) eps);
+/** A property of two variables. */
+typedef double (*ktl_property)(KTL_IN(double), KTL_IN(double));
+/** A property of two variables that is itself found to a relative tolerance eps. */
+typedef double (*ktl_property_eps)(KTL_IN(double), KTL_IN(double), KTL_IN(double) eps);
+
+/* ---- Records ------------------------------------------------------------------------------------------ */
+
+/** Error accounting, one record for the process. A program may set it before its calls. */
+struct ktlerr_record {
+    int iunit;  /**< output unit of the diagnostic lines, initially 6 (standard output) */
+    int nprer;  /**< errors whose line is printed, initially 1000000; later ones are counted silently */
+    int maxer;  /**< errors tolerated, initially 1000000; the next one stops the program */
+    int ientry; /**< errors counted so far, initially 0 */
+};
+extern KTL_API struct ktlerr_record ktlerr;
+
+/** The state for which the thread's working terms were last prepared; 0 before the first. */
+struct ktl_cu_record {
+    double p;        /**< bar, written by comt1 and comt2 */
+    double t;        /**< degC, written by comt1, comt2 and comt3 */
+    double v;        /**< m3/kg, written by comt3 */
+    double spare[2]; /**< part of the layout; never read or written */
+};
+KTL_THREAD_RECORD struct ktl_cu_record ktl_cu;
+
+/** Slope of the saturation line, written by psl1 (and by ktl_tp, which calls it). */
+struct ktl_nt_record {
+    double dpdt; /**< (p / 80.3334) d ln p / d theta: about 8.06 times dp/dt in bar/K; 0 before the first */
+};
+KTL_THREAD_RECORD struct ktl_nt_record ktl_nt;
+
+/* ---- The entry ---------------------------------------------------------------------------------------- */
+
+/** Properties of one state.
+ *
+ *  Given:     regfun   finder of the state, for instance ktlrph
+ *             indep1, indep2  the two known values, in the finder's order
+ *             strdep   codes of the wanted properties, separated by commas, ended by a full stop, a blank or
+ *                      a NUL, for instance "P,T,V."; upper case only:
+ *                      P  T  V  H  S  X  CP   as above
+ *                      DV  dynamic viscosity, Pa s         TC  thermal conductivity, kW/(m K)
+ *                      Nothing is read past the end; a null pointer counts as an empty text.
+ *  Returned:  prodep   one element for each code, in the order of the codes
+ *
+ *  The finder is called once, with eps = 1e-8. A quality at or below 1e-6 is taken as saturated water, one
+ *  at or above 0.999999 as saturated steam.
+ *
+ *  On failure a line is written to unit 13, not counted in ktlerr:
+ *   - no state (region 7): " *** KTLFTN-ERROR: illegal region calculated: IREG = ..."; prodep untouched;
+ *   - an unknown code, an empty one among them: " *** KTLFTN-ERROR: illegal dependend property: ...";
+ *     its element is left as it was;
+ *   - CP, DV or TC of a two-phase state: 0.0, and one line " *** KTLFTN-ERROR: CP, DV, TC cannot be
+ *     calculated in wet region ***" for the whole call.
+ *
+ *  Notes
+ *   1. In regions 3 and 4 the elements of DV and TC are left as they were, without a line.
+ *   2. The codes end after a token that is not followed by a comma, so a token of five or more characters
+ *      (its first four match no code) ends the list.
+ *   3. A state given to ktlrpt exactly on the saturation line keeps its pressure as the quality. */
+KTL_API void ktlftn(ktl_finder regfun, KTL_IN(double) indep1, KTL_IN(double) indep2, const char* strdep,
+                    double* prodep);
+
+/* ---- State finders ------------------------------------------------------------------------------------ */
+
+/** State from pressure (bar) and temperature (degC): regions 1 to 6.
+ *
+ *  Given and returned: p, t, overwritten with the variables of the region.  Given: eps, relative tolerance.
+ *  The limits of the range are not tested here; out-of-range states are reported by comt1 and comt2 up to
+ *  350 degC and by the equations above. A volume that the solver cannot find comes back as it left it.
+ *  A temperature that is not a number gives region 1, a pressure that is not a number region 1, 2 or 3, and
+ *  the equations then give not-a-number.
+ *
+ *  Notes
+ *   1. A pressure within eps * p of the saturation pressure returns 6 (up to 350 degC) or 5, and both
+ *      arguments stay as they were: argument 1 is then not a quality but the pressure.
+ *   2. The boundary between steam and sub-region 3 is placed about 0.7 bar above the boundary line of the
+ *      formulation near 350 degC (166.06 bar instead of 165.35 bar).
+ *   3. Near 920 to 1000 bar and 400 to 475 degC the bracket of the volume misses the root; the volume can
+ *      come back as not-a-number. */
+KTL_API int ktlrpt(KTL_INOUT(double) p, KTL_INOUT(double) t, KTL_IN(double) eps);
+
+/** Saturated state from pressure (bar) and quality: regions 5 and 6; 7 above 221.2 bar or if p is not a
+ *  number. Returns the quality as given, unchecked, and the saturation temperature. A pressure below
+ *  0.006112444 bar is reported; the temperature is then 0.01 degC or what the search leaves. eps unused. */
+KTL_API int ktlrpx(KTL_INOUT(double) p, KTL_INOUT(double) x, KTL_IN(double) eps);
+
+/** Saturated state from temperature (degC) and quality: regions 5 and 6; 7 above 374.15 degC. Returns the
+ *  quality as given, unchecked, and t (argument order x, t). A temperature that is not a number gives
+ *  region 6. eps unused. */
+KTL_API int ktlrtx(KTL_INOUT(double) t, KTL_INOUT(double) x, KTL_IN(double) eps);
+
+/** State from pressure (bar) and enthalpy (kJ/kg): regions 1 to 6.
+ *
+ *  Given and returned: p, h, overwritten with the variables of the region.  Given: eps, relative tolerance.
+ *  No line of its own; pressures outside the saturation line's range are reported by ktl_it where it is
+ *  called. An enthalpy that no temperature of the region reaches yields what the solver returns: 0.0 degC
+ *  with the KTL_I1 warning in regions 1 and 2, the last pair in sub-region 3. A value that is not a number
+ *  gives region 6 with a quality that is not a number, or, above 165.3512406 bar, region 2 with 0.0 degC and
+ *  the KTL_I1 warning.
+ *
+ *  Notes
+ *   1. Above 165.3512406 bar a state less than 0.2 kJ/kg above the enthalpy at 350 degC is still solved in
+ *      sub-region 1, and sub-region 3 begins 0.2 kJ/kg below the steam enthalpy on the boundary.
+ *   2. The temperature on that boundary is taken about 0.003 K below its exact inverse. */
+KTL_API int ktlrph(KTL_INOUT(double) p, KTL_INOUT(double) h, KTL_IN(double) eps);
+
+/* ---- Equations of the sub-regions --------------------------------------------------------------------- */
+
+/* Each prepares the working terms first (comt1, comt2, comt3) and evaluates at any values given: a state out
+ * of the range is reported ("Out of range", P and T, once for each of the two that is out; V and T, once for
+ * both), counted in ktlerr, and the value of the formula is returned all the same. Infinite or absurd values follow the
+ * arithmetic, to infinity or not-a-number. */
+
+/** Working terms of sub-region 1 at p (bar), t (degC); kept until p or t changes. Writes ktl_cu.p, .t. */
+KTL_API void comt1(KTL_IN(double) p, KTL_IN(double) t);
+KTL_API double ktl_c1(KTL_IN(double) p, KTL_IN(double) t); /**< volume, sub-region 1 (water to 350 degC) */
+KTL_API double ktl_d1(KTL_IN(double) p, KTL_IN(double) t); /**< enthalpy */
+KTL_API double ktl_e1(KTL_IN(double) p, KTL_IN(double) t); /**< entropy */
+KTL_API double ktl_f1(KTL_IN(double) p, KTL_IN(double) t); /**< internal energy, h - 100 p v */
+KTL_API double ktl_h1(KTL_IN(double) p, KTL_IN(double) t); /**< isobaric heat capacity */
+
+/** Working terms of sub-region 2 at p (bar), t (degC); kept until p or t changes. Writes ktl_cu.p, .t. */
+KTL_API void comt2(KTL_IN(double) p, KTL_IN(double) t);
+KTL_API double ktl_c2(KTL_IN(double) p, KTL_IN(double) t); /**< volume, sub-region 2 (steam) */
+KTL_API double ktl_d2(KTL_IN(double) p, KTL_IN(double) t); /**< enthalpy */
+KTL_API double ktl_e2(KTL_IN(double) p, KTL_IN(double) t); /**< entropy */
+KTL_API double ktl_f2(KTL_IN(double) p, KTL_IN(double) t); /**< internal energy, h - 100 p v */
+KTL_API double ktl_h2(KTL_IN(double) p, KTL_IN(double) t); /**< isobaric heat capacity */
+
+/** Working terms of sub-region 3 at v (m3/kg), t (degC); kept until v or t changes. Writes ktl_cu.v, .t. */
+KTL_API void comt3(KTL_IN(double) v, KTL_IN(double) t);
+KTL_API double ktl_a3(KTL_IN(double) v, KTL_IN(double) t); /**< pressure, sub-region 3 (near-critical) */
+KTL_API double ktl_d3(KTL_IN(double) v, KTL_IN(double) t); /**< enthalpy */
+KTL_API double ktl_e3(KTL_IN(double) v, KTL_IN(double) t); /**< entropy */
+KTL_API double ktl_f3(KTL_IN(double) v, KTL_IN(double) t); /**< internal energy, h - 100 p v */
+KTL_API double ktl_h3(KTL_IN(double) v, KTL_IN(double) t); /**< isobaric heat capacity; infinite where dp/dv = 0 */
+KTL_API double cp3e(KTL_IN(double) v, KTL_IN(double) t);   /**< second name of ktl_h3 */
+
+/* ---- Saturation line ---------------------------------------------------------------------------------- */
+
+/** Saturation pressure (bar) at t (degC), 0.01 to 374.15. Above 374.15: reported ("Out of range", T), 0.0. */
+KTL_API double ktl_pt(KTL_IN(double) t);
+/** ktl_pt that also writes the slope of the line to ktl_nt (unchanged above 374.15 degC). */
+KTL_API double psl1(KTL_IN(double) t);
+/** Saturation temperature (degC) at p (bar), by bracketing on ktl_pt. A pressure outside 0.006112444 to
+ *  221.2 is reported ("Out of range", P) and the search runs all the same, on 0.01 to 374.15 degC: it then
+ *  returns what its 40 passes leave. */
+KTL_API double ktl_it(KTL_IN(double) p);
+/** Saturation temperature by correction, kept as it has always behaved: 374.15 at exactly 221.2 bar; 0.0 and
+ *  a report above; below, its start value throws the search off, 29 "Out of range" lines for T and one
+ *  "Non converg." line for P are reported and positive infinity is returned. Use ktl_it. */
+KTL_API double ktl_tp(KTL_IN(double) pin);
+
+/* ---- Transport properties ----------------------------------------------------------------------------- */
+
+/** Dynamic viscosity, Pa s, at v (m3/kg), t (degC); no range test. Source: the 1975 international
+ *  representative equation for the viscosity of water substance. */
+KTL_API double ktl_ci(KTL_IN(double) v, KTL_IN(double) t);
+/** Thermal conductivity, W/(m K), at v (m3/kg), t (degC); no range test. The value steps at 150, 300 and
+ *  450 degC, where a correction term ends. */
+KTL_API double ktl_cj(KTL_IN(double) v, KTL_IN(double) t);
+
+/* ---- Solvers ------------------------------------------------------------------------------------------ */
+
+/** One unknown: z between a and b with f(y, z) = x, to |f - x| < |x eps|.
+ *
+ *  Given:               f, y (the fixed variable), x (the target), eps (relative tolerance)
+ *  Given and returned:  a, b, ends of the search interval in either order; overwritten, last interval
+ *  False position, then bisection, at most 40 passes and 82 evaluations of f.
+ *  Without a root within 40 passes: the line " *** KTLFTN-WARNING: Maximum number of iterations exceeded
+ *  (code: KTL_I1) ***" on unit ktlerr.iunit, not counted, and 0.0. */
+KTL_API double ktl_i1(ktl_property f, KTL_IN(double) y, KTL_IN(double) x, KTL_INOUT(double) a,
+                      KTL_INOUT(double) b, KTL_IN(double) eps);
+/** As ktl_i1 with f(z, y) = x. An interval without a change of sign is left by secant steps. After 40 passes
+ *  the midpoint of the last interval, or the last secant point, silently. */
+KTL_API double ktl_i2(ktl_property f, KTL_IN(double) y, KTL_IN(double) x, KTL_INOUT(double) a,
+                      KTL_INOUT(double) b, KTL_IN(double) eps);
+/** As ktl_i1 with f(z, y, eps) = x. After 40 passes the last false-position point, silently. */
+KTL_API double ktl_i3(ktl_property_eps f, KTL_IN(double) y, KTL_IN(double) x, KTL_INOUT(double) a,
+                      KTL_INOUT(double) b, KTL_IN(double) eps);
+/** Two unknowns: z, w with f1(z, w) = x to |x eps| and f2(z, w) = y to |y| eps^1.25.
+ *
+ *  Given:               f1, x, f2, y, eps
+ *  Given and returned:  a1, b1 interval of z; a2, b2 interval of w; on return a1 = b1 = z, a2 = b2 = w
+ *  For each trial w an inner search as ktl_i2 finds z; at most 40 outer passes. Beyond them the line
+ *  " *** KTLFTN-WARNING: ... (code: KTL_ID) ***" on unit ktlerr.iunit, not counted; the last pair returns. */
+KTL_API void ktl_id(ktl_property f1, KTL_IN(double) x, ktl_property f2, KTL_IN(double) y,
+                    KTL_INOUT(double) a1, KTL_INOUT(double) b1, KTL_INOUT(double) a2, KTL_INOUT(double) b2,
+                    KTL_IN(double) eps);
+
+/* ---- Diagnostics -------------------------------------------------------------------------------------- */
+
+/** Reports and counts one error: writes " *** KTLFTN-ERROR: <kind>, <label>=<value>... ***" to unit
+ *  ktlerr.iunit while ientry <= nprer, and stops the program (exit status 0) when ientry > maxer.
+ *
+ *  Given: name, the reporting routine (not written, not read); i, the case code: negative for "Non converg.",
+ *  else "Out of range"; its decimal digits choose the labels of a and b: 1 P, 2 T, 3 H, 4 V, 5 S, one digit
+ *  for a alone, two for a and b. Any other digit gives the label ", ?=". */
+KTL_API void ktler(const char* name, KTL_IN(int) i, KTL_IN(double) a, KTL_IN(double) b);
+
+/** Connects an output unit to a stream of the caller's; a null stream disconnects it. Up to 32 units.
+ *
+ *  Unconnected, unit 6 is standard output, unit 0 standard error, and any other writes to standard error.
+ *  Returns 1, or 0 when 32 other units are connected already. Once this returns, nothing is written to the
+ *  stream that the unit had before. */
+KTL_API int ktl_connect_unit(KTL_IN(int) unit, FILE* stream);
+
+#ifdef __cplusplus
+}
+#endif
+
+#endif

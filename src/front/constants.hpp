@@ -1,0 +1,76 @@
+// Constants of the formulation and limits of its validity.
+#pragma once
+
+#include <cstddef>
+
+namespace ktl {
+
+/// Record ktl_lc: 33 values in fixed order, read only. Slots that no routine reads keep their place.
+struct Constants {
+    double alpha0; // reduced enthalpy of the reference state, added to every enthalpy
+    double alpha1; // reduced entropy of the reference state, subtracted from every entropy
+    double pca;    // critical pressure, bar
+    double vca;    // critical specific volume, m3/kg
+    double tca;    // critical temperature, K
+    double tza;    // 0 degC in K
+    double pvo10;  // pca vca 100: one unit of reduced enthalpy, kJ/kg
+    double pvot;   // pvo10/tca to 10 digits: one unit of reduced entropy, kJ/(kg K)
+    double ai1;    // I1, the reduced gas constant
+    double t1;     // boundary between sub-regions 1 and 3, degC
+    double tc;     // critical temperature, degC
+    double p1;     // saturation pressure at t1, bar
+    double pmin;   // lowest pressure, bar: saturation pressure at tmin
+    double pmax;   // highest pressure, bar
+    double unread1[2];
+    double v3min; // lowest specific volume of sub-region 3, m3/kg
+    double v3max; // highest specific volume of sub-region 3, m3/kg
+    double tmin;  // lowest temperature, degC
+    double tmax;  // highest temperature, degC
+    double unread2;
+    double t1max; // highest temperature of sub-region 1, degC
+    double t2min; // lowest temperature of sub-region 2, degC
+    double t3min; // lowest temperature of sub-region 3, degC
+    double t3max; // highest temperature of sub-region 3, degC
+    double unread3[8];
+};
+
+static_assert(sizeof(Constants) == 33 * sizeof(double));
+static_assert(offsetof(Constants, v3min) == 16 * sizeof(double));
+static_assert(offsetof(Constants, t1max) == 21 * sizeof(double));
+
+inline constexpr Constants ktl_lc{
+    .alpha0 = 1.041659047737673e-08,
+    .alpha1 = -1.592682542006834e-06,
+    .pca = 221.2,
+    .vca = 0.00317,
+    .tca = 647.3,
+    .tza = 273.15,
+    .pvo10 = 70.1204,
+    .pvot = 0.1083275143,
+    .ai1 = 4.260321148,
+    .t1 = 350.0,
+    .tc = 374.15,
+    .p1 = 165.3512406,
+    .pmin = 0.006112444,
+    .pmax = 1000.0,
+    .unread1 = {3208.3, 165.12406},
+    .v3min = 0.001314782578,
+    .v3max = 0.008799105448,
+    .tmin = 0.01,
+    .tmax = 800.0,
+    .unread2 = 705.5,
+    .t1max = 350.0,
+    .t2min = 0.01,
+    .t3min = 350.0,
+    .t3max = 590.0,
+    .unread3 = {-1.0, 1860.0, 1205.0, 906.1, -0.1, 3.0, 0.804, 1.065},
+};
+
+/// The range tests of comt1, comt2 and comt3 let a limit be passed by one part in 1e5.
+inline constexpr double eps1 = 0.99999;
+inline constexpr double eps2 = 1.00001;
+
+/// True where x lies outside low..high by more than the factors above; false for not-a-number.
+constexpr bool out_of_range(double x, double low, double high) { return x < low * eps1 || x > high * eps2; }
+
+} // namespace ktl

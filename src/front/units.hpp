@@ -1,0 +1,15 @@
+// The one sink of all text: numbered output units.
+#pragma once
+
+#include "front/format.hpp"
+
+namespace ktl::front {
+
+/// Writes the line and its end as one piece. 6 is standard output, 0 standard error; a unit that nobody has
+/// connected (ktl_connect_unit) writes to standard error.
+void write_line(int unit, const Line& line);
+
+/// Hands what the unit holds back on to its stream.
+void flush_unit(int unit);
+
+} // namespace ktl::front

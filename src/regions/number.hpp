@@ -1,0 +1,35 @@
+// What the equations ask of the number type they are written for: double, a dual number, vector lanes.
+#pragma once
+
+#include <cmath>
+
+namespace ktl {
+
+using std::exp;
+using std::log;
+using std::pow;
+using std::sqrt;
+
+/// a where the condition holds, else b: no branch, so that a type of many lanes can provide its own.
+template <class T>
+constexpr T choose(bool condition, const T& a, const T& b) {
+    return condition ? a : b;
+}
+
+/// Polynomial c0 + c1 x + c2 x^2 + ... by Horner's rule, from the highest coefficient down.
+template <class T>
+constexpr T horner(const T& /*x*/, double c0) {
+    return T(c0);
+}
+template <class T, class... Rest>
+constexpr T horner(const T& x, double c0, Rest... higher) {
+    return c0 + x * horner(x, higher...);
+}
+
+/// Internal energy, kJ/kg, from enthalpy, pressure in bar and volume (1 bar m3 = 100 kJ).
+template <class T>
+constexpr T internal_energy(const T& h, const T& p, const T& v) {
+    return h - 100.0 * p * v;
+}
+
+} // namespace ktl
