@@ -1,0 +1,56 @@
+// The saturation line: K-function of the formulation, IFC-67 section 5.
+//
+//   ln(p/pca) = (1/theta) S/(1 + k6 x + k7 x^2) - x/(k8 x^2 + k9),   x = 1 - theta,  S = sum(n=1..5) kn x^n
+#pragma once
+
+#include "front/constants.hpp"
+#include "regions/number.hpp"
+
+#include <array>
+
+namespace ktl::saturation {
+
+/// k1..k9.
+inline constexpr std::array<double, 9> ak{-7.691234564, -26.08023696, -168.1706546, 64.23285504, -118.9646225,
+                                          4.16711732,   20.9750676,   1.0e9,        6.0};
+// Products for the slope, with the digits they are stored with.
+inline constexpr double ak2t2 = -52.1604739; // 2 k2 is -52.16047392
+inline constexpr double ak3t3 = -504.511964; // 3 k3 is -504.5119638
+inline constexpr double ak4t4 = 256.93142;   // 4 k4 is 256.93142016
+inline constexpr double ak5t5 = -594.823113; // 5 k5 is -594.8231125
+inline constexpr double ak7t2 = 41.9501352;
+inline constexpr double ak8t2 = 2.0e9;
+
+/// Reduced pressure on the line and what its slope is made of.
+template <class T>
+struct Terms {
+    T theta, x;
+    T sum;    // S
+    T d1, d2; // 1 + k6 x + k7 x^2, k8 x^2 + k9
+    T p;      // saturation pressure, bar
+};
+
+/// Terms at t (degC).
+template <class T>
+Terms<T> terms(const T& t) {
+    Terms<T> s;
+    s.theta = (t + ktl_lc.tza) / ktl_lc.tca;
+    s.x = 1.0 - s.theta;
+    s.sum = s.x * horner(s.x, ak[0], ak[1], ak[2], ak[3], ak[4]);
+    s.d1 = horner(s.x, 1.0, ak[5], ak[6]);
+    s.d2 = ak[7] * s.x * s.x + ak[8];
+    s.p = ktl_lc.pca * exp(s.sum / s.theta / s.d1 - s.x / s.d2);
+    return s;
+}
+
+/// d ln p / d theta.
+template <class T>
+T log_slope(const Terms<T>& s) {
+    const T dsum = -horner(s.x, ak[0], ak2t2, ak3t3, ak4t4, ak5t5);
+    const T b = s.theta * s.d1;
+    const T db = s.d1 - s.theta * (ak[5] + ak7t2 * s.x);
+    const T dc = (s.d2 - ak8t2 * s.x * s.x) / (s.d2 * s.d2);
+    return dc + (dsum * b - s.sum * db) / (b * b);
+}
+
+} // namespace ktl::saturation
