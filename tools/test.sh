@@ -1,0 +1,7 @@
+#!/bin/sh
+# Every test of the quick tier: installs what is missing, builds, tests. Further arguments go to ctest.
+set -eu
+cd "$(dirname "$0")/.."
+tools/setup.sh
+tools/build.sh release
+exec ctest --preset release -LE full "$@"
