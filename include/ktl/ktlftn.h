@@ -141,8 +141,9 @@ KTL_API void ktlftn(ktl_finder regfun, KTL_IN(double) indep1, KTL_IN(double) ind
  *      arguments stay as they were: argument 1 is then not a quality but the pressure.
  *   2. The boundary between steam and sub-region 3 is placed about 0.7 bar above the boundary line of the
  *      formulation near 350 degC (166.06 bar instead of 165.35 bar).
- *   3. Near 920 to 1000 bar and 400 to 475 degC the bracket of the volume misses the root; the volume can
- *      come back as not-a-number. */
+ *   3. Above 840 bar between 385 and 495 degC, mostly near 920 to 1000 bar and 400 to 475 degC, the bracket of
+ *      the volume misses the root at scattered states; the volume comes back as not-a-number, in a few of
+ *      them as a wrong number. */
 KTL_API int ktlrpt(KTL_INOUT(double) p, KTL_INOUT(double) t, KTL_IN(double) eps);
 
 /** Saturated state from pressure (bar) and quality: regions 5 and 6; 7 above 221.2 bar or if p is not a
