@@ -36,14 +36,11 @@ Decimal decimal(double value, int significant) {
 /// Exponent of an E descriptor: four characters; the letter gives way to a third digit.
 void put_exponent(Line& field, int exponent) {
     const int size = std::abs(exponent);
+    const auto digit = [](int d) { return static_cast<char>('0' + d % 10); };
     const char sign = exponent < 0 ? '-' : '+';
-    if (size < 100) field.text("E");
-    const std::array<char, 4> shown{sign, static_cast<char>('0' + size / 100), static_cast<char>('0' + size / 10 % 10),
-                                    static_cast<char>('0' + size % 10)};
-    if (size < 100)
-        field.text({shown.data(), 1}).text({shown.data() + 2, 2});
-    else
-        field.text({shown.data(), 4});
+    const bool wide = size >= 100;
+    const std::array<char, 4> shown{wide ? sign : 'E', wide ? digit(size / 100) : sign, digit(size / 10), digit(size)};
+    field.text({shown.data(), shown.size()});
 }
 
 /// Infinity and NaN as the E descriptors show them; empty for a finite value.

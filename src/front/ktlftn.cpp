@@ -193,10 +193,11 @@ void ktlftn(ktl_finder regfun, const double& indep1, const double& indep2, const
     for (;; ++at, ++prodep) {
         const Token token = read_token(at);
         const Code code = code_of(token);
-        if (code == Code::illegal)
+        if (code == Code::illegal) {
             write_illegal_property(token);
-        else
+        } else {
             state.evaluate(code, *prodep);
+        }
         if (*at != ',') break;
     }
     if (state.refused_any()) write_wet_region();
