@@ -26,8 +26,7 @@ States states(Make make) {
     std::mt19937_64 random(67);
     const auto uniform = [&](double low, double high) { return std::uniform_real_distribution(low, high)(random); };
     States out(count);
-    for (auto& s : out)
-        s = make(uniform);
+    for (auto& s : out) s = make(uniform);
     return out;
 }
 
@@ -53,8 +52,7 @@ double seconds_of_exp() {
     for (int run = 0; run < 20; ++run) {
         constexpr int calls = 100000;
         const auto start = clock::now();
-        for (int i = 0; i < calls; ++i)
-            benchmark::DoNotOptimize(std::exp(-1e-5 * i));
+        for (int i = 0; i < calls; ++i) benchmark::DoNotOptimize(std::exp(-1e-5 * i));
         best = std::min(best, seconds(clock::now() - start).count() / calls);
     }
     return best;
@@ -66,8 +64,7 @@ template <class Call>
 void run(benchmark::State& bench, const States& of, Call call) {
     std::size_t i = 0;
     const auto start = clock::now();
-    for (auto _ : bench)
-        benchmark::DoNotOptimize(call(of[i++ % count]));
+    for (auto _ : bench) benchmark::DoNotOptimize(call(of[i++ % count]));
     bench.counters["exps"] = seconds(clock::now() - start).count() / static_cast<double>(i) / exp_time;
 }
 

@@ -52,8 +52,8 @@ void stop_program() {
         stopped_here = true;
         std::exit(EXIT_SUCCESS);
     }
-    while (!stopped_here)
-        std::this_thread::sleep_for(std::chrono::seconds(1));
+    if (stopped_here) return;
+    for (;;) std::this_thread::sleep_for(std::chrono::seconds(1)); // NOLINT(bugprone-infinite-loop): until the end
 }
 
 void stop_lines(int unit, int count) {

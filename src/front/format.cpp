@@ -73,8 +73,7 @@ Line& Line::text(std::string_view words) {
 }
 
 Line& Line::fill(char c, int count) {
-    for (int i = 0; i < count; ++i)
-        text({&c, 1});
+    for (int i = 0; i < count; ++i) text({&c, 1});
     return *this;
 }
 

@@ -31,8 +31,7 @@ Code code_of(const Token& token) {
 Token read_token(const char*& at) {
     const auto ends = [](char c) { return c == '.' || c == ',' || c == ' ' || c == '\0'; };
     Token token{' ', ' ', ' ', ' '};
-    for (std::size_t n = 0; n < token_size && !ends(*at); ++n)
-        token[n] = *at++;
+    for (std::size_t n = 0; n < token_size && !ends(*at); ++n) token[n] = *at++;
     return token;
 }
 
