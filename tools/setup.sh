@@ -28,4 +28,4 @@ echo "Installing:$missing"
 export DEBIAN_FRONTEND=noninteractive
 $as_root apt-get update -qq
 # shellcheck disable=SC2086  # a list of words
-$as_root apt-get install -y -qq --no-install-recommends $missing
+$as_root apt-get install -y -qq --no-install-recommends $missing >/dev/null
