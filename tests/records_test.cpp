@@ -1,0 +1,217 @@
+// Working records: computed once for a state, one to a thread, and without influence on any result.
+#include "front/constants.hpp"
+
+#include "support/reports.hpp"
+#include "support/states.hpp"
+
+#include <array>
+#include <bit>
+#include <cmath>
+#include <gtest/gtest.h>
+#include <ktl/ktlftn.h>
+#include <thread>
+
+namespace {
+
+using namespace ktl::test;
+using ktl::ktl_lc;
+
+/// A sub-region: its preparation, its routines, and a state in it and one out of it.
+struct SubRegion {
+    void (*prepare)(const double&, const double&);
+    std::array<ktl_property, 5> routines;
+    State inside, outside;
+    std::size_t reports; // of the state outside
+    double ktl_cu_record::*first;
+};
+
+const std::array sub_regions{
+    SubRegion{comt1, {ktl_c1, ktl_d1, ktl_e1, ktl_f1, ktl_h1}, {100.0, 200.0}, {1001.0, 351.0}, 2, &ktl_cu_record::p},
+    SubRegion{comt2, {ktl_c2, ktl_d2, ktl_e2, ktl_f2, ktl_h2}, {10.0, 400.0}, {0.006, 801.0}, 2, &ktl_cu_record::p},
+    SubRegion{comt3, {ktl_a3, ktl_d3, ktl_e3, ktl_f3, ktl_h3}, {0.003, 380.0}, {0.009, 591.0}, 1, &ktl_cu_record::v},
+};
+
+TEST(Records, TermsAreKeptForTheState) {
+    constexpr double mark = -123.0;
+    Reports reports;
+    for (const auto& r : sub_regions) {
+        auto& first = ktl_cu.*r.first;
+        r.prepare(r.inside.first, r.inside.t);
+        EXPECT_EQ(first, r.inside.first);
+        EXPECT_EQ(ktl_cu.t, r.inside.t);
+        first = ktl_cu.t = mark;
+        for (const auto routine : r.routines) routine(r.inside.first, r.inside.t);
+        EXPECT_EQ(first, mark) << "a state already prepared leaves the record alone";
+        EXPECT_EQ(ktl_cu.t, mark);
+        const double near = std::nextafter(r.inside.t, 1000.0);
+        r.prepare(r.inside.first, near);
+        EXPECT_EQ(ktl_cu.t, near) << "the last bit counts";
+        const double beside = std::nextafter(r.inside.first, 1000.0);
+        r.prepare(beside, near);
+        EXPECT_EQ(first, beside);
+        r.prepare(std::nan(""), near);
+        first = mark;
+        r.prepare(std::nan(""), near);
+        EXPECT_TRUE(std::isnan(first)) << "not-a-number is no state to keep";
+    }
+    EXPECT_EQ(reports.count(), 0U);
+}
+
+TEST(Records, OutOfRangeIsReportedOnceForTheState) {
+    Reports reports;
+    for (const auto& r : sub_regions) {
+        for (const auto routine : r.routines) EXPECT_FALSE(std::isnan(routine(r.outside.first, r.outside.t)));
+        EXPECT_EQ(reports.count(), r.reports);
+        r.prepare(r.inside.first, r.inside.t);
+        r.prepare(r.outside.first, r.outside.t);
+        EXPECT_EQ(reports.count(), r.reports) << "again after another state";
+    }
+    comt3(0.003, 591.0);
+    EXPECT_EQ(reports.lines(),
+              std::vector<std::string>{" *** KTLFTN-ERROR: Out of range, V=  3.00000000E-03, T=  5.91000000E+02 ***"});
+    comt2(0.006, 400.0);
+    EXPECT_EQ(reports.lines(),
+              std::vector<std::string>{" *** KTLFTN-ERROR: Out of range, P=  6.00000000E-03, T=  4.00000000E+02 ***"});
+}
+
+/// A limit may be passed by one part in 1e5, the product itself included.
+TEST(Records, LimitsOfTheRange) {
+    struct Row {
+        void (*prepare)(const double&, const double&);
+        State inside, outside;
+    };
+    const auto below = [](double x) { return std::nextafter(x, 0.0); };
+    const auto above = [](double x) { return std::nextafter(x, 1e9); };
+    const double low_p = ktl_lc.pmin * 0.99999;
+    const double high_p = 1000.0 * 1.00001;
+    const double low_t = 0.01 * 0.99999;
+    const double low_v = ktl_lc.v3min * 0.99999;
+    const double high_v = ktl_lc.v3max * 1.00001;
+    const Row rows[] = {
+        {comt1, {low_p, 50.0}, {below(low_p), 50.0}},
+        {comt1, {high_p, 50.0}, {above(high_p), 50.0}},
+        {comt1, {50.0, low_t}, {50.0, below(low_t)}},
+        {comt1, {50.0, 350.0 * 1.00001}, {50.0, above(350.0 * 1.00001)}},
+        {comt1, {50.0, 350.0035}, {50.0, 350.01}},
+        {comt2, {low_p, 50.0}, {below(low_p), 50.0}},
+        {comt2, {high_p, 600.0}, {above(high_p), 600.0}},
+        {comt2, {0.01, low_t}, {0.01, below(low_t)}},
+        {comt2, {50.0, 800.008}, {50.0, 800.01}},
+        {comt3, {low_v, 400.0}, {below(low_v), 400.0}},
+        {comt3, {high_v, 400.0}, {above(high_v), 400.0}},
+        {comt3, {0.003, 350.0 * 0.99999}, {0.003, below(350.0 * 0.99999)}},
+        {comt3, {0.003, 590.0 * 1.00001}, {0.003, above(590.0 * 1.00001)}},
+    };
+    Reports reports;
+    for (const auto& [prepare, inside, outside] : rows) {
+        prepare(inside.first, inside.t);
+        EXPECT_EQ(reports.count(), 0U) << inside.first << ", " << inside.t;
+        prepare(outside.first, outside.t);
+        EXPECT_EQ(reports.count(), 1U) << outside.first << ", " << outside.t;
+    }
+}
+
+/// One call with everything that it needs, and the bits that it yields.
+struct Call {
+    ktl_property routine; // or, where null, all properties through the entry
+    ktl_finder finder;
+    double first, second;
+
+    [[nodiscard]] std::array<std::uint64_t, 6> bits() const {
+        std::array<double, 6> out{};
+        if (routine != nullptr)
+            out[0] = routine(first, second);
+        else
+            ktlftn(finder, first, second, "P,T,V,H,S,X.", out.data());
+        return std::bit_cast<std::array<std::uint64_t, 6>>(out);
+    }
+};
+
+std::vector<Call> mixed_calls(int count) {
+    Random random(41);
+    std::vector<Call> calls;
+    for (int i = 0; i < count; ++i) {
+        const unsigned n = random.below(3);
+        const State x = n == 0 ? random_liquid(random) : n == 1 ? random_steam(random) : random_near_critical(random);
+        // Pairs that share a value find terms kept from the call before them, where the order lets them.
+        for (const auto routine : sub_regions[n].routines) calls.push_back({routine, nullptr, x.first, x.t});
+        calls.push_back({sub_regions[n].routines[0], nullptr, x.first * 1.0001, x.t});
+        const double p = n == 2 ? ktl_a3(x.first, x.t) : x.first;
+        calls.push_back({nullptr, ktlrpt, p, x.t});
+        calls.push_back({nullptr, ktlrph, p, random.between(500.0, 3500.0)});
+        calls.push_back({nullptr, ktlrtx, x.t, random.between(0.0, 1.0)});
+        calls.push_back({nullptr, ktlrpx, p, random.between(0.0, 1.0)});
+    }
+    return calls;
+}
+
+/// Bits of every call, the order drawn from a seed; 0 keeps it.
+std::vector<std::array<std::uint64_t, 6>> all_bits(const std::vector<Call>& calls, std::uint64_t seed) {
+    std::vector<std::size_t> order(calls.size());
+    for (std::size_t i = 0; i < order.size(); ++i) order[i] = i;
+    Random random(seed);
+    for (std::size_t i = order.size(); seed != 0 && i > 1; --i)
+        std::swap(order[i - 1], order[random.below(static_cast<unsigned>(i))]);
+    std::vector<std::array<std::uint64_t, 6>> bits(calls.size());
+    for (const std::size_t i : order) bits[i] = calls[i].bits();
+    return bits;
+}
+
+TEST(Records, NoOrderOfCallsChangesABit) {
+    Reports unit6;
+    Reports unit13(13);
+    const auto calls = mixed_calls(100);
+    const auto wanted = all_bits(calls, 0);
+    for (std::uint64_t seed = 1; seed <= 5; ++seed) EXPECT_TRUE(all_bits(calls, seed) == wanted) << "order " << seed;
+}
+
+TEST(Threads, SameBitsAsOneThread) {
+    Reports unit6;
+    Reports unit13(13);
+    const auto calls = mixed_calls(60);
+    const auto wanted = all_bits(calls, 0);
+    std::array<std::vector<std::array<std::uint64_t, 6>>, 8> found;
+    {
+        std::vector<std::jthread> threads;
+        for (std::size_t i = 0; i < found.size(); ++i)
+            threads.emplace_back([&, i] { found[i] = all_bits(calls, i + 1); });
+    }
+    for (const auto& bits : found) EXPECT_TRUE(bits == wanted);
+}
+
+TEST(Threads, RecordsStartEmpty) {
+    comt1(100.0, 200.0);
+    psl1(100.0);
+    std::jthread([] {
+        EXPECT_EQ(ktl_cu.p, 0.0);
+        EXPECT_EQ(ktl_cu.t, 0.0);
+        EXPECT_EQ(ktl_cu.v, 0.0);
+        EXPECT_EQ(ktl_nt.dpdt, 0.0);
+        comt1(100.0, 200.0);
+        EXPECT_EQ(ktl_cu.p, 100.0) << "the first call computes, whatever other threads hold";
+    }).join();
+}
+
+TEST(Threads, ReportsAreCountedAndWhole) {
+    constexpr int each = 500;
+    Reports reports;
+    ktlerr.ientry = 0;
+    {
+        std::vector<std::jthread> threads;
+        for (int i = 0; i < 8; ++i)
+            threads.emplace_back([i] {
+                for (int n = 0; n < each; ++n) ktler("TEST  ", 12, i, n);
+            });
+    }
+    EXPECT_EQ(ktlerr.ientry, 8 * each);
+    std::array<int, 8> seen{};
+    for (const auto& line : reports.lines()) {
+        ASSERT_EQ(line.size(), 75U);
+        ASSERT_EQ(line.substr(0, 36), " *** KTLFTN-ERROR: Out of range, P= ");
+        ASSERT_EQ(line.substr(71), " ***");
+        ++seen.at(static_cast<std::size_t>(line[37] - '0'));
+    }
+    for (const int count : seen) EXPECT_EQ(count, each);
+}
+
+} // namespace
