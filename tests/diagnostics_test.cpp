@@ -149,9 +149,9 @@ TEST(Units, ThirtyTwoAtMost) {
     std::array<char*, 31> texts{};
     std::array<std::size_t, 31> sizes{};
     std::array<FILE*, 31> streams{};
-    for (int i = 0; i < 31; ++i) {
+    for (std::size_t i = 0; i < streams.size(); ++i) {
         streams[i] = open_memstream(&texts[i], &sizes[i]);
-        EXPECT_EQ(ktl_connect_unit(101 + i, streams[i]), 1);
+        EXPECT_EQ(ktl_connect_unit(101 + static_cast<int>(i), streams[i]), 1);
     }
     EXPECT_EQ(ktl_connect_unit(200, stderr), 0) << "a thirty-third";
     EXPECT_EQ(ktl_connect_unit(101, streams[1]), 1) << "a known one may change its stream";
