@@ -76,23 +76,43 @@ TEST(Equations, SubRegion2) {
     }
 }
 
-TEST(Equations, SubRegion3) {
+/// The equations of sub-region 3 at one state, however close to the critical point or inside the two phases.
+void expect_near_critical(const State& x) {
     constexpr Equations near_critical{"3", ktl_a3, ktl_d3, ktl_e3, ktl_f3, ktl_h3};
     const auto function = [](const auto& theta, const auto& chi) { return psi(theta, chi); };
+    const long double theta = theta_of(x.t);
+    const long double chi = static_cast<long double>(x.first) / ktl_lc.vca;
+    const auto f = derivatives(function, theta, chi);
+    // cp grows without bound towards the critical point, and with it every rounding of psi_chi_chi.
+    if (std::fabs(f.yy) < 0.01L) return;
+    const Properties wanted{static_cast<double>(ktl_lc.pvo10 * (f.f - theta * f.x - chi * f.y + ktl_lc.alpha0)),
+                            static_cast<double>(ktl_lc.pvot * (-f.x - ktl_lc.alpha1)),
+                            static_cast<double>(ktl_lc.pvot * theta * (f.xy * f.xy / f.yy - f.xx))};
+    const double p = static_cast<double>(-ktl_lc.pca * f.y);
+    expect_properties(near_critical, x, wanted, p, 0.0, 0.0);
+    EXPECT_EQ(cp3e(x.first, x.t), ktl_h3(x.first, x.t));
+}
+
+TEST(Equations, SubRegion3) {
     Random random(3);
-    for (int i = 0; i < states; ++i) {
-        const State x = random_near_critical(random);
-        const long double theta = theta_of(x.t);
-        const long double chi = static_cast<long double>(x.first) / ktl_lc.vca;
-        const auto f = derivatives(function, theta, chi);
-        // cp grows without bound towards the critical point, and with it every rounding of psi_chi_chi.
-        if (f.yy < 0.01L) continue;
-        const Properties wanted{static_cast<double>(ktl_lc.pvo10 * (f.f - theta * f.x - chi * f.y + ktl_lc.alpha0)),
-                                static_cast<double>(ktl_lc.pvot * (-f.x - ktl_lc.alpha1)),
-                                static_cast<double>(ktl_lc.pvot * theta * (f.xy * f.xy / f.yy - f.xx))};
-        expect_properties(near_critical, x, wanted, static_cast<double>(-ktl_lc.pca * f.y), 0.0, 0.0);
-        EXPECT_EQ(cp3e(x.first, x.t), ktl_h3(x.first, x.t));
-    }
+    for (int i = 0; i < states; ++i) expect_near_critical(random_near_critical(random));
+}
+
+/// The liquid-side terms end at chi = 1 and theta = 1, both strict; at chi = 1 they would not vanish.
+TEST(Equations, LiquidSideOfSubRegion3) {
+    for (const double t : {350.0, 352.0, 360.0, 370.0})
+        for (const double v : {std::nextafter(ktl_lc.vca, 0.0), ktl_lc.vca, std::nextafter(ktl_lc.vca, 1.0)})
+            expect_near_critical({v, t});
+    EXPECT_EQ(region3::terms(0.002, 350.0).y, 1.0);
+    // y is 0.01 at 373.9085 degC; below it the high powers are zero, and stay so.
+    const auto before = region3::terms(0.002, 373.9);
+    const auto after = region3::terms(0.002, 373.92);
+    ASSERT_GT(before.y, 0.01);
+    ASSERT_LT(after.y, 0.01);
+    EXPECT_TRUE(close("y31", before.y31, std::pow(before.y, 31.0), 1e-14));
+    EXPECT_GT(before.y30, 0.0);
+    EXPECT_EQ(after.y30, 0.0);
+    EXPECT_EQ(after.y31, 0.0);
 }
 
 /// psl1 against the derivative of the K-function; its divisor is 80.3334 where the slope proper has tca.

@@ -105,7 +105,8 @@ TEST(Saturation, InverseByCorrection) {
         EXPECT_EQ(ktl_tp(p), infinity);
         const auto lines = reports.lines();
         ASSERT_EQ(lines.size(), 30U);
-        for (std::size_t i = 0; i < 29; ++i) EXPECT_EQ(lines[i], " *** KTLFTN-ERROR: Out of range, T=        Infinity ***");
+        for (std::size_t i = 0; i < 29; ++i)
+            EXPECT_EQ(lines[i], " *** KTLFTN-ERROR: Out of range, T=        Infinity ***");
         EXPECT_EQ(lines[29].substr(0, 35), " *** KTLFTN-ERROR: Non converg., P=");
         EXPECT_EQ(ktlerr.ientry, counted + 30);
         EXPECT_EQ(ktl_nt.dpdt, 0.0);
