@@ -78,6 +78,12 @@ TEST(TwoUnknowns, InnerTolerance) {
     EXPECT_TRUE(close("outer residual", z + w, 3.0, eps));
     for (const auto& [trial_z, trial_w] : pair.outer)
         EXPECT_TRUE(close("inner residual", cubic(trial_z, trial_w), 9.0, 1e-10));
+
+    // An end of the interval is taken from 1e-10 on, not before.
+    const auto itself = [](double trial, double) { return trial; };
+    const double inside = 1.0 + 0.9e-10;
+    EXPECT_EQ(solve_pair(sum, 3.0, itself, 1.0, {inside, 0.5, 0.0, 3.5}).z, inside);
+    EXPECT_EQ(solve_pair(sum, 3.0, itself, 1.0, {1.0 + 1.1e-10, 0.5, 0.0, 3.5}).z, 1.0);
 }
 
 /// A root at a2 is taken without a pass; one at b2 is not tested for, and found as a false-position point.
