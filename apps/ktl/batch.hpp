@@ -1,0 +1,15 @@
+// Many states from a CSV file: one line of results for each line of the file.
+#pragma once
+
+#include "output.hpp"
+#include "tables.hpp"
+
+namespace program {
+
+/// Reads the file ("-" for standard input), writes a header and one line for each line of the file, and
+/// returns the number of lines without a full result. A null pair: each line names its own.
+/// Throws UsageError where the file cannot be read or lacks a column.
+std::size_t run_batch(const Pair* pair, const std::string& path, const std::vector<PropertyIndex>& wanted,
+                      Output& output);
+
+} // namespace program

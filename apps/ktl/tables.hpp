@@ -1,0 +1,54 @@
+// What the program knows of quantities, pairs and properties: one row each, read by everything else.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <ktl/ktlftn.h>
+#include <span>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace program {
+
+/// A fault in the arguments or the file as a whole: printed as it is, exit status 2.
+struct UsageError : std::runtime_error {
+    using std::runtime_error::runtime_error;
+};
+
+/// A quantity that a state can be given by.
+struct Quantity {
+    std::string_view symbol, name, unit;
+    std::array<std::string_view, 3> unit_spellings; ///< lower case, letters, digits and % only
+    double low, high;                               ///< range of validity, infinite where none is stated
+    double floor;                                   ///< size below which a value is compared absolutely
+};
+
+enum QuantityIndex : std::size_t { pressure, temperature, volume, enthalpy, entropy, energy, quality };
+const Quantity& quantity(QuantityIndex index);
+
+/// A pair of known values and the finder of its state. The letters of the name give the order of the values.
+struct Pair {
+    std::string_view name;
+    ktl_finder finder;
+    QuantityIndex first, second;
+};
+std::span<const Pair> pairs();
+/// The pair of that name, upper or lower case; null if there is none.
+const Pair* find_pair(std::string_view name);
+/// The names of all pairs, separated by blanks.
+std::string pair_names();
+
+/// A property that can be asked for. The first six belong to every state, the others to one phase only.
+struct Property {
+    std::string_view code, unit, meaning;
+};
+enum PropertyIndex : std::size_t { P, T, V, H, S, X, CP, DV, TC, property_count };
+inline constexpr std::size_t every_state_count = CP;
+std::span<const Property, property_count> properties();
+
+/// The properties listed in a text such as "V,H,S", upper or lower case. Throws UsageError naming a bad code.
+std::vector<PropertyIndex> parse_codes(std::string_view list);
+
+} // namespace program
