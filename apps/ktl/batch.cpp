@@ -49,7 +49,7 @@ private:
         if (record.too_long) return "line longer than " + std::to_string(longest_record) + " bytes";
         if (record.fields.empty()) return "empty line";
         if (record.fields.size() == width_) return {};
-        return std::to_string(record.fields.size()) + " columns instead of " + std::to_string(width_);
+        return "number of columns: " + std::to_string(record.fields.size()) + " instead of " + std::to_string(width_);
     }
 
     static std::string bad_number(QuantityIndex index, const std::string& text) {

@@ -53,7 +53,8 @@ std::size_t find_column(const std::vector<std::string>& header, const std::strin
     }
     if (matching.size() == 1) return place;
     if (matching.empty())
-        throw UsageError("no column for " + wanted + hint + "; the file has the columns " + list_of(header));
+        throw UsageError("no column for " + wanted + hint + "; the file has, between commas, the columns " +
+                         list_of(header));
     throw UsageError("more than one column for " + wanted + ": " + list_of(matching));
 }
 

@@ -1,0 +1,19 @@
+#!/bin/sh
+# hostile_files.sh PROGRAM: a line without end costs bounded memory and its own result only; NUL bytes come back as
+# they went in; a full disk is told.
+set -u
+export LC_ALL=C
+huge=$({ echo p,h; head -c 300000000 /dev/zero; echo; echo 10,3000; } | (ulimit -d 100000; "$1" batch ph - T) 2>&1)
+[ "$huge" = "p,h,T_degC,error
+,,,line longer than 1048576 bytes
+10,3000,275.8557622,
+ktl: 1 line has no full result" ] || { echo "endless line: $huge"; exit 1; }
+
+nul=$(printf 'p,h\n1\0000,3000\n10,3000\n' | "$1" batch ph - T 2>/dev/null | od -An -c | tr -d ' \n')
+case $nul in
+*'\n1\00,3000,,pressure:'\''1?0'\''isnotanumber\n10,3000,275.8557622,\n') ;;
+*) echo "NUL: $nul"; exit 1 ;;
+esac
+
+message=$("$1" pt 10 100 2>&1 >/dev/full)
+[ $? -eq 2 ] && [ "$message" = "ktl: cannot write the results" ] || { echo "full disk: $message"; exit 1; }
