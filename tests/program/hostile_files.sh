@@ -1,9 +1,9 @@
 #!/bin/sh
-# hostile_files.sh PROGRAM: a line without end costs bounded memory and its own result only; NUL bytes come back as
-# they went in; a full disk is told.
+# hostile_files.sh PROGRAM LIMIT: a line without end costs bounded memory and its own result only; NUL bytes come back as
+# they went in; a full disk is told. LIMIT: kilobytes of data the program may have, or unlimited.
 set -u
 export LC_ALL=C
-huge=$({ echo p,h; head -c 300000000 /dev/zero; echo; echo 10,3000; } | (ulimit -d 100000; "$1" batch ph - T) 2>&1)
+huge=$({ echo p,h; head -c 300000000 /dev/zero; echo; echo 10,3000; } | (ulimit -d "$2"; "$1" batch ph - T) 2>&1)
 [ "$huge" = "p,h,T_degC,error
 ,,,line longer than 1048576 bytes
 10,3000,275.8557622,
