@@ -14,12 +14,14 @@ std::vector<std::string> read_header(CsvReader& reader, const std::string& path)
     Record header;
     const std::string name = path == "-" ? "standard input" : in_quotes(path);
     if (!reader.next(header)) throw UsageError(name + " is empty; its first line should name the columns");
-    if (header.too_long || header.fields.empty())
+    if (header.too_long || header.fields.empty()) {
         throw UsageError("the first line of " + name + " should name the columns; it is " +
                          (header.too_long ? "longer than " + std::to_string(longest_record) + " bytes" : "empty"));
-    for (const std::string& field : header.fields)
+    }
+    for (const std::string& field : header.fields) {
         if (field.find('\0') != std::string::npos)
             throw UsageError("the first line of " + name + " has NUL bytes; it should be text in UTF-8 or ASCII");
+    }
     return header.fields;
 }
 
@@ -32,9 +34,10 @@ public:
     Result result(const Record& record) {
         if (const std::string fault = shape_fault(record); !fault.empty()) return failed(fault);
         const Pair* pair = pair_ != nullptr ? pair_ : find_pair(trimmed(record.fields[columns_.pair]));
-        if (pair == nullptr)
+        if (pair == nullptr) {
             return failed("no pair " + in_quotes(trimmed(record.fields[columns_.pair])) + "; the pairs are " +
                           pair_names());
+        }
         const std::string& first = record.fields[columns_.first];
         const std::string& second = record.fields[columns_.second];
         const auto a = parse_number(first);

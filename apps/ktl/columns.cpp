@@ -52,9 +52,10 @@ std::size_t find_column(const std::vector<std::string>& header, const std::strin
         place = i;
     }
     if (matching.size() == 1) return place;
-    if (matching.empty())
+    if (matching.empty()) {
         throw UsageError("no column for " + wanted + hint + "; the file has, between commas, the columns " +
                          list_of(header));
+    }
     throw UsageError("more than one column for " + wanted + ": " + list_of(matching));
 }
 

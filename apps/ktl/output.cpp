@@ -42,9 +42,10 @@ public:
     [[nodiscard]] int digits() const override { return table_digits; }
 
     void line(std::vector<std::string> cells) override {
-        for (std::string& cell : cells)
+        for (std::string& cell : cells) {
             std::replace_if(
                 cell.begin(), cell.end(), [](char c) { return c >= '\0' && c < ' '; }, ' ');
+        }
         lines_.push_back(std::move(cells));
     }
 

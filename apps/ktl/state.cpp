@@ -101,9 +101,10 @@ std::string fault(const Pair& pair, double first, double second, const Found& fo
         if (out_of_range(index, value_of(index, values))) return out_of_range_text(index, value_of(index, values));
     for (const auto& [index, given] : {std::pair(pair.first, first), std::pair(pair.second, second)}) {
         const double reached = value_of(index, values);
-        if (!(std::fabs(reached - given) <= allowance(index, given, found, values)))
+        if (!(std::fabs(reached - given) <= allowance(index, given, found, values))) {
             return "no state: " + with_unit(index, given) + " was not reached, the search ended at " +
                    show_number(reached, result_digits);
+        }
     }
     return {};
 }
@@ -184,12 +185,13 @@ Result Evaluator::evaluate(const Pair& pair, double first, double second, std::s
     const auto single_phase = [](PropertyIndex index) { return index >= every_state_count; };
     if (!two_phases && std::any_of(wanted.begin(), wanted.end(), single_phase)) add_single_phase(found, values);
     result.values = values;
-    for (const PropertyIndex index : wanted)
+    for (const PropertyIndex index : wanted) {
         if (!result.has(index)) {
             const std::string code(properties()[index].code);
             result.error = code + (two_phases ? " is undefined for two phases" : " is infinite or not a number here");
             break;
         }
+    }
     return result;
 }
 

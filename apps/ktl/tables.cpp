@@ -72,9 +72,10 @@ std::vector<PropertyIndex> parse_codes(std::string_view list) {
         const auto* at =
             std::find_if(property_table.begin(), property_table.end(),
                          [code = lower_case(given)](const Property& p) { return lower_case(p.code) == code; });
-        if (at == property_table.end())
+        if (at == property_table.end()) {
             throw UsageError("no property has the code " + in_quotes(given) + "; the codes are " +
                              names(property_table, &Property::code) + ", separated by commas");
+        }
         wanted.push_back(static_cast<PropertyIndex>(at - property_table.begin()));
         begin = end + 1;
     }

@@ -3,6 +3,7 @@
 # they went in; a full disk is told. LIMIT: kilobytes of data the program may have, or unlimited.
 set -u
 export LC_ALL=C
+# shellcheck disable=SC3045  # every shell of Debian has ulimit -d
 huge=$({ echo p,h; head -c 300000000 /dev/zero; echo; echo 10,3000; } | (ulimit -d "$2"; "$1" batch ph - T) 2>&1)
 [ "$huge" = "p,h,T_degC,error
 ,,,line longer than 1048576 bytes
@@ -16,4 +17,5 @@ case $nul in
 esac
 
 message=$("$1" pt 10 100 2>&1 >/dev/full)
-[ $? -eq 2 ] && [ "$message" = "ktl: cannot write the results" ] || { echo "full disk: $message"; exit 1; }
+status=$?
+[ "$status $message" = "2 ktl: cannot write the results" ] || { echo "full disk: $status $message"; exit 1; }
