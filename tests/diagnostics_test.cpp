@@ -33,8 +33,7 @@ TEST(Diagnostics, LineOfEachCode) {
         {10, 1.0, 2.0, " *** KTLFTN-ERROR: Out of range, P=  1.00000000E+00, ?=  2.00000000E+00 ***"},
         {999, 1.0, 2.0, " *** KTLFTN-ERROR: Out of range, ?=  1.00000000E+00, ?=  2.00000000E+00 ***"},
         {INT_MAX, 1.0, 2.0, " *** KTLFTN-ERROR: Out of range, ?=  1.00000000E+00, ?=  2.00000000E+00 ***"},
-        {INT_MIN, 1.0, 2.0, " *** KTLFTN-ERROR: Non converg., ?=  1.00000000E+00, ?=  2.00000000E+00 ***"},
-    };
+        {INT_MIN, 1.0, 2.0, " *** KTLFTN-ERROR: Non converg., ?=  1.00000000E+00, ?=  2.00000000E+00 ***"}};
     Reports reports;
     int counted = ktlerr.ientry;
     for (const auto& [code, a, b, line] : rows) {
@@ -90,17 +89,15 @@ TEST(DiagnosticsDeathTest, StopsPastTheLimit) {
         int times;
         std::string text;
     };
-    const Row rows[] = {
-        {{6, 0, 2, 0}, 3, "^" + stop + "    3\n\n$"},
-        {{6, 1000000, 2, 0}, 3, "^" + line + line + line + stop + "    3\n\n$"},
-        {{6, 1, 2, 0}, 3, "^" + line + stop + "    3\n\n$"},
-        {{6, 1000000, 0, 0}, 1, "^" + line + stop + "    1\n\n$"},
-        {{6, 0, 99998, 99998}, 1, "^" + stop + "99999\n\n$"},
-        {{6, 0, 99999, 99999}, 1, "^" + stop + "\\*\\*\\*\\*\\*\n\n$"},
-        // The error after the millionth, with the limits as they are at the start.
-        {{6, 1000000, 1000000, 1000000}, 1, "^" + stop + "\\*\\*\\*\\*\\*\n\n$"},
-        {{6, 1000000, 1000000, 999999}, 2, "^" + line + stop + "\\*\\*\\*\\*\\*\n\n$"},
-    };
+    const Row rows[] = {{{6, 0, 2, 0}, 3, "^" + stop + "    3\n\n$"},
+                        {{6, 1000000, 2, 0}, 3, "^" + line + line + line + stop + "    3\n\n$"},
+                        {{6, 1, 2, 0}, 3, "^" + line + stop + "    3\n\n$"},
+                        {{6, 1000000, 0, 0}, 1, "^" + line + stop + "    1\n\n$"},
+                        {{6, 0, 99998, 99998}, 1, "^" + stop + "99999\n\n$"},
+                        {{6, 0, 99999, 99999}, 1, "^" + stop + "\\*\\*\\*\\*\\*\n\n$"},
+                        // The error after the millionth, with the limits as they are at the start.
+                        {{6, 1000000, 1000000, 1000000}, 1, "^" + stop + "\\*\\*\\*\\*\\*\n\n$"},
+                        {{6, 1000000, 1000000, 999999}, 2, "^" + line + stop + "\\*\\*\\*\\*\\*\n\n$"}};
     for (const auto& [record, times, text] : rows)
         EXPECT_EXIT(report_until_stop(record, times), ::testing::ExitedWithCode(0), text);
     // The last error tolerated does not stop.

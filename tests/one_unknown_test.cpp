@@ -177,17 +177,6 @@ TEST(OneUnknown, SecantSteps) {
     EXPECT_EQ(Points(toy.points.begin(), toy.points.begin() + 5), (Points{1.0, 2.0, 1.0, 6.0, 6.0}));
     EXPECT_TRUE(close("second secant point", toy.points[5], 6.0 - 5.0 * 20.0 / 35.0, 1e-15));
     EXPECT_NE(a, 1.0);
-
-    // ktl_i1 and ktl_i3 run their passes as if there were one.
-    Reports reports;
-    for (const Solver solver : {i1, i3}) {
-        a = 1.0;
-        b = 1.5;
-        toy.set([](double z) { return z * z * z; });
-        solve_toy(solver, 1000.0, a, b);
-        EXPECT_EQ(Points(toy.points.begin(), toy.points.begin() + 2), (Points{1.0, 1.5}));
-        EXPECT_NE(toy.points[2], 1.0);
-    }
 }
 
 /// Every exit by name, for each rule.

@@ -28,8 +28,7 @@ struct SubRegion {
 const std::array sub_regions{
     SubRegion{comt1, {ktl_c1, ktl_d1, ktl_e1, ktl_f1, ktl_h1}, {100.0, 200.0}, {1001.0, 351.0}, 2, &ktl_cu_record::p},
     SubRegion{comt2, {ktl_c2, ktl_d2, ktl_e2, ktl_f2, ktl_h2}, {10.0, 400.0}, {0.006, 801.0}, 2, &ktl_cu_record::p},
-    SubRegion{comt3, {ktl_a3, ktl_d3, ktl_e3, ktl_f3, ktl_h3}, {0.003, 380.0}, {0.009, 591.0}, 1, &ktl_cu_record::v},
-};
+    SubRegion{comt3, {ktl_a3, ktl_d3, ktl_e3, ktl_f3, ktl_h3}, {0.003, 380.0}, {0.009, 591.0}, 1, &ktl_cu_record::v}};
 
 TEST(Records, TermsAreKeptForTheState) {
     constexpr double mark = -123.0;
@@ -87,21 +86,19 @@ TEST(Records, LimitsOfTheRange) {
     const double low_t = 0.01 * 0.99999;
     const double low_v = ktl_lc.v3min * 0.99999;
     const double high_v = ktl_lc.v3max * 1.00001;
-    const Row rows[] = {
-        {comt1, {low_p, 50.0}, {below(low_p), 50.0}},
-        {comt1, {high_p, 50.0}, {above(high_p), 50.0}},
-        {comt1, {50.0, low_t}, {50.0, below(low_t)}},
-        {comt1, {50.0, 350.0 * 1.00001}, {50.0, above(350.0 * 1.00001)}},
-        {comt1, {50.0, 350.0035}, {50.0, 350.01}},
-        {comt2, {low_p, 50.0}, {below(low_p), 50.0}},
-        {comt2, {high_p, 600.0}, {above(high_p), 600.0}},
-        {comt2, {0.01, low_t}, {0.01, below(low_t)}},
-        {comt2, {50.0, 800.008}, {50.0, 800.01}},
-        {comt3, {low_v, 400.0}, {below(low_v), 400.0}},
-        {comt3, {high_v, 400.0}, {above(high_v), 400.0}},
-        {comt3, {0.003, 350.0 * 0.99999}, {0.003, below(350.0 * 0.99999)}},
-        {comt3, {0.003, 590.0 * 1.00001}, {0.003, above(590.0 * 1.00001)}},
-    };
+    const Row rows[] = {{comt1, {low_p, 50.0}, {below(low_p), 50.0}},
+                        {comt1, {high_p, 50.0}, {above(high_p), 50.0}},
+                        {comt1, {50.0, low_t}, {50.0, below(low_t)}},
+                        {comt1, {50.0, 350.0 * 1.00001}, {50.0, above(350.0 * 1.00001)}},
+                        {comt1, {50.0, 350.0035}, {50.0, 350.01}},
+                        {comt2, {low_p, 50.0}, {below(low_p), 50.0}},
+                        {comt2, {high_p, 600.0}, {above(high_p), 600.0}},
+                        {comt2, {0.01, low_t}, {0.01, below(low_t)}},
+                        {comt2, {50.0, 800.008}, {50.0, 800.01}},
+                        {comt3, {low_v, 400.0}, {below(low_v), 400.0}},
+                        {comt3, {high_v, 400.0}, {above(high_v), 400.0}},
+                        {comt3, {0.003, 350.0 * 0.99999}, {0.003, below(350.0 * 0.99999)}},
+                        {comt3, {0.003, 590.0 * 1.00001}, {0.003, above(590.0 * 1.00001)}}};
     Reports reports;
     for (const auto& [prepare, inside, outside] : rows) {
         prepare(inside.first, inside.t);

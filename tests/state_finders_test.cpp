@@ -62,8 +62,7 @@ TEST(PressureTemperature, Regions) {
         {150.0, 374.15, 2},       {300.0, 400.0, 3},         {200.0, 400.0, 2},        {999.0, 589.0, 3},
         {1000.0, 590.0, 2},       {ktl_pt(360.0), 360.0, 5}, {ktl_pt(20.0), 20.0, 6},  {infinity, 100.0, 1},
         {-infinity, 100.0, 2},    {10.0, infinity, 2},       {not_a_number, 100.0, 1}, {10.0, not_a_number, 1},
-        {not_a_number, 360.0, 3}, {not_a_number, 500.0, 3},
-    };
+        {not_a_number, 360.0, 3}, {not_a_number, 500.0, 3}};
     Reports reports;
     for (const auto& [p, t, region] : rows) {
         const auto found = find(ktlrpt, p, t);
@@ -160,22 +159,20 @@ TEST(Quality, FromPressureAndFromTemperature) {
         int region;
         double t;
     };
-    const Row rows[] = {
-        {ktlrpx, 1.0, 6, ktl_it(1.0)},
-        {ktlrpx, ktl_lc.p1, 6, ktl_it(ktl_lc.p1)},
-        {ktlrpx, above(ktl_lc.p1), 5, ktl_it(above(ktl_lc.p1))},
-        {ktlrpx, 221.2, 5, 374.15},
-        {ktlrpx, above(221.2), 7, 0.0},
-        {ktlrpx, infinity, 7, 0.0},
-        {ktlrpx, not_a_number, 7, 0.0},
-        {ktlrtx, 100.0, 6, 100.0},
-        {ktlrtx, 350.0, 6, 350.0},
-        {ktlrtx, above(350.0), 5, above(350.0)},
-        {ktlrtx, 374.15, 5, 374.15},
-        {ktlrtx, above(374.15), 7, 0.0},
-        {ktlrtx, infinity, 7, 0.0},
-        {ktlrtx, -40.0, 6, -40.0},
-    };
+    const Row rows[] = {{ktlrpx, 1.0, 6, ktl_it(1.0)},
+                        {ktlrpx, ktl_lc.p1, 6, ktl_it(ktl_lc.p1)},
+                        {ktlrpx, above(ktl_lc.p1), 5, ktl_it(above(ktl_lc.p1))},
+                        {ktlrpx, 221.2, 5, 374.15},
+                        {ktlrpx, above(221.2), 7, 0.0},
+                        {ktlrpx, infinity, 7, 0.0},
+                        {ktlrpx, not_a_number, 7, 0.0},
+                        {ktlrtx, 100.0, 6, 100.0},
+                        {ktlrtx, 350.0, 6, 350.0},
+                        {ktlrtx, above(350.0), 5, above(350.0)},
+                        {ktlrtx, 374.15, 5, 374.15},
+                        {ktlrtx, above(374.15), 7, 0.0},
+                        {ktlrtx, infinity, 7, 0.0},
+                        {ktlrtx, -40.0, 6, -40.0}};
     Reports reports;
     for (const auto& [finder, given, region, t] : rows)
         for (const double x : {0.0, 0.3, 1.0, -2.0, 55.0}) {
@@ -267,30 +264,28 @@ TEST(PressureEnthalpy, Edges) {
         double p, h;
         int region;
     };
-    const Row rows[] = {
-        {p1, hp, 1},
-        {p1, above(hp), 6},
-        {p1, hpp, 2},
-        {p1, below(hpp), 6},
-        {above(p1), ktl_d1(above(p1), 350.0) + 0.19, 1},
-        {200.0, below(at_margin), 1},
-        {200.0, at_margin, 4},
-        {200.0, at_boundary, 3},
-        {200.0, above(at_boundary), 2},
-        {250.0, hc, 4},
-        {250.0, above(hc), 3},
-        {1000.0, 2800.0, 3},
-        {1000.0, 3400.0, 2},
-        {221.2, 1800.0, 4},
-        {above(221.2), 1800.0, 4},
-        {1.0, infinity, 2},
-        {1.0, -infinity, 1},
-        {250.0, -infinity, 1},
-        {10.0, not_a_number, 6},
-        {not_a_number, 2000.0, 6},
-        {200.0, not_a_number, 2},
-        {250.0, not_a_number, 2},
-    };
+    const Row rows[] = {{p1, hp, 1},
+                        {p1, above(hp), 6},
+                        {p1, hpp, 2},
+                        {p1, below(hpp), 6},
+                        {above(p1), ktl_d1(above(p1), 350.0) + 0.19, 1},
+                        {200.0, below(at_margin), 1},
+                        {200.0, at_margin, 4},
+                        {200.0, at_boundary, 3},
+                        {200.0, above(at_boundary), 2},
+                        {250.0, hc, 4},
+                        {250.0, above(hc), 3},
+                        {1000.0, 2800.0, 3},
+                        {1000.0, 3400.0, 2},
+                        {221.2, 1800.0, 4},
+                        {above(221.2), 1800.0, 4},
+                        {1.0, infinity, 2},
+                        {1.0, -infinity, 1},
+                        {250.0, -infinity, 1},
+                        {10.0, not_a_number, 6},
+                        {not_a_number, 2000.0, 6},
+                        {200.0, not_a_number, 2},
+                        {250.0, not_a_number, 2}};
     for (const auto& [p, h, region] : rows) EXPECT_EQ(find(ktlrph, p, h).region, region) << p << " bar, " << h;
     EXPECT_TRUE(within("boundary at p1", boundary_temperature(p1), 349.99623, 5e-6));
     EXPECT_TRUE(within("boundary at 1000 bar", boundary_temperature(1000.0), 589.99725, 5e-6));
