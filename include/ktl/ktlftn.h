@@ -143,7 +143,9 @@ KTL_API void ktlftn(ktl_finder regfun, KTL_IN(double) indep1, KTL_IN(double) ind
  *      formulation near 350 degC (166.06 bar instead of 165.35 bar).
  *   3. Above 840 bar between 385 and 495 degC, mostly near 920 to 1000 bar and 400 to 475 degC, the bracket of
  *      the volume misses the root at scattered states; the volume comes back as not-a-number, in a few of
- *      them as a wrong number. */
+ *      them as a wrong number.
+ *   4. From about 369 to 374 degC and within 0.15 % of the saturation pressure the bracket can hold three
+ *      roots; the volume of the other phase, or of none, may come back. */
 KTL_API int ktlrpt(KTL_INOUT(double) p, KTL_INOUT(double) t, KTL_IN(double) eps);
 
 /** Saturated state from pressure (bar) and quality: regions 5 and 6; 7 above 221.2 bar or if p is not a
@@ -210,8 +212,9 @@ KTL_API double ktl_pt(KTL_IN(double) t);
 /** ktl_pt that also writes the slope of the line to ktl_nt (unchanged above 374.15 degC). */
 KTL_API double psl1(KTL_IN(double) t);
 /** Saturation temperature (degC) at p (bar), by bracketing on ktl_pt. A pressure outside 0.006112444 to
- *  221.2 is reported ("Out of range", P) and the search runs all the same, on 0.01 to 374.15 degC: it then
- *  returns what its 40 passes leave. */
+ *  221.2 is reported ("Out of range", P) and the search runs all the same: false positions then leave the
+ *  interval, and its 40 passes end at a temperature below 0.01 degC for a pressure that is too low, at
+ *  not-a-number for one that is too high or negative (with reports of the trial points above 374.15 degC). */
 KTL_API double ktl_it(KTL_IN(double) p);
 /** Saturation temperature by correction, kept as it has always behaved: 374.15 at exactly 221.2 bar; 0.0 and
  *  a report above; below, its start value throws the search off, 29 "Out of range" lines for T and one
