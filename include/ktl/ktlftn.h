@@ -173,6 +173,89 @@ KTL_API int ktlrtx(KTL_INOUT(double) t, KTL_INOUT(double) x, KTL_IN(double) eps)
  *   2. The temperature on that boundary is taken about 0.003 K below its exact inverse. */
 KTL_API int ktlrph(KTL_INOUT(double) p, KTL_INOUT(double) h, KTL_IN(double) eps);
 
+/* The finders below reproduce both given values to 1e-8 of each (or of one kJ/kg, kJ/(kg K), where the value is
+ * smaller), for every state of the valid range. Without a state in the range, and for a value that is not finite,
+ * they return 7 and leave both arguments as they were; they report nothing else than what each says. They find
+ * the state to rounding, whatever eps is.
+ *
+ * The sub-regions do not meet exactly. At 350 degC and on the boundary between sub-regions 2 and 3 a pair may have
+ * a state on both sides, or on neither:
+ *  - where both sides have one, sub-regions 1 and 2 go before sub-region 3, except in the pairs without pressure
+ *    and temperature, where it is the one that the search meets;
+ *  - where neither has one, sub-region 1, 2 or the mixture of both carries on past its limit (less than 0.5 K) to
+ *    exactly the given values. Equations of sub-region 1 evaluated above 350.0035 degC report "Out of range".
+ *
+ * A mixture is given by the saturated phases that ktlftn has for it. Its steam volume above about 373.2 degC is
+ * the middle one of three that have the saturation pressure; states between it and true saturated steam are
+ * given as sub-region 3, with exactly the given values. */
+
+/** State from pressure (bar) and entropy (kJ/(kg K)): regions 1 to 6, or 7. */
+KTL_API int ktlrps(KTL_INOUT(double) p, KTL_INOUT(double) s, KTL_IN(double) eps);
+/** State from pressure (bar) and internal energy (kJ/kg): regions 1 to 6, or 7. */
+KTL_API int ktlrpu(KTL_INOUT(double) p, KTL_INOUT(double) u, KTL_IN(double) eps);
+/** State from pressure (bar) and volume (m3/kg): regions 1 to 6, or 7.
+ *
+ *  Of two temperatures of cold water the higher is taken. Water goes before a mixture whose quality is at most
+ *  1e-6, which ktlftn would take as saturated water. */
+KTL_API int ktlrpv(KTL_INOUT(double) p, KTL_INOUT(double) v, KTL_IN(double) eps);
+
+/** State from temperature (degC) and volume (m3/kg): regions 1 to 6, or 7. */
+KTL_API int ktlrtv(KTL_INOUT(double) t, KTL_INOUT(double) v, KTL_IN(double) eps);
+/** State from temperature (degC) and enthalpy (kJ/kg): regions 1 to 6, or 7.
+ *
+ *  Along an isotherm enthalpy falls with rising pressure, and rises again in water and in dense sub-region 3. Of
+ *  several pressures the lowest is taken: a mixture goes before compressed water, and water on the falling branch
+ *  before water on the rising one. Only a mixture whose quality is at most 1e-6, which ktlftn would take as
+ *  saturated water, goes after compressed water.
+ *  On failure the line " SUB-REGION CAN NOT BE CALCULATED IN THIS STATE  T=... H=..." on unit ktlerr.iunit, not
+ *  counted. */
+KTL_API int ktlrth(KTL_INOUT(double) t, KTL_INOUT(double) h, KTL_IN(double) eps);
+/** State from temperature (degC) and entropy (kJ/(kg K)): regions 1 to 6, or 7. Of several pressures, which water
+ *  has below 4 degC, the lowest is taken, as by ktlrth. */
+KTL_API int ktlrts(KTL_INOUT(double) t, KTL_INOUT(double) s, KTL_IN(double) eps);
+/** State from temperature (degC) and internal energy (kJ/kg): regions 1 to 6, or 7. Of several pressures, which
+ *  cold water has, the lowest is taken, as by ktlrth.
+ *  On failure the line " SUB-REGION CANNOT BE CALCULATED IN THIS STATE T=... U=..." on unit ktlerr.iunit, not
+ *  counted. */
+KTL_API int ktlrtu(KTL_INOUT(double) t, KTL_INOUT(double) u, KTL_IN(double) eps);
+
+/** Saturated state from entropy (kJ/(kg K)) and quality (0 to 1): regions 5 and 6, or 7.
+ *
+ *  Of several temperatures (up to three, at qualities between about 0.37 and 0.62) the lowest is taken. Returns
+ *  the quality and the saturation temperature (argument order x, t).
+ *  On failure the line " POINT IS NOT IN WET-REGION  S=... X=..." on unit ktlerr.iunit, and after it, for an
+ *  entropy below that of the critical point, " POINT IS BELOW CRITICAL POINT  S=..."; not counted. */
+KTL_API int ktlrsx(KTL_INOUT(double) s, KTL_INOUT(double) x, KTL_IN(double) eps);
+/** State from enthalpy (kJ/kg) and entropy (kJ/(kg K)): regions 1 to 6, or 7. */
+KTL_API int ktlrhs(KTL_INOUT(double) h, KTL_INOUT(double) s, KTL_IN(double) eps);
+/** State from internal energy (kJ/kg) and entropy (kJ/(kg K)): regions 1 to 6, or 7. Water at low pressure is
+ *  hardly compressed: its pressure follows from u and s only as far as their last digits tell.
+ *  On failure the line " SUB-REGION CANNOT BE CALCULATED IN THIS STATE U=... S=..." on unit ktlerr.iunit, not
+ *  counted. */
+KTL_API int ktlrus(KTL_INOUT(double) u, KTL_INOUT(double) s, KTL_IN(double) eps);
+/** State from volume (m3/kg) and enthalpy (kJ/kg): regions 1 to 6, or 7. */
+KTL_API int ktlrvh(KTL_INOUT(double) v, KTL_INOUT(double) h, KTL_IN(double) eps);
+/** State from volume (m3/kg) and entropy (kJ/(kg K)): regions 1 to 6, or 7. */
+KTL_API int ktlrvs(KTL_INOUT(double) v, KTL_INOUT(double) s, KTL_IN(double) eps);
+/** State from volume (m3/kg) and internal energy (kJ/kg): regions 1 to 6, or 7. */
+KTL_API int ktlrvu(KTL_INOUT(double) v, KTL_INOUT(double) u, KTL_IN(double) eps);
+
+/* ---- Properties of two variables ---------------------------------------------------------------------- */
+
+/* Of the state that ktlrpv or ktlrts finds, single-phase or two-phase, in every region. Without a state in the
+ * range: reported ("Out of range", P and V, or T and S), 0.0. eps as in the finders. */
+
+/** Entropy, kJ/(kg K), at p (bar) and v (m3/kg). */
+KTL_API double ktl_sp(KTL_IN(double) p, KTL_IN(double) v, KTL_IN(double) eps);
+/** Enthalpy, kJ/kg, at p (bar) and v (m3/kg). */
+KTL_API double ktl_hp(KTL_IN(double) p, KTL_IN(double) v, KTL_IN(double) eps);
+/** Internal energy, kJ/kg, at p (bar) and v (m3/kg). */
+KTL_API double ktl_up(KTL_IN(double) p, KTL_IN(double) v, KTL_IN(double) eps);
+/** Enthalpy, kJ/kg, at t (degC) and s (kJ/(kg K)). */
+KTL_API double ktl_ht(KTL_IN(double) t, KTL_IN(double) s, KTL_IN(double) eps);
+/** Internal energy, kJ/kg, at t (degC) and s (kJ/(kg K)). */
+KTL_API double ktl_ut(KTL_IN(double) t, KTL_IN(double) s, KTL_IN(double) eps);
+
 /* ---- Equations of the sub-regions --------------------------------------------------------------------- */
 
 /* Each prepares the working terms first (comt1, comt2, comt3) and evaluates at any values given: a state out

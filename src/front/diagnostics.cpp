@@ -78,6 +78,38 @@ void warn_passes(const char* solver) {
     write_line(load(ktlerr.iunit), line);
 }
 
+void no_state_th(double t, double h) {
+    Line line;
+    line.text(" SUB-REGION CAN NOT BE CALCULATED IN THIS STATE ");
+    line.text(" T=").real_1pe(t, 16, 9).text(" H=").real_1pe(h, 16, 9);
+    write_line(load(ktlerr.iunit), line);
+}
+
+void no_state_tu(double t, double u) {
+    Line line;
+    line.text(" SUB-REGION CANNOT BE CALCULATED IN THIS STATE");
+    line.text(" T=").real_1pe(t, 16, 9).text(" U=").real_1pe(u, 16, 9);
+    write_line(load(ktlerr.iunit), line);
+}
+
+void no_state_us(double u, double s) {
+    Line line;
+    line.text(" SUB-REGION CANNOT BE CALCULATED IN THIS STATE");
+    line.text(" U=").real_e(u, 16, 9).text(" S=").real_e(s, 16, 9);
+    write_line(load(ktlerr.iunit), line);
+}
+
+void no_state_sx(double s, double x) {
+    constexpr double critical_entropy = 4.44286;
+    Line line;
+    line.text(" POINT IS NOT IN WET-REGION  S=").real_e(s, 16, 9).text(" X=").real_e(x, 16, 9);
+    write_line(load(ktlerr.iunit), line);
+    if (!(s < critical_entropy)) return;
+    Line below;
+    below.text(" POINT IS BELOW CRITICAL POINT  S=").real_e(s, 16, 9);
+    write_line(load(ktlerr.iunit), below);
+}
+
 } // namespace ktl::front
 
 void ktler(const char* /*name*/, const int& i, const double& a, const double& b) {

@@ -9,6 +9,8 @@ enum class Case : int {
     temperature_out_of_range = 2,
     pressure_temperature_out_of_range = 12,
     volume_temperature_out_of_range = 42,
+    pressure_volume_out_of_range = 14,
+    temperature_entropy_out_of_range = 25,
     pressure_not_converged = -1,
 };
 
@@ -17,5 +19,12 @@ void report(const char* routine, Case what, double a, double b = 0.0);
 
 /// Writes the uncounted line " *** KTLFTN-WARNING: ..." of a solver whose passes ran out.
 void warn_passes(const char* solver);
+
+/// Uncounted lines of the finders named by the pair, for given values that name no state.
+void no_state_th(double t, double h);
+void no_state_tu(double t, double u);
+void no_state_us(double u, double s);
+/// One line, and a second one for an entropy below that of the critical point.
+void no_state_sx(double s, double x);
 
 } // namespace ktl::front

@@ -10,6 +10,15 @@ using std::log;
 using std::pow;
 using std::sqrt;
 
+// One evaluation of a sub-region's equations at a new state. Only the program that measures the work of the
+// finders compiles the library with a counter here.
+#ifdef KTL_COUNT_EVALUATIONS
+inline constinit thread_local long evaluations = 0;
+inline void count_evaluation() { ++evaluations; }
+#else
+constexpr void count_evaluation() {}
+#endif
+
 /// a where the condition holds, else b: no branch, so that a type of many lanes can provide its own.
 template <class T>
 constexpr T choose(bool condition, const T& a, const T& b) {

@@ -36,6 +36,7 @@ static_assert(sizeof(Terms<double>) == 29 * sizeof(double));
 template <class T>
 Terms<T> terms(const T& p, const T& t) {
     constexpr auto& c = ktl_t1;
+    count_evaluation();
     Terms<T> s;
     s.beta = p / ktl_lc.pca;
     s.theta = (t + ktl_lc.tza) / ktl_lc.tca;

@@ -38,6 +38,7 @@ T boundary(const T& theta) {
 template <class T>
 Terms<T> terms(const T& p, const T& t) {
     constexpr auto& c = ktl_t2;
+    count_evaluation();
     Terms<T> s;
     s.beta = p / ktl_lc.pca;
     s.theta = (t + ktl_lc.tza) / ktl_lc.tca;

@@ -58,6 +58,7 @@ void temperature_terms(Terms<T>& s, const T& t) {
 template <class T>
 void volume_terms(Terms<T>& s, const T& v) {
     constexpr auto& c = ktl_t3;
+    count_evaluation();
     s.ex = v / ktl_lc.vca;
     s.exm1 = ktl_lc.vca / v;
     s.exm2 = s.exm1 * s.exm1;

@@ -1,0 +1,103 @@
+// Each trial of the one search variable (pressure along an isentrope, temperature along an isochore) is a state of
+// an isobar or an isotherm. Newton steps finish the search from a rough root; where they leave the region, the
+// search is carried to the end.
+//
+// Where the line passes from one sub-region to another its properties jump a little. A value inside the jump
+// stops the search between two neighbouring trials, one on each side; the equations of each side then carry on
+// past their limit to the value.
+#include "finders/curve_search.hpp"
+
+#include "finders/pair.hpp"
+#include "regions/curves.hpp"
+#include "solvers/enclosure.hpp"
+
+#include <cmath>
+
+namespace ktl::finders {
+
+namespace {
+
+/// Where the rough search stops, relative to 1000 kJ/kg, 1 kJ/(kg K): near enough for Newton steps.
+double rough_tolerance(Property y) { return y == Property::entropy ? 3.0e-3 : 3.0; }
+
+/// Lowest temperature of trial states on an isobar. Below tmin the isentropes of cold water go on, so that each
+/// is one unbroken line although entropy first rises and then falls with pressure at 0.01 degC.
+constexpr double below_tmin = -1.0;
+
+/// The corrected state where it lies in its region, inside or at least as far in as asked.
+State corrected_in_place(const State& start, const Pair& pair, Place least) {
+    const State state = confirmed(corrected(start, pair), pair);
+    return state.found() && place_of(state) >= least ? state : State{};
+}
+
+/// The same in the sub-region on the other side of the border that the start lies at.
+State corrected_across(const State& start, const Pair& pair) {
+    if (start.wet()) return {};
+    const double p = start.value(Property::pressure);
+    const double v = start.value(Property::volume);
+    State other = start;
+    if (start.region == KTL_LIQUID || start.region == KTL_STEAM) {
+        other.region = start.region == KTL_LIQUID || (start.t <= ktl_lc.tc && p > saturation::terms(start.t).p)
+                           ? KTL_NEAR_CRITICAL_LIQUID
+                           : KTL_NEAR_CRITICAL_STEAM;
+        other.first = v;
+    } else {
+        other.region = start.t < ktl_lc.t1max + 1.0 && p > ktl_lc.p1 && v < ktl_lc.vca ? KTL_LIQUID : KTL_STEAM;
+        other.first = p;
+    }
+    return corrected_in_place(other, pair, Place::inside);
+}
+
+/// The search along a line: at(z) is the state at z, a and b the ends.
+template <class At>
+State search(const Pair& pair, Property y, double value, double a, double b, At&& at) {
+    const auto f = [&](double z) { return at(z).value(y) - value; };
+    const double fa = f(a);
+    const double fb = f(b);
+    const auto rough = solvers::enclose(f, a, fa, b, fb, rough_tolerance(y));
+    State found = corrected_in_place(at(rough.x), pair, Place::inside);
+    if (found.found()) return found;
+
+    const auto fine = solvers::enclose(f, a, fa, b, fb, search_tolerance(value));
+    const State best = at(fine.x);
+    found = confirmed(best, pair);
+    if (found.found()) return found;
+    const State other = at(fine.other);
+    for (const Place least : {Place::inside, Place::beside})
+        for (const State& side : {best, other}) {
+            found = corrected_in_place(side, pair, least);
+            if (found.found()) return found;
+        }
+    for (const State& side : {best, other}) {
+        found = corrected_across(side, pair);
+        if (found.found()) return found;
+    }
+    return {};
+}
+
+} // namespace
+
+State on_isentrope(Property y, double value, double s) {
+    if (s > property(Property::entropy, KTL_STEAM, ktl_lc.pmin, ktl_lc.tmax) + rounding) return {};
+    if (s < property(Property::entropy, KTL_LIQUID, ktl_lc.pmax, ktl_lc.tmin) - rounding) return {};
+    double highest = ktl_lc.pmax;
+    if (s > property(Property::entropy, KTL_STEAM, ktl_lc.pmax, ktl_lc.tmax))
+        highest = on_isotherm(Property::entropy, ktl_lc.tmax, s).first;
+    const auto at = [&](double z) { return on_isobar(Property::entropy, std::exp(z), s, below_tmin); };
+    return search({y, value, Property::entropy, s}, y, value, std::log(ktl_lc.pmin), std::log(highest), at);
+}
+
+State on_isochore(Property y, double value, double v) {
+    if (v > property(Property::volume, KTL_STEAM, ktl_lc.pmin, ktl_lc.tmax) * (1.0 + rounding)) return {};
+    if (v < property(Property::volume, KTL_LIQUID, ktl_lc.pmax, ktl_lc.tmin) * (1.0 - rounding)) return {};
+    double coldest = ktl_lc.tmin;
+    if (v > property(Property::volume, KTL_STEAM, ktl_lc.pmin, ktl_lc.tmin))
+        coldest = on_isobar(Property::volume, ktl_lc.pmin, v).t;
+    double hottest = ktl_lc.tmax;
+    if (v < property(Property::volume, KTL_STEAM, ktl_lc.pmax, ktl_lc.tmax))
+        hottest = on_isobar(Property::volume, ktl_lc.pmax, v).t;
+    const auto at = [&](double t) { return on_isotherm(Property::volume, t, v); };
+    return search({Property::volume, v, y, value}, y, value, coldest, hottest, at);
+}
+
+} // namespace ktl::finders

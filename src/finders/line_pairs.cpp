@@ -1,0 +1,53 @@
+// States from entropy and enthalpy or internal energy, and from volume and a second property.
+#include "finders/curve_search.hpp"
+#include "finders/pair.hpp"
+#include "front/diagnostics.hpp"
+
+#include <ktl/ktlftn.h>
+
+namespace {
+
+using namespace ktl;
+
+/// True where a value exceeds the greatest of its line by more than rounding.
+bool beyond(double value, double greatest) { return value > greatest + rounding * (1.0 + std::fabs(greatest)); }
+
+/// The value y of the isentrope s at 800 degC is its greatest, for the isentropes that end there.
+bool beyond_isentrope(ktl_property_eps y, double value, double s, double eps) {
+    const bool ends_there = s >= property(Property::entropy, KTL_STEAM, ktl_lc.pmax, ktl_lc.tmax) &&
+                            s <= property(Property::entropy, KTL_STEAM, ktl_lc.pmin, ktl_lc.tmax);
+    return ends_there && beyond(value, y(ktl_lc.tmax, s, eps));
+}
+
+/// The value y of the isochore v at 1000 bar is its greatest, for the isochores that end there.
+bool beyond_isochore(ktl_property_eps y, double value, double v, double eps) {
+    const bool ends_there = v >= property(Property::volume, KTL_LIQUID, ktl_lc.pmax, ktl_lc.tmin) &&
+                            v <= property(Property::volume, KTL_STEAM, ktl_lc.pmax, ktl_lc.tmax);
+    return ends_there && beyond(value, y(ktl_lc.pmax, v, eps));
+}
+
+int on_entropy(Property y, ktl_property_eps greatest, double& value, double& s, double eps) {
+    if (!finders::finite(value, s) || beyond_isentrope(greatest, value, s, eps)) return KTL_NO_STATE;
+    const State found = finders::on_isentrope(y, value, s);
+    return finders::hand_back(found, {y, value, Property::entropy, s}, value, s);
+}
+
+int on_volume(Property y, ktl_property_eps greatest, double& v, double& value, double eps) {
+    if (!finders::finite(v, value) || beyond_isochore(greatest, value, v, eps)) return KTL_NO_STATE;
+    const State found = finders::on_isochore(y, value, v);
+    return finders::hand_back(found, {Property::volume, v, y, value}, v, value);
+}
+
+} // namespace
+
+int ktlrhs(double& h, double& s, const double& eps) { return on_entropy(Property::enthalpy, ktl_ht, h, s, eps); }
+
+int ktlrus(double& u, double& s, const double& eps) {
+    const int region = on_entropy(Property::energy, ktl_ut, u, s, eps);
+    if (region == KTL_NO_STATE) front::no_state_us(u, s);
+    return region;
+}
+
+int ktlrvh(double& v, double& h, const double& eps) { return on_volume(Property::enthalpy, ktl_hp, v, h, eps); }
+int ktlrvs(double& v, double& s, const double& eps) { return on_volume(Property::entropy, ktl_sp, v, s, eps); }
+int ktlrvu(double& v, double& u, const double& eps) { return on_volume(Property::energy, ktl_up, v, u, eps); }

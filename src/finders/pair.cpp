@@ -1,0 +1,143 @@
+#include "finders/pair.hpp"
+
+#include "regions/dual.hpp"
+
+#include <algorithm>
+#include <cmath>
+
+namespace ktl::finders {
+
+namespace {
+
+/// How closely a state must have the given value.
+double allowance(Property y, double value) {
+    constexpr double relative = 1.0e-8;
+    const double floor = y == Property::volume || y == Property::pressure ? 0.0 : relative;
+    return relative * std::fabs(value) + floor;
+}
+
+bool has(const State& state, Property y, double value) {
+    return std::fabs(state.value(y) - value) <= allowance(y, value);
+}
+
+/// Property of any region but KTL_WET_NEAR_CRITICAL, with its derivatives by both variables.
+Dual with_slopes(Property y, int region, const Dual& first, const Dual& t) {
+    if (region != KTL_WET) return property(y, region, first, t);
+    const Dual p = saturation::terms(t).p;
+    if (y == Property::pressure) return p;
+    const Dual water = property(y, KTL_LIQUID, p, t);
+    return water + first * (property(y, KTL_STEAM, p, t) - water);
+}
+
+bool in_closed(double value, double low, double high) {
+    return value >= low - rounding * std::fabs(low) && value <= high + rounding * std::fabs(high);
+}
+
+Place place_of_water(const State& state, double past) {
+    if (!(past <= ktl_lc.t1max + 0.5)) return Place::outside;
+    const bool compressed = in_closed(state.first, saturation::terms(std::min(past, ktl_lc.tc)).p, ktl_lc.pmax);
+    if (!compressed) return Place::outside;
+    return past <= ktl_lc.t1max ? Place::inside : Place::beside;
+}
+
+Place place_of_steam(const State& state) {
+    if (!(state.t > ktl_lc.t3min))
+        return in_closed(state.first, 0.0, saturation::terms(state.t).p) ? Place::inside : Place::outside;
+    const double pl = boundary_pressure(state.t);
+    if (in_closed(state.first, 0.0, pl)) return Place::inside;
+    return state.first <= 1.01 * pl ? Place::beside : Place::outside;
+}
+
+Place place_near_critical(const State& state) {
+    const bool inside = state.t >= ktl_lc.t3min - rounding && state.t <= ktl_lc.t3max + rounding &&
+                        in_closed(state.value(Property::pressure), boundary_pressure(state.t), ktl_lc.pmax);
+    if (!inside) return Place::outside;
+    if (!(state.t > ktl_lc.t3min) || state.t > ktl_lc.tc)
+        return state.region == KTL_NEAR_CRITICAL_STEAM || !(state.t > ktl_lc.tc) ? Place::inside : Place::outside;
+    const Saturated phases = saturated_at(state.t);
+    const bool belongs =
+        state.region == KTL_NEAR_CRITICAL_STEAM ? state.first >= phases.steam : state.first <= phases.liquid;
+    return belongs ? Place::inside : Place::outside;
+}
+
+Place place_of_mixture(const State& state) {
+    if (!in_closed(state.first, 0.0, 1.0) || !(state.t <= ktl_lc.t1max + 0.5)) return Place::outside;
+    return state.t <= ktl_lc.t1max ? Place::inside : Place::beside;
+}
+
+/// Limits one Newton step: 20 K, a third of a pressure or volume, any part of a quality.
+double held(double step, double most) { return std::clamp(step, -most, most); }
+
+} // namespace
+
+bool finite(double a, double b) { return std::isfinite(a) && std::isfinite(b); }
+
+bool bring_within(double& value, double low, double high) {
+    if (!in_closed(value, low, high)) return false;
+    value = std::clamp(value, low, high);
+    return true;
+}
+
+State confirmed(State state, const Pair& pair) {
+    const double warmest = state.wet() ? ktl_lc.tc : ktl_lc.tmax;
+    bool good = state.found() && bring_within(state.t, ktl_lc.tmin, warmest);
+    if (good && state.wet()) {
+        good = state.first >= -rounding && bring_within(state.first, 0.0, 1.0);
+    } else if (good && (state.region == KTL_LIQUID || state.region == KTL_STEAM)) {
+        good = bring_within(state.first, ktl_lc.pmin, ktl_lc.pmax);
+    } else if (good) {
+        good = in_closed(state.value(Property::pressure), ktl_lc.pmin, ktl_lc.pmax);
+    }
+    if (good && has(state, pair.first, pair.first_value) && has(state, pair.second, pair.second_value)) return state;
+    return {};
+}
+
+int hand_back(const State& state, const Pair& pair, double& first, double& second) {
+    const State answer = confirmed(state, pair);
+    if (!answer.found()) return KTL_NO_STATE;
+    first = answer.first;
+    second = answer.t;
+    return answer.region;
+}
+
+State corrected(const State& start, const Pair& pair) {
+    constexpr int most_steps = 12;
+    if (!start.found() || start.region == KTL_WET_NEAR_CRITICAL) return {};
+    const bool wet = start.region == KTL_WET;
+    double z = start.first;
+    double t = start.t;
+    for (int step = 0; step < most_steps; ++step) {
+        const Dual first(z, 1.0, 0.0);
+        const Dual second(t, 0.0, 1.0);
+        const Dual a = with_slopes(pair.first, start.region, first, second) - pair.first_value;
+        const Dual b = with_slopes(pair.second, start.region, first, second) - pair.second_value;
+        const double determinant = a.first * b.second - a.second * b.first;
+        const double dz = held((a.second * b.value - a.value * b.second) / determinant, wet ? 1.0 : std::fabs(z) / 3.0);
+        const double dt = held((a.value * b.first - a.first * b.value) / determinant, 20.0);
+        z += dz;
+        t += dt;
+        // Newton's steps shrink quadratically: after one this small the next is below rounding.
+        const bool settled = std::fabs(dz) <= 1.0e-9 * (wet ? 1.0 : std::fabs(z)) && std::fabs(dt) <= 1.0e-8;
+        if (settled)
+            return wet ? State{KTL_WET,
+                               z,
+                               t,
+                               {t, saturation::terms(t).p, KTL_WET, saturation::terms(t).p, saturation::terms(t).p}}
+                       : State{start.region, z, t, {}};
+        if (!(t > -100.0 && t < 1000.0)) break;
+    }
+    return {};
+}
+
+Place place_of(const State& state) {
+    switch (state.region) {
+    case KTL_LIQUID: return place_of_water(state, state.t);
+    case KTL_STEAM: return place_of_steam(state);
+    case KTL_NEAR_CRITICAL_STEAM:
+    case KTL_NEAR_CRITICAL_LIQUID: return place_near_critical(state);
+    case KTL_WET: return place_of_mixture(state);
+    default: return Place::outside;
+    }
+}
+
+} // namespace ktl::finders

@@ -1,0 +1,42 @@
+// What all finders of a pair share: the pair itself, the test that a state has the given values, and the way the
+// state is handed back.
+#pragma once
+
+#include "regions/state.hpp"
+
+namespace ktl::finders {
+
+/// Two properties and their given values.
+struct Pair {
+    Property first;
+    double first_value;
+    Property second;
+    double second_value;
+};
+
+/// True where both numbers are finite.
+bool finite(double a, double b);
+
+/// Brings a value that rounding alone put past a limit (by one part in 1e9) to the limit; false where it lies
+/// further out or is not a number.
+bool bring_within(double& value, double low, double high);
+
+/// The state with its variables brought within the range of the formulation; no state where it lies further out
+/// or where its properties are not the given values (to 1e-8 relative, or 1e-8 of a unit near zero).
+State confirmed(State state, const Pair& pair);
+
+/// Overwrites the two given values with the state, confirmed; KTL_NO_STATE and both unchanged without one.
+int hand_back(const State& state, const Pair& pair, double& first, double& second);
+
+/// The state at or near start, in the equations of the region of start, that has the given values, by Newton
+/// steps in both variables; no state where the steps do not settle. Mixtures above 350 degC are not searched.
+State corrected(const State& start, const Pair& pair);
+
+/// How a state lies in the region that it names.
+enum class Place { outside, beside, inside };
+
+/// beside: outside by what a gap between sub-regions may need (0.5 K past 350 degC, 1 % of the pressure past the
+/// 2/3 boundary).
+Place place_of(const State& state);
+
+} // namespace ktl::finders

@@ -1,0 +1,21 @@
+// States from pressure and entropy, internal energy or volume.
+#include "finders/pair.hpp"
+#include "regions/curves.hpp"
+
+#include <ktl/ktlftn.h>
+
+namespace {
+
+using namespace ktl;
+
+int on_pressure(Property y, double& p, double& value) {
+    double p_in = p;
+    if (!finders::finite(p, value) || !finders::bring_within(p_in, ktl_lc.pmin, ktl_lc.pmax)) return KTL_NO_STATE;
+    return finders::hand_back(on_isobar(y, p_in, value), {Property::pressure, p, y, value}, p, value);
+}
+
+} // namespace
+
+int ktlrps(double& p, double& s, const double& /*eps*/) { return on_pressure(Property::entropy, p, s); }
+int ktlrpu(double& p, double& u, const double& /*eps*/) { return on_pressure(Property::energy, p, u); }
+int ktlrpv(double& p, double& v, const double& /*eps*/) { return on_pressure(Property::volume, p, v); }

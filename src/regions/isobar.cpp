@@ -1,0 +1,139 @@
+#include "regions/curves.hpp"
+#include "regions/dual.hpp"
+#include "solvers/enclosure.hpp"
+
+#include <algorithm>
+
+namespace ktl {
+
+namespace {
+
+/// How far, K, sub-regions 1 and 2 go on past their limit to cover a gap.
+constexpr double reach = 0.5;
+/// How far, as a factor of volume, searches in sub-region 3 begin outside it.
+constexpr double outside = 1.02;
+/// Above this temperature water expands with temperature at every pressure.
+constexpr double expanding = 10.0;
+
+/// One search: the pressure, the property and its value.
+struct Isobar {
+    Property y;
+    double p;
+    double value;
+
+    [[nodiscard]] double residual(int region, double first, double t) const {
+        return property(y, region, first, t) - value;
+    }
+
+    /// Temperature in sub-region 1 or 2 between a and b, whose residual is fb.
+    [[nodiscard]] State between(int region, double a, double b, double fb) const {
+        const auto f = [&](double t) { return residual(region, p, t); };
+        return {region, p, solvers::enclose(f, a, f(a), b, fb, search_tolerance(value)).x, {}};
+    }
+};
+
+/// Temperature of sub-region 3 at p and v. Isochores are almost straight, at the critical point too.
+double isochore_temperature(double p, double v) {
+    const auto f = [&](double t) { return region3::pressure(region3::terms(v, t)) - p; };
+    return solvers::enclose(f, ktl_lc.t3min - 5.0, ktl_lc.t3max + 5.0, search_tolerance(p)).x;
+}
+
+/// Temperature at which water has its least volume under p; tmin where it expands from there on.
+double densest_temperature(double p) {
+    const auto expansion = [&](double t) { return volume(region1::terms(Dual(p), Dual(t, 1.0, 0.0))).first; };
+    const double at_start = expansion(ktl_lc.tmin);
+    if (at_start >= 0.0) return ktl_lc.tmin;
+    return solvers::enclose(expansion, ktl_lc.tmin, at_start, expanding, expansion(expanding), 0.0).x;
+}
+
+/// Water up to the temperature b, where the residual is fb, by its volume: the warmer state if there are two.
+State water_by_volume(const Isobar& line, double b, double fb, double lowest) {
+    const bool may_turn = b < expanding || line.residual(KTL_LIQUID, line.p, expanding) > 0.0;
+    if (!may_turn) return line.between(KTL_LIQUID, expanding, b, fb);
+    const double turn = std::min(densest_temperature(line.p), b);
+    if (fb >= 0.0 && turn < b) return line.between(KTL_LIQUID, std::max(turn, lowest), b, fb);
+    return line.between(KTL_LIQUID, lowest, turn, line.residual(KTL_LIQUID, line.p, turn));
+}
+
+State water(const Isobar& line, double b, double fb, double lowest) {
+    if (line.y == Property::volume) return water_by_volume(line, b, fb, lowest);
+    return line.between(KTL_LIQUID, lowest, b, fb);
+}
+
+/// A mixture, or the cold water that has the volume of one with practically no steam.
+State wet_state(const Isobar& line, const Saturated& phases, double f_water, double f_steam) {
+    const State wet = mixture(phases, f_water / (f_water - f_steam));
+    if (line.y != Property::volume || wet.first > least_quality || phases.t > expanding) return wet;
+    const State cold = water_by_volume(line, phases.t, f_water, ktl_lc.tmin);
+    return std::fabs(line.residual(KTL_LIQUID, cold.first, cold.t)) <= search_tolerance(line.value) ? cold : wet;
+}
+
+/// Up to p1: water of sub-region 1, mixture, steam of sub-region 2.
+State low(const Isobar& line, double lowest) {
+    const Saturated phases = saturated_under(line.p);
+    const double f_water = line.residual(KTL_LIQUID, line.p, phases.t);
+    if (f_water >= 0.0) return water(line, phases.t, f_water, lowest);
+    const double f_steam = line.residual(KTL_STEAM, line.p, phases.t);
+    if (f_steam > 0.0) return wet_state(line, phases, f_water, f_steam);
+    const auto f = [&](double t) { return line.residual(KTL_STEAM, line.p, t); };
+    return {KTL_STEAM,
+            line.p,
+            solvers::enclose(f, phases.t, f_steam, ktl_lc.tmax, f(ktl_lc.tmax), search_tolerance(line.value)).x,
+            {}};
+}
+
+/// Sub-region 3 between two volumes. The volume is searched and each trial has its temperature from the
+/// pressure: that stays well conditioned where the isotherms are flat.
+State near_critical(const Isobar& line, double a, double b, int region) {
+    double v = line.value;
+    if (line.y != Property::volume) {
+        const auto f = [&](double trial) { return line.residual(region, trial, isochore_temperature(line.p, trial)); };
+        v = solvers::enclose(f, a, b, search_tolerance(line.value)).x;
+    }
+    const double t = isochore_temperature(line.p, v);
+    if (line.p > ktl_lc.pca) region = t <= ktl_lc.tc ? KTL_NEAR_CRITICAL_LIQUID : KTL_NEAR_CRITICAL_STEAM;
+    return {region, v, t, {}};
+}
+
+/// Sub-region 3 between the volumes of the limits to sub-regions 1 and 2.
+State middle(const Isobar& line, double least, double greatest) {
+    if (line.p > ktl_lc.pca) return near_critical(line, least, greatest, KTL_NEAR_CRITICAL_STEAM);
+    const Saturated phases = saturated_under(line.p);
+    const double f_water = phases.of_liquid(line.y) - line.value;
+    if (f_water >= 0.0) return near_critical(line, least, phases.liquid, KTL_NEAR_CRITICAL_LIQUID);
+    const double f_steam = phases.of_steam(line.y) - line.value;
+    if (f_steam > 0.0) return mixture(phases, f_water / (f_water - f_steam));
+    return near_critical(line, phases.steam, greatest, KTL_NEAR_CRITICAL_STEAM);
+}
+
+/// Above p1: sub-regions 1, 3 and 2.
+State high(const Isobar& line, double lowest) {
+    const double f1 = line.residual(KTL_LIQUID, line.p, ktl_lc.t1max);
+    if (f1 >= 0.0) return water(line, ktl_lc.t1max, f1, lowest);
+    const double tl = std::min(boundary_temperature(line.p), ktl_lc.t3max);
+    const double f2 = line.residual(KTL_STEAM, line.p, tl);
+    if (f2 <= 0.0) {
+        const auto f = [&](double t) { return line.residual(KTL_STEAM, line.p, t); };
+        return {KTL_STEAM,
+                line.p,
+                solvers::enclose(f, tl, f2, ktl_lc.tmax, f(ktl_lc.tmax), search_tolerance(line.value)).x,
+                {}};
+    }
+    const double v1 = volume(region1::terms(line.p, ktl_lc.t1max));
+    const double v2 = volume(region2::terms(line.p, tl));
+    const State found = middle(line, v1 / outside, v2 * outside);
+    if (found.t < ktl_lc.t3min)
+        return line.between(KTL_LIQUID, ktl_lc.t1max, ktl_lc.t1max + reach,
+                            line.residual(KTL_LIQUID, line.p, ktl_lc.t1max + reach));
+    if (found.t > tl) return line.between(KTL_STEAM, tl - reach, tl, f2);
+    return found;
+}
+
+} // namespace
+
+State on_isobar(Property y, double p, double value, double lowest) {
+    const Isobar line{y, p, value};
+    return p > ktl_lc.p1 ? high(line, lowest) : low(line, lowest);
+}
+
+} // namespace ktl

@@ -1,0 +1,109 @@
+// A state in the variables of its region, and its properties: what searches work on. Nothing here reports or
+// keeps working terms, so trial states may lie anywhere.
+#pragma once
+
+#include "regions/number.hpp"
+#include "regions/region1.hpp"
+#include "regions/region2.hpp"
+#include "regions/region3.hpp"
+#include "regions/saturation.hpp"
+
+#include <ktl/ktlftn.h>
+
+namespace ktl {
+
+enum class Property { pressure, temperature, volume, enthalpy, entropy, energy };
+
+/// Property of sub-region 1 or 2 from its working terms at p, t.
+template <class Terms, class T>
+T gibbs_property(Property y, const Terms& s, const T& p, const T& t) {
+    switch (y) {
+    case Property::pressure: return p;
+    case Property::temperature: return t;
+    case Property::volume: return volume(s);
+    case Property::enthalpy: return enthalpy(s);
+    case Property::entropy: return entropy(s);
+    case Property::energy: break;
+    }
+    return internal_energy(enthalpy(s), p, volume(s));
+}
+
+/// Property of sub-region 3 from its working terms at v, t.
+template <class T>
+T helmholtz_property(Property y, const region3::Terms<T>& s, const T& v, const T& t) {
+    switch (y) {
+    case Property::pressure: return pressure(s);
+    case Property::temperature: return t;
+    case Property::volume: return v;
+    case Property::enthalpy: return enthalpy(s);
+    case Property::entropy: return entropy(s);
+    case Property::energy: break;
+    }
+    return internal_energy(enthalpy(s), pressure(s), v);
+}
+
+/// Property of a single-phase region 1 to 4 in its own variables: p, t or v, t.
+template <class T>
+T property(Property y, int region, const T& first, const T& t) {
+    if (region == KTL_LIQUID) return gibbs_property(y, region1::terms(first, t), first, t);
+    if (region == KTL_STEAM) return gibbs_property(y, region2::terms(first, t), first, t);
+    return helmholtz_property(y, region3::terms(first, t), first, t);
+}
+
+/// Saturated water and steam at one temperature, in the variables of their regions.
+struct Saturated {
+    double t = 0.0;
+    double p = 0.0;
+    int region = KTL_NO_STATE; // of the mixture: KTL_WET or KTL_WET_NEAR_CRITICAL
+    double liquid = 0.0;       // pressure, or volume above 350 degC
+    double steam = 0.0;
+
+    [[nodiscard]] double of_liquid(Property y) const {
+        return property(y, region == KTL_WET ? KTL_LIQUID : KTL_NEAR_CRITICAL_LIQUID, liquid, t);
+    }
+    [[nodiscard]] double of_steam(Property y) const {
+        return property(y, region == KTL_WET ? KTL_STEAM : KTL_NEAR_CRITICAL_STEAM, steam, t);
+    }
+    [[nodiscard]] double mixture(Property y, double x) const {
+        if (y == Property::pressure) return p;
+        if (y == Property::temperature) return t;
+        const double water = of_liquid(y);
+        return water + x * (of_steam(y) - water);
+    }
+};
+
+/// Saturated states at t, 0.01 to 374.15 degC. Above 350 degC the volumes are those of the entry ktlftn, to the
+/// last bit, so that the entry evaluates a mixture as it was found.
+Saturated saturated_at(double t);
+/// Saturated states at p, from pmin to the critical pressure; the ends of the line beyond.
+Saturated saturated_under(double p);
+
+/// A state that a search returns. The saturated phases stand beside a mixture only.
+struct State {
+    int region = KTL_NO_STATE;
+    double first = 0.0;
+    double t = 0.0;
+    Saturated phases{};
+
+    [[nodiscard]] bool found() const { return region != KTL_NO_STATE; }
+    [[nodiscard]] bool wet() const { return region == KTL_WET || region == KTL_WET_NEAR_CRITICAL; }
+    [[nodiscard]] double value(Property y) const {
+        return wet() ? phases.mixture(y, first) : property(y, region, first, t);
+    }
+};
+
+inline State mixture(const Saturated& phases, double x) { return {phases.region, x, phases.t, phases}; }
+
+/// Pressure of the boundary between sub-regions 2 and 3 at t, bar.
+inline double boundary_pressure(double t) { return ktl_lc.pca * region2::boundary((t + ktl_lc.tza) / ktl_lc.tca); }
+/// Its inverse, degC, exact but for rounding; p from p1 up.
+double boundary_temperature(double p);
+
+/// Residual at which a search for y stops: far below what the finders promise, above the rounding of the
+/// equations.
+inline double search_tolerance(double y) { return 1.0e-14 * std::fabs(y) + 1.0e-15; }
+
+/// A value just outside a limit that rounding alone may have put there.
+inline constexpr double rounding = 1.0e-9;
+
+} // namespace ktl
