@@ -42,6 +42,7 @@ Saturated saturated_under(double p) {
 }
 
 double boundary_temperature(double p) {
+    using region2::ktl_cl;
     const double root = std::sqrt(ktl_cl.al1 * ktl_cl.al1 - 4.0 * ktl_cl.al2 * (ktl_cl.al0 - p / ktl_lc.pca));
     return ktl_lc.tca * (root - ktl_cl.al1) / (2.0 * ktl_cl.al2) - ktl_lc.tza;
 }

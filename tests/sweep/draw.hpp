@@ -1,0 +1,40 @@
+// Random states of the whole range and of its borders, evaluated by the named routines.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <ktl/ktlftn.h>
+
+namespace sweep {
+
+/// Every property of one state. Quality is -1 for a single phase.
+struct Values {
+    double p, t, v, h, s, u, x;
+};
+
+/// Small generator with the same sequence everywhere (splitmix64).
+class Random {
+public:
+    explicit Random(std::uint64_t seed) : state_(seed) {}
+    double uniform(double low, double high);
+    double logarithmic(double low, double high);
+    int below(int count);
+
+private:
+    std::uint64_t next();
+    std::uint64_t state_;
+};
+
+/// Properties of what a finder handed back, as the entry ktlftn evaluates it, but with every quality taken as it
+/// is: the entry reads those up to 1e-6 and from 0.999999 as saturated.
+Values evaluate(int region, double first, double t);
+
+/// One state of the valid range. kind cycles through the sub-regions, the neighbourhood of the critical point, the
+/// mixtures and the borders.
+Values draw(Random& random, int kind);
+inline constexpr int kinds = 12;
+
+/// Properties of the single-phase state at p and t.
+Values at_pressure_temperature(double p, double t);
+
+} // namespace sweep
