@@ -173,8 +173,8 @@ KTL_API int ktlrtx(KTL_INOUT(double) t, KTL_INOUT(double) x, KTL_IN(double) eps)
  *   2. The temperature on that boundary is taken about 0.003 K below its exact inverse. */
 KTL_API int ktlrph(KTL_INOUT(double) p, KTL_INOUT(double) h, KTL_IN(double) eps);
 
-/* The finders below reproduce both given values to 1e-8 of each (or of one kJ/kg, kJ/(kg K), where the value is
- * smaller), for every state of the valid range. Without a state in the range, and for a value that is not finite,
+/* The finders below reproduce both given values to 1e-8 of each (near zero to 1e-7 kJ/kg, 1e-8 kJ/(kg K)), for
+ * every state of the valid range. Without a state in the range, and for a value that is not finite,
  * they return 7 and leave both arguments as they were; they report nothing else than what each says. They find
  * the state to rounding, whatever eps is.
  *
@@ -185,7 +185,7 @@ KTL_API int ktlrph(KTL_INOUT(double) p, KTL_INOUT(double) h, KTL_IN(double) eps)
  *  - where neither has one, sub-region 1, 2 or the mixture of both carries on past its limit (less than 0.5 K) to
  *    exactly the given values. Equations of sub-region 1 evaluated above 350.0035 degC report "Out of range".
  *
- * A mixture is given by the saturated phases that ktlftn has for it. Its steam volume above about 373.2 degC is
+ * A mixture is given by the saturated phases that ktlftn has for it. Its steam volume above 373.117 degC is
  * the middle one of three that have the saturation pressure; states between it and true saturated steam are
  * given as sub-region 3, with exactly the given values. */
 

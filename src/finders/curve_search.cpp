@@ -31,7 +31,7 @@ State corrected_in_place(const State& start, const Pair& pair, Place least) {
 }
 
 /// The same in the sub-region on the other side of the border that the start lies at.
-State corrected_across(const State& start, const Pair& pair) {
+State corrected_across(const State& start, const Pair& pair, Place least) {
     if (start.wet()) return {};
     const double p = start.value(Property::pressure);
     const double v = start.value(Property::volume);
@@ -45,7 +45,7 @@ State corrected_across(const State& start, const Pair& pair) {
         other.region = start.t < ktl_lc.t1max + 1.0 && p > ktl_lc.p1 && v < ktl_lc.vca ? KTL_LIQUID : KTL_STEAM;
         other.first = p;
     }
-    return corrected_in_place(other, pair, Place::inside);
+    return corrected_in_place(other, pair, least);
 }
 
 /// The search along a line: at(z) is the state at z, a and b the ends.
@@ -66,12 +66,9 @@ State search(const Pair& pair, Property y, double value, double a, double b, At&
     for (const Place least : {Place::inside, Place::beside})
         for (const State& side : {best, other}) {
             found = corrected_in_place(side, pair, least);
+            if (!found.found()) found = corrected_across(side, pair, least);
             if (found.found()) return found;
         }
-    for (const State& side : {best, other}) {
-        found = corrected_across(side, pair);
-        if (found.found()) return found;
-    }
     return {};
 }
 

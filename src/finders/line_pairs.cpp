@@ -9,31 +9,33 @@ namespace {
 
 using namespace ktl;
 
-/// True where a value exceeds the greatest of its line by more than rounding.
-bool beyond(double value, double greatest) { return value > greatest + rounding * (1.0 + std::fabs(greatest)); }
+/// True where a value exceeds the greatest of its line by more than the sub-regions differ at their borders.
+bool beyond(double value, double greatest, Property y) {
+    return value > greatest + (y == Property::entropy ? 0.002 : 1.0);
+}
 
 /// The value y of the isentrope s at 800 degC is its greatest, for the isentropes that end there.
-bool beyond_isentrope(ktl_property_eps y, double value, double s, double eps) {
+bool beyond_isentrope(Property y, ktl_property_eps of_end, double value, double s, double eps) {
     const bool ends_there = s >= property(Property::entropy, KTL_STEAM, ktl_lc.pmax, ktl_lc.tmax) &&
                             s <= property(Property::entropy, KTL_STEAM, ktl_lc.pmin, ktl_lc.tmax);
-    return ends_there && beyond(value, y(ktl_lc.tmax, s, eps));
+    return ends_there && beyond(value, of_end(ktl_lc.tmax, s, eps), y);
 }
 
 /// The value y of the isochore v at 1000 bar is its greatest, for the isochores that end there.
-bool beyond_isochore(ktl_property_eps y, double value, double v, double eps) {
+bool beyond_isochore(Property y, ktl_property_eps of_end, double value, double v, double eps) {
     const bool ends_there = v >= property(Property::volume, KTL_LIQUID, ktl_lc.pmax, ktl_lc.tmin) &&
                             v <= property(Property::volume, KTL_STEAM, ktl_lc.pmax, ktl_lc.tmax);
-    return ends_there && beyond(value, y(ktl_lc.pmax, v, eps));
+    return ends_there && beyond(value, of_end(ktl_lc.pmax, v, eps), y);
 }
 
-int on_entropy(Property y, ktl_property_eps greatest, double& value, double& s, double eps) {
-    if (!finders::finite(value, s) || beyond_isentrope(greatest, value, s, eps)) return KTL_NO_STATE;
+int on_entropy(Property y, ktl_property_eps of_end, double& value, double& s, double eps) {
+    if (!finders::finite(value, s) || beyond_isentrope(y, of_end, value, s, eps)) return KTL_NO_STATE;
     const State found = finders::on_isentrope(y, value, s);
     return finders::hand_back(found, {y, value, Property::entropy, s}, value, s);
 }
 
-int on_volume(Property y, ktl_property_eps greatest, double& v, double& value, double eps) {
-    if (!finders::finite(v, value) || beyond_isochore(greatest, value, v, eps)) return KTL_NO_STATE;
+int on_volume(Property y, ktl_property_eps of_end, double& v, double& value, double eps) {
+    if (!finders::finite(v, value) || beyond_isochore(y, of_end, value, v, eps)) return KTL_NO_STATE;
     const State found = finders::on_isochore(y, value, v);
     return finders::hand_back(found, {Property::volume, v, y, value}, v, value);
 }

@@ -9,11 +9,13 @@ namespace ktl::finders {
 
 namespace {
 
-/// How closely a state must have the given value.
+/// How closely a state must have the given value: a tenth of what the finders promise. Near zero the equations
+/// themselves do not agree with each other any better along the saturation line.
 double allowance(Property y, double value) {
     constexpr double relative = 1.0e-8;
-    const double floor = y == Property::volume || y == Property::pressure ? 0.0 : relative;
-    return relative * std::fabs(value) + floor;
+    const bool energy = y == Property::enthalpy || y == Property::energy;
+    const double floor = energy ? 1.0e-7 : (y == Property::entropy ? 1.0e-8 : 0.0);
+    return std::fmax(relative * std::fabs(value), floor);
 }
 
 bool has(const State& state, Property y, double value) {
@@ -27,6 +29,12 @@ Dual with_slopes(Property y, int region, const Dual& first, const Dual& t) {
     if (y == Property::pressure) return p;
     const Dual water = property(y, KTL_LIQUID, p, t);
     return water + first * (property(y, KTL_STEAM, p, t) - water);
+}
+
+/// A variable of a found state, brought back to the limit that it passes by no more than the slack: searches in
+/// water end there when the properties hardly depend on it. The properties are compared afterwards.
+double held_at(double z, double low, double high, double slack) {
+    return z >= low - slack && z <= high + slack ? std::clamp(z, low, high) : z;
 }
 
 bool in_closed(double value, double low, double high) {
@@ -79,16 +87,20 @@ bool bring_within(double& value, double low, double high) {
 }
 
 State confirmed(State state, const Pair& pair) {
-    const double warmest = state.wet() ? ktl_lc.tc : ktl_lc.tmax;
-    bool good = state.found() && bring_within(state.t, ktl_lc.tmin, warmest);
-    if (good && state.wet()) {
-        good = state.first >= -rounding && bring_within(state.first, 0.0, 1.0);
-    } else if (good && (state.region == KTL_LIQUID || state.region == KTL_STEAM)) {
-        good = bring_within(state.first, ktl_lc.pmin, ktl_lc.pmax);
-    } else if (good) {
-        good = in_closed(state.value(Property::pressure), ktl_lc.pmin, ktl_lc.pmax);
+    if (!state.found() || !finite(state.first, state.t)) return {};
+    state.t = held_at(state.t, ktl_lc.tmin, state.wet() ? ktl_lc.tc : ktl_lc.tmax, 1.0e-6);
+    bool in_range = state.t >= ktl_lc.tmin && state.t <= ktl_lc.tmax;
+    if (state.wet()) {
+        state.first = held_at(state.first, 0.0, 1.0, 1.0e-6);
+        in_range = in_range && state.first >= 0.0 && state.first <= 1.0;
+    } else if (state.region == KTL_LIQUID || state.region == KTL_STEAM) {
+        state.first = held_at(state.first, ktl_lc.pmin, ktl_lc.pmax, 1.0e-6 * state.first);
+        in_range = in_range && state.first >= ktl_lc.pmin && state.first <= ktl_lc.pmax;
+    } else {
+        in_range = in_range && in_closed(state.value(Property::pressure), ktl_lc.pmin, ktl_lc.pmax);
     }
-    if (good && has(state, pair.first, pair.first_value) && has(state, pair.second, pair.second_value)) return state;
+    if (in_range && has(state, pair.first, pair.first_value) && has(state, pair.second, pair.second_value))
+        return state;
     return {};
 }
 

@@ -21,8 +21,9 @@ bool finite(double a, double b);
 /// further out or is not a number.
 bool bring_within(double& value, double low, double high);
 
-/// The state with its variables brought within the range of the formulation; no state where it lies further out
-/// or where its properties are not the given values (to 1e-8 relative, or 1e-8 of a unit near zero).
+/// The state, brought to a limit of the range that it passes by a hair (1e-6); no state where it lies further out
+/// or where its properties are not the given values (to 1e-8 relative; near zero to 1e-7 kJ/kg and
+/// 1e-8 kJ/(kg K)).
 State confirmed(State state, const Pair& pair);
 
 /// Overwrites the two given values with the state, confirmed; KTL_NO_STATE and both unchanged without one.

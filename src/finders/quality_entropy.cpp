@@ -31,15 +31,21 @@ struct QualityLine {
     }
 };
 
-/// A part of the line with its own saturated phases, and the temperatures at which it is looked at first.
+/// A part of the line with its own saturated phases.
 struct Part {
     int region;
     double from, to;
 };
-constexpr int steps = 16;
-constexpr std::array<Part, 3> parts{{{KTL_WET, ktl_lc.tmin, ktl_lc.t1max},
-                                     {KTL_WET_NEAR_CRITICAL, 350.00000000000006, ktl_lc.tc},
+/// At two temperatures the saturated volumes of the entry ktlftn change from one root of the pressure to another:
+/// at 373.117 degC that of steam goes to the middle root, at 374.14966 degC both go to the critical volume. The
+/// parts end and begin at the neighbouring numbers. The last part covers the gap at 350 degC.
+constexpr std::array<Part, 5> parts{{{KTL_WET, ktl_lc.tmin, ktl_lc.t1max},
+                                     {KTL_WET_NEAR_CRITICAL, 350.00000000000006, 373.1170218536476},
+                                     {KTL_WET_NEAR_CRITICAL, 373.11702185364766, 374.14965914868071},
+                                     {KTL_WET_NEAR_CRITICAL, 374.14965914868077, ktl_lc.tc},
                                      {KTL_WET, ktl_lc.t1max, ktl_lc.t1max + 0.5}}};
+/// Intervals in which a part is looked at first: narrow enough that none holds two turning points.
+constexpr int steps = 16;
 
 /// Extreme of the residual between a and b, of the sign of the residual around it turned, by golden section.
 double turning_point(const QualityLine& line, double a, double b, int region, double sign) {

@@ -10,8 +10,8 @@ namespace {
 
 /// How far, K, sub-regions 1 and 2 go on past their limit to cover a gap.
 constexpr double reach = 0.5;
-/// How far, as a factor of volume, searches in sub-region 3 begin outside it.
-constexpr double outside = 1.02;
+/// How far, as a factor of volume, searches in sub-region 3 begin outside it: more than the sub-regions differ.
+constexpr double outside = 1.001;
 /// Above this temperature water expands with temperature at every pressure.
 constexpr double expanding = 10.0;
 
@@ -32,10 +32,11 @@ struct Isobar {
     }
 };
 
-/// Temperature of sub-region 3 at p and v. Isochores are almost straight, at the critical point too.
+/// Temperature of sub-region 3 at p and v. Isochores are almost straight, at the critical point too; but a little
+/// below 350 degC the terms of the thirty-second power take over, so the search stops there.
 double isochore_temperature(double p, double v) {
     const auto f = [&](double t) { return region3::pressure(region3::terms(v, t)) - p; };
-    return solvers::enclose(f, ktl_lc.t3min - 5.0, ktl_lc.t3max + 5.0, search_tolerance(p)).x;
+    return solvers::enclose(f, ktl_lc.t3min - reach, ktl_lc.t3max + 5.0, search_tolerance(p)).x;
 }
 
 /// Temperature at which water has its least volume under p; tmin where it expands from there on.
@@ -122,6 +123,7 @@ State high(const Isobar& line, double lowest) {
     const double v1 = volume(region1::terms(line.p, ktl_lc.t1max));
     const double v2 = volume(region2::terms(line.p, tl));
     const State found = middle(line, v1 / outside, v2 * outside);
+    if (found.wet()) return found;
     if (found.t < ktl_lc.t3min)
         return line.between(KTL_LIQUID, ktl_lc.t1max, ktl_lc.t1max + reach,
                             line.residual(KTL_LIQUID, line.p, ktl_lc.t1max + reach));

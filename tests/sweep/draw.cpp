@@ -38,11 +38,13 @@ double entry_steam_volume(double t, double ps) {
     return ktl_i2(ktl_a3, t, ps, a, b, entry_eps);
 }
 
-Values wet(double x, double t) {
+Values wet(int region, double x, double t) {
     const double ps = ktl_pt(t);
-    if (!(t > ktl_lc.t3min)) return mixed(water(ps, t), steam(ps, t), ps, x);
+    if (region == KTL_WET) return mixed(water(ps, t), steam(ps, t), ps, x);
     return mixed(near_critical(entry_water_volume(t, ps), t), near_critical(entry_steam_volume(t, ps), t), ps, x);
 }
+
+Values wet(double x, double t) { return wet(t > ktl_lc.t3min ? KTL_WET_NEAR_CRITICAL : KTL_WET, x, t); }
 
 /// Volume between a (above p) and b (below p) by bisection alone.
 double bisected(double p, double t, double a, double b) {
@@ -143,7 +145,7 @@ Values evaluate(int region, double first, double t) {
     case KTL_STEAM: return steam(first, t);
     case KTL_NEAR_CRITICAL_STEAM:
     case KTL_NEAR_CRITICAL_LIQUID: return near_critical(first, t);
-    default: return wet(first, t);
+    default: return wet(region, first, t);
     }
 }
 
