@@ -30,22 +30,18 @@ State corrected_in_place(const State& start, const Pair& pair, Place least) {
     return state.found() && place_of(state) >= least ? state : State{};
 }
 
-/// The same in the sub-region on the other side of the border that the start lies at.
-State corrected_across(const State& start, const Pair& pair, Place least) {
-    if (start.wet()) return {};
-    const double p = start.value(Property::pressure);
-    const double v = start.value(Property::volume);
-    State other = start;
-    if (start.region == KTL_LIQUID || start.region == KTL_STEAM) {
-        other.region = start.region == KTL_LIQUID || (start.t <= ktl_lc.tc && p > saturation::terms(start.t).p)
-                           ? KTL_NEAR_CRITICAL_LIQUID
-                           : KTL_NEAR_CRITICAL_STEAM;
-        other.first = v;
-    } else {
-        other.region = start.t < ktl_lc.t1max + 1.0 && p > ktl_lc.p1 && v < ktl_lc.vca ? KTL_LIQUID : KTL_STEAM;
-        other.first = p;
+/// The region on the other side of the border that a state lies at, with the state in its variables.
+State across(const State& start) {
+    if (start.wet()) {
+        const bool low = start.region == KTL_WET;
+        if (start.first < 0.5) return {low ? KTL_LIQUID : KTL_NEAR_CRITICAL_LIQUID, start.phases.liquid, start.t, {}};
+        return {low ? KTL_STEAM : KTL_NEAR_CRITICAL_STEAM, start.phases.steam, start.t, {}};
     }
-    return corrected_in_place(other, pair, least);
+    const double v = start.value(Property::volume);
+    if (start.region == KTL_LIQUID) return {KTL_NEAR_CRITICAL_LIQUID, v, start.t, {}};
+    if (start.region == KTL_STEAM) return {KTL_NEAR_CRITICAL_STEAM, v, start.t, {}};
+    const bool cool = start.t < ktl_lc.t1max + 1.0 && v < ktl_lc.vca;
+    return {cool ? KTL_LIQUID : KTL_STEAM, start.value(Property::pressure), start.t, {}};
 }
 
 /// The search along a line: at(z) is the state at z, a and b the ends.
@@ -66,10 +62,19 @@ State search(const Pair& pair, Property y, double value, double a, double b, At&
     for (const Place least : {Place::inside, Place::beside})
         for (const State& side : {best, other}) {
             found = corrected_in_place(side, pair, least);
-            if (!found.found()) found = corrected_across(side, pair, least);
+            if (!found.found()) found = corrected_in_place(across(side), pair, least);
             if (found.found()) return found;
         }
     return {};
+}
+
+/// Water of entropy s at tmin, compressed or saturated. Along the isentropes of the coldest water the energies
+/// hardly depend on the pressure: the search may end at one where the temperature is below tmin.
+State coldest_water(const Pair& pair, double s) {
+    if (s > 0.01) return {};
+    const State compressed = confirmed(on_isotherm(Property::entropy, ktl_lc.tmin, s), pair);
+    if (compressed.found()) return compressed;
+    return confirmed({KTL_LIQUID, saturation::terms(ktl_lc.tmin).p, ktl_lc.tmin, {}}, pair);
 }
 
 } // namespace
@@ -81,7 +86,9 @@ State on_isentrope(Property y, double value, double s) {
     if (s > property(Property::entropy, KTL_STEAM, ktl_lc.pmax, ktl_lc.tmax))
         highest = on_isotherm(Property::entropy, ktl_lc.tmax, s).first;
     const auto at = [&](double z) { return on_isobar(Property::entropy, std::exp(z), s, below_tmin); };
-    return search({y, value, Property::entropy, s}, y, value, std::log(ktl_lc.pmin), std::log(highest), at);
+    const Pair pair{y, value, Property::entropy, s};
+    const State found = search(pair, y, value, std::log(ktl_lc.pmin), std::log(highest), at);
+    return found.found() ? found : coldest_water(pair, s);
 }
 
 State on_isochore(Property y, double value, double v) {

@@ -10,16 +10,17 @@ namespace ktl::finders {
 namespace {
 
 /// How closely a state must have the given value: a tenth of what the finders promise. Near zero the equations
-/// themselves do not agree with each other any better along the saturation line.
-double allowance(Property y, double value) {
-    constexpr double relative = 1.0e-8;
+/// themselves do not agree with each other any better along the saturation line, and the saturated volumes of the
+/// entry, found to 1e-8 of the pressure, move by more than that near the critical point.
+double allowance(Property y, double value, int region) {
+    const double relative = region == KTL_WET_NEAR_CRITICAL ? 5.0e-8 : 1.0e-8;
     const bool energy = y == Property::enthalpy || y == Property::energy;
     const double floor = energy ? 1.0e-7 : (y == Property::entropy ? 1.0e-8 : 0.0);
     return std::fmax(relative * std::fabs(value), floor);
 }
 
 bool has(const State& state, Property y, double value) {
-    return std::fabs(state.value(y) - value) <= allowance(y, value);
+    return std::fabs(state.value(y) - value) <= allowance(y, value, state.region);
 }
 
 /// Property of any region but KTL_WET_NEAR_CRITICAL, with its derivatives by both variables.
@@ -41,9 +42,12 @@ bool in_closed(double value, double low, double high) {
     return value >= low - rounding * std::fabs(low) && value <= high + rounding * std::fabs(high);
 }
 
-Place place_of_water(const State& state, double past) {
+/// Water of low pressure has its pressure from two energies to a few digits only, so the test against the
+/// saturation pressure is a loose one.
+Place place_of_water(const State& state) {
+    const double past = state.t;
     if (!(past <= ktl_lc.t1max + 0.5)) return Place::outside;
-    const bool compressed = in_closed(state.first, saturation::terms(std::min(past, ktl_lc.tc)).p, ktl_lc.pmax);
+    const bool compressed = in_closed(state.first, saturation::terms(past).p * (1.0 - 1.0e-6), ktl_lc.pmax);
     if (!compressed) return Place::outside;
     return past <= ktl_lc.t1max ? Place::inside : Place::beside;
 }
@@ -57,14 +61,16 @@ Place place_of_steam(const State& state) {
 }
 
 Place place_near_critical(const State& state) {
+    const double pressure = state.value(Property::pressure);
     const bool inside = state.t >= ktl_lc.t3min - rounding && state.t <= ktl_lc.t3max + rounding &&
-                        in_closed(state.value(Property::pressure), boundary_pressure(state.t), ktl_lc.pmax);
+                        in_closed(pressure, boundary_pressure(state.t), ktl_lc.pmax);
     if (!inside) return Place::outside;
-    if (!(state.t > ktl_lc.t3min) || state.t > ktl_lc.tc)
-        return state.region == KTL_NEAR_CRITICAL_STEAM || !(state.t > ktl_lc.tc) ? Place::inside : Place::outside;
-    const Saturated phases = saturated_at(state.t);
-    const bool belongs =
-        state.region == KTL_NEAR_CRITICAL_STEAM ? state.first >= phases.steam : state.first <= phases.liquid;
+    if (state.t > ktl_lc.tc) return Place::inside;
+    const Saturated phases = saturated_at(std::max(state.t, std::nextafter(ktl_lc.t3min, ktl_lc.tc)));
+    // Water: the saturated volume itself is only as good as the tolerance of the entry.
+    const bool compressed = state.first < ktl_lc.vca && pressure >= phases.p * (1.0 - 1.0e-8);
+    const bool belongs = state.region == KTL_NEAR_CRITICAL_STEAM ? state.first >= phases.steam
+                                                                 : compressed || state.first <= phases.liquid;
     return belongs ? Place::inside : Place::outside;
 }
 
@@ -88,7 +94,9 @@ bool bring_within(double& value, double low, double high) {
 
 State confirmed(State state, const Pair& pair) {
     if (!state.found() || !finite(state.first, state.t)) return {};
-    state.t = held_at(state.t, ktl_lc.tmin, state.wet() ? ktl_lc.tc : ktl_lc.tmax, 1.0e-6);
+    const double t = held_at(state.t, ktl_lc.tmin, state.wet() ? ktl_lc.tc : ktl_lc.tmax, 1.0e-6);
+    if (state.wet() && t != state.t) state.phases = saturated_at(t);
+    state.t = t;
     bool in_range = state.t >= ktl_lc.tmin && state.t <= ktl_lc.tmax;
     if (state.wet()) {
         state.first = held_at(state.first, 0.0, 1.0, 1.0e-6);
@@ -97,7 +105,9 @@ State confirmed(State state, const Pair& pair) {
         state.first = held_at(state.first, ktl_lc.pmin, ktl_lc.pmax, 1.0e-6 * state.first);
         in_range = in_range && state.first >= ktl_lc.pmin && state.first <= ktl_lc.pmax;
     } else {
-        in_range = in_range && in_closed(state.value(Property::pressure), ktl_lc.pmin, ktl_lc.pmax);
+        // Well below its least volume the equations of sub-region 3 turn back to lower pressures.
+        in_range = in_range && state.first >= ktl_lc.v3min * 0.999 &&
+                   in_closed(state.value(Property::pressure), ktl_lc.pmin, ktl_lc.pmax);
     }
     if (in_range && has(state, pair.first, pair.first_value) && has(state, pair.second, pair.second_value))
         return state;
@@ -129,7 +139,7 @@ State corrected(const State& start, const Pair& pair) {
         z += dz;
         t += dt;
         // Newton's steps shrink quadratically: after one this small the next is below rounding.
-        const bool settled = std::fabs(dz) <= 1.0e-9 * (wet ? 1.0 : std::fabs(z)) && std::fabs(dt) <= 1.0e-8;
+        const bool settled = std::fabs(dz) <= 1.0e-7 * (wet ? 1.0 : std::fabs(z)) && std::fabs(dt) <= 1.0e-6;
         if (settled)
             return wet ? State{KTL_WET,
                                z,
@@ -143,7 +153,7 @@ State corrected(const State& start, const Pair& pair) {
 
 Place place_of(const State& state) {
     switch (state.region) {
-    case KTL_LIQUID: return place_of_water(state, state.t);
+    case KTL_LIQUID: return place_of_water(state);
     case KTL_STEAM: return place_of_steam(state);
     case KTL_NEAR_CRITICAL_STEAM:
     case KTL_NEAR_CRITICAL_LIQUID: return place_near_critical(state);

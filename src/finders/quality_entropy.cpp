@@ -3,6 +3,7 @@
 #include "front/diagnostics.hpp"
 #include "solvers/enclosure.hpp"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <ktl/ktlftn.h>
@@ -27,7 +28,10 @@ struct QualityLine {
     [[nodiscard]] State root(double a, double fa, double b, double fb, int region) const {
         const auto f = [&](double t) { return residual(t, region); };
         const auto found = solvers::enclose(f, a, fa, b, fb, search_tolerance(s));
-        return finders::confirmed(at(found.x, region), {Property::entropy, s, Property::entropy, s});
+        return checked(found.x, region);
+    }
+    [[nodiscard]] State checked(double t, int region) const {
+        return finders::confirmed(at(t, region), {Property::entropy, s, Property::entropy, s});
     }
 };
 
@@ -45,9 +49,9 @@ constexpr std::array<Part, 5> parts{{{KTL_WET, ktl_lc.tmin, ktl_lc.t1max},
                                      {KTL_WET_NEAR_CRITICAL, 374.14965914868077, ktl_lc.tc},
                                      {KTL_WET, ktl_lc.t1max, ktl_lc.t1max + 0.5}}};
 /// Intervals in which a part is looked at first: narrow enough that none holds two turning points.
-constexpr int steps = 16;
+constexpr std::size_t steps = 16;
 
-/// Extreme of the residual between a and b, of the sign of the residual around it turned, by golden section.
+/// Least value of sign times the residual between a and b, by golden section, or a point where it is not positive.
 double turning_point(const QualityLine& line, double a, double b, int region, double sign) {
     constexpr double golden = 0.6180339887498949;
     constexpr int most_passes = 40;
@@ -67,30 +71,48 @@ double turning_point(const QualityLine& line, double a, double b, int region, do
     return f_left < f_right ? left : right;
 }
 
-/// The coldest state of one part. Where three neighbours show that the residual turns towards zero between them,
-/// the turning point decides whether there is a root.
-State coldest(const QualityLine& line, const Part& part) {
-    double before = part.from, f_before = 0.0;
-    double a = part.from;
-    double fa = line.residual(a, part.region);
-    if (std::fabs(fa) <= search_tolerance(line.s)) return line.at(a, part.region);
-    for (int step = 1; step <= steps; ++step) {
-        const double b = step == steps ? part.to : part.from + (part.to - part.from) * step / steps;
-        const double fb = line.residual(b, part.region);
-        const double sign = fa > 0.0 ? 1.0 : -1.0;
-        const bool turns = fa * fb > 0.0 && step > 1 && sign * fa <= sign * f_before && sign * fa <= sign * fb;
-        if (turns) {
-            const double t = turning_point(line, before, b, part.region, sign);
-            const State found = line.root(before, f_before, t, line.residual(t, part.region), part.region);
-            if (found.found()) return found;
-        } else if (fa * fb <= 0.0) {
-            const State found = line.root(a, fa, b, fb, part.region);
-            if (found.found()) return found;
+/// Temperatures of one part and the residuals there.
+struct Looks {
+    std::array<double, steps + 1> t, f;
+
+    Looks(const QualityLine& line, const Part& part) {
+        for (std::size_t n = 0; n < t.size(); ++n) {
+            const double share = static_cast<double>(n) / steps;
+            t[n] = n == steps ? part.to : part.from + (part.to - part.from) * share;
+            f[n] = line.residual(t[n], part.region);
         }
-        before = a, f_before = fa;
-        a = b, fa = fb;
     }
-    return {};
+
+    /// Second difference at look n, or at the neighbour that has one.
+    [[nodiscard]] double bend(std::size_t n) const {
+        n = std::clamp<std::size_t>(n, 1, steps - 1);
+        return std::fabs(f[n - 1] - 2.0 * f[n] + f[n + 1]);
+    }
+    /// True where a turning point between looks n and n + 1 may reach zero: a parabola turns at most an eighth of
+    /// its second difference beyond them.
+    [[nodiscard]] bool may_turn_at_zero(std::size_t n) const {
+        return std::min(std::fabs(f[n]), std::fabs(f[n + 1])) <= std::max(bend(n), bend(n + 1));
+    }
+};
+
+/// The coldest state of one part: interval by interval, in each a root between its ends or on the way to its
+/// turning point.
+State coldest(const QualityLine& line, const Part& part) {
+    const Looks looks(line, part);
+    State found = line.checked(part.from, part.region);
+    for (std::size_t n = 0; n < steps && !found.found(); ++n) {
+        const double a = looks.t[n];
+        const double b = looks.t[n + 1];
+        const double fa = looks.f[n];
+        const double fb = looks.f[n + 1];
+        if (fa * fb <= 0.0) {
+            found = line.root(a, fa, b, fb, part.region);
+        } else if (looks.may_turn_at_zero(n)) {
+            const double t = turning_point(line, a, b, part.region, fa > 0.0 ? 1.0 : -1.0);
+            found = line.root(a, fa, t, line.residual(t, part.region), part.region);
+        }
+    }
+    return found.found() ? found : line.checked(part.to, part.region);
 }
 
 State on_quality_line(double s, double x) {

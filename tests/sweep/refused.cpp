@@ -33,6 +33,15 @@ struct Range {
     double low, high;
 };
 
+/// Where a line ends in or beside sub-region 3 it may have jumped shortly before its end: up or down by no more
+/// than this.
+double jump_before(int region, double t, Member y) {
+    const bool beside =
+        region == KTL_NEAR_CRITICAL_STEAM || region == KTL_NEAR_CRITICAL_LIQUID || std::fabs(t - 350.0) < 1.0;
+    if (!beside) return 0.0;
+    return y == &Values::s ? 0.001 : 0.5;
+}
+
 Range range_on_isobar(double p, Member y) {
     const Values cold = at_pressure_temperature(p, ktl_lc.tmin);
     const Values hot = at_pressure_temperature(p, ktl_lc.tmax);
@@ -66,7 +75,7 @@ Range range_on_isentrope(double s, Member y) {
     double first = hot ? ktl_lc.tmax : ktl_lc.pmax;
     double second = s;
     const int end = hot ? ktlrts(first, second, eps) : ktlrps(first, second, eps);
-    return {low, evaluate(end, first, second).*y};
+    return {low, evaluate(end, first, second).*y + jump_before(end, second, y)};
 }
 
 /// Value y at the ends of the isochore v: at 0.01 degC or pmin, and at 800 degC or pmax.
@@ -80,7 +89,7 @@ Range range_on_isochore(double v, Member y) {
     first = dense ? ktl_lc.pmax : ktl_lc.tmax;
     second = v;
     region = dense ? ktlrpv(first, second, eps) : ktlrtv(first, second, eps);
-    return {low, evaluate(region, first, second).*y};
+    return {low, evaluate(region, first, second).*y + jump_before(region, second, y)};
 }
 
 Offer with_pressure(Random& random, const char* name, ktl_finder find, Member y, bool first_out) {
@@ -124,7 +133,9 @@ Offer with_quality(Random& random, bool quality_out) {
     double low = 10.0;
     double high = -10.0;
     for (int n = 0; n <= 200; ++n) {
-        const double t = std::min(ktl_lc.tmin + (ktl_lc.tc - ktl_lc.tmin) * n / 200.0, ktl_lc.tc);
+        // Half of the steps from 350 degC on, where the line is steep and, as the entry has it, broken.
+        const double t = n <= 100 ? ktl_lc.tmin + (ktl_lc.t3min - ktl_lc.tmin) * n / 100.0
+                                  : std::min(ktl_lc.t3min + (ktl_lc.tc - ktl_lc.t3min) * (n - 100) / 100.0, ktl_lc.tc);
         const double s = evaluate(t > ktl_lc.t3min ? KTL_WET_NEAR_CRITICAL : KTL_WET, x, t).s;
         low = std::min(low, s);
         high = std::max(high, s);
