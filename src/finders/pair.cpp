@@ -13,7 +13,7 @@ namespace {
 /// themselves do not agree with each other any better along the saturation line, and the saturated volumes of the
 /// entry, found to 1e-8 of the pressure, move by more than that near the critical point.
 double allowance(Property y, double value, int region) {
-    const double relative = region == KTL_WET_NEAR_CRITICAL ? 5.0e-8 : 1.0e-8;
+    const double relative = region == KTL_WET_NEAR_CRITICAL ? 8.0e-8 : 1.0e-8;
     const bool energy = y == Property::enthalpy || y == Property::energy;
     const double floor = energy ? 1.0e-7 : (y == Property::entropy ? 1.0e-8 : 0.0);
     return std::fmax(relative * std::fabs(value), floor);
@@ -67,11 +67,14 @@ Place place_near_critical(const State& state) {
     if (!inside) return Place::outside;
     if (state.t > ktl_lc.tc) return Place::inside;
     const Saturated phases = saturated_at(std::max(state.t, std::nextafter(ktl_lc.t3min, ktl_lc.tc)));
-    // Water: the saturated volume itself is only as good as the tolerance of the entry.
+    // The saturated volume of water is only as good as the tolerance of the entry.
     const bool compressed = state.first < ktl_lc.vca && pressure >= phases.p * (1.0 - 1.0e-8);
     const bool belongs = state.region == KTL_NEAR_CRITICAL_STEAM ? state.first >= phases.steam
                                                                  : compressed || state.first <= phases.liquid;
-    return belongs ? Place::inside : Place::outside;
+    // Just below the critical point the whole isotherm between the saturated volumes has the saturation pressure,
+    // but for rounding.
+    const bool flat = std::fabs(pressure - phases.p) <= 1.0e-7 * phases.p;
+    return belongs || flat ? Place::inside : Place::outside;
 }
 
 Place place_of_mixture(const State& state) {
@@ -128,27 +131,23 @@ State corrected(const State& start, const Pair& pair) {
     const bool wet = start.region == KTL_WET;
     double z = start.first;
     double t = start.t;
-    for (int step = 0; step < most_steps; ++step) {
+    for (int step = 0; step < most_steps && t > -100.0 && t < 1000.0; ++step) {
         const Dual first(z, 1.0, 0.0);
         const Dual second(t, 0.0, 1.0);
         const Dual a = with_slopes(pair.first, start.region, first, second) - pair.first_value;
         const Dual b = with_slopes(pair.second, start.region, first, second) - pair.second_value;
         const double determinant = a.first * b.second - a.second * b.first;
-        const double dz = held((a.second * b.value - a.value * b.second) / determinant, wet ? 1.0 : std::fabs(z) / 3.0);
+        const double scale = wet ? 1.0 : std::fabs(z);
+        const double dz = held((a.second * b.value - a.value * b.second) / determinant, wet ? 1.0 : scale / 3.0);
         const double dt = held((a.value * b.first - a.first * b.value) / determinant, 20.0);
         z += dz;
         t += dt;
-        // Newton's steps shrink quadratically: after one this small the next is below rounding.
-        const bool settled = std::fabs(dz) <= 1.0e-7 * (wet ? 1.0 : std::fabs(z)) && std::fabs(dt) <= 1.0e-6;
-        if (settled)
-            return wet ? State{KTL_WET,
-                               z,
-                               t,
-                               {t, saturation::terms(t).p, KTL_WET, saturation::terms(t).p, saturation::terms(t).p}}
-                       : State{start.region, z, t, {}};
-        if (!(t > -100.0 && t < 1000.0)) break;
+        // The steps shrink quadratically: after one this small the next would be below rounding.
+        if (std::fabs(dz) <= 1.0e-7 * scale && std::fabs(dt) <= 1.0e-6) break;
     }
-    return {};
+    if (!wet) return {start.region, z, t, {}};
+    const double p = saturation::terms(t).p;
+    return mixture({t, p, KTL_WET, p, p}, z);
 }
 
 Place place_of(const State& state) {

@@ -29,8 +29,9 @@ State confirmed(State state, const Pair& pair);
 /// Overwrites the two given values with the state, confirmed; KTL_NO_STATE and both unchanged without one.
 int hand_back(const State& state, const Pair& pair, double& first, double& second);
 
-/// The state at or near start, in the equations of the region of start, that has the given values, by Newton
-/// steps in both variables; no state where the steps do not settle. Mixtures above 350 degC are not searched.
+/// Twelve Newton steps at most, in both variables, from start towards the state that has the given values, in
+/// the equations of the region of start. Whether they arrive is for confirmed() to say. No state for a mixture
+/// above 350 degC, whose phases are not known in closed form.
 State corrected(const State& start, const Pair& pair);
 
 /// How a state lies in the region that it names.

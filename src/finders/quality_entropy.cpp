@@ -12,6 +12,10 @@ namespace {
 
 using namespace ktl;
 
+/// Temperatures tried beside a root that the scatter of the saturated volumes hides, and their distance, K.
+constexpr int most_neighbours = 40;
+constexpr double neighbour = 1.0e-8;
+
 /// Entropy along a line of quality x, against the given entropy s.
 struct QualityLine {
     double s, x;
@@ -28,7 +32,12 @@ struct QualityLine {
     [[nodiscard]] State root(double a, double fa, double b, double fb, int region) const {
         const auto f = [&](double t) { return residual(t, region); };
         const auto found = solvers::enclose(f, a, fa, b, fb, search_tolerance(s));
-        return checked(found.x, region);
+        State state = checked(found.x, region);
+        // Near the critical point the saturated volumes of the entry scatter from one temperature to the next:
+        // one of the neighbours has the entropy.
+        for (int n = 1; n <= most_neighbours && region == KTL_WET_NEAR_CRITICAL && !state.found(); ++n)
+            state = checked(found.x + (n % 2 == 0 ? n : -n) * neighbour, region);
+        return state;
     }
     [[nodiscard]] State checked(double t, int region) const {
         return finders::confirmed(at(t, region), {Property::entropy, s, Property::entropy, s});
