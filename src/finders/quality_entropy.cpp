@@ -105,10 +105,9 @@ struct Looks {
 };
 
 /// The coldest state of one part: interval by interval, in each a root between its ends or on the way to its
-/// turning point.
-State coldest(const QualityLine& line, const Part& part) {
-    const Looks looks(line, part);
-    State found = line.checked(part.from, part.region);
+/// turning point; last the ends themselves.
+State coldest(const QualityLine& line, const Part& part, const Looks& looks) {
+    State found;
     for (std::size_t n = 0; n < steps && !found.found(); ++n) {
         const double a = looks.t[n];
         const double b = looks.t[n + 1];
@@ -121,13 +120,29 @@ State coldest(const QualityLine& line, const Part& part) {
             found = line.root(a, fa, t, line.residual(t, part.region), part.region);
         }
     }
+    if (!found.found()) found = line.checked(part.from, part.region);
     return found.found() ? found : line.checked(part.to, part.region);
+}
+
+/// A closer look at a part that comes near the entropy without a root: where the saturated volumes of the entry
+/// jump by a little, a turning point may have been missed.
+State coldest_closely(const QualityLine& line, const Part& part, const Looks& looks) {
+    constexpr double near = 0.002;
+    State found;
+    for (std::size_t n = 0; n < steps && !found.found(); ++n) {
+        if (std::min(std::fabs(looks.f[n]), std::fabs(looks.f[n + 1])) > near) continue;
+        const Part closer{part.region, looks.t[n], looks.t[n + 1]};
+        found = coldest(line, closer, Looks(line, closer));
+    }
+    return found;
 }
 
 State on_quality_line(double s, double x) {
     const QualityLine line{s, x};
     for (const Part& part : parts) {
-        const State found = coldest(line, part);
+        const Looks looks(line, part);
+        State found = coldest(line, part, looks);
+        if (!found.found() && part.region == KTL_WET_NEAR_CRITICAL) found = coldest_closely(line, part, looks);
         if (found.found()) return found;
     }
     return {};
