@@ -22,10 +22,15 @@ constexpr std::array<Quantity, 7> quantity_table{{
 }};
 
 constexpr std::array pair_table{
-    Pair{"pt", ktlrpt, pressure, temperature},
-    Pair{"ph", ktlrph, pressure, enthalpy},
-    Pair{"px", ktlrpx, pressure, quality},
-    Pair{"tx", ktlrtx, temperature, quality},
+    Pair{"pt", ktlrpt, pressure, temperature}, Pair{"ph", ktlrph, pressure, enthalpy},
+    Pair{"ps", ktlrps, pressure, entropy},     Pair{"pu", ktlrpu, pressure, energy},
+    Pair{"pv", ktlrpv, pressure, volume},      Pair{"px", ktlrpx, pressure, quality},
+    Pair{"tv", ktlrtv, temperature, volume},   Pair{"th", ktlrth, temperature, enthalpy},
+    Pair{"ts", ktlrts, temperature, entropy},  Pair{"tu", ktlrtu, temperature, energy},
+    Pair{"tx", ktlrtx, temperature, quality},  Pair{"sx", ktlrsx, entropy, quality},
+    Pair{"hs", ktlrhs, enthalpy, entropy},     Pair{"us", ktlrus, energy, entropy},
+    Pair{"vh", ktlrvh, volume, enthalpy},      Pair{"vs", ktlrvs, volume, entropy},
+    Pair{"vu", ktlrvu, volume, energy},
 };
 
 constexpr std::array<Property, property_count> property_table{{
