@@ -1,4 +1,4 @@
-// Time of the finders of any two quantities, each over water, steam and near-critical states of one phase.
+// Time of the finders of any two quantities, by finder and kind of state.
 #include "timing.hpp"
 
 #include <array>
@@ -8,67 +8,64 @@ namespace {
 
 using namespace ktl_bench;
 
-/// Volume (pressure in sub-region 3), enthalpy, entropy and energy of one region.
-using Equations = std::array<ktl_property, 4>;
-constexpr Equations water_equations{ktl_c1, ktl_d1, ktl_e1, ktl_f1};
-constexpr Equations steam_equations{ktl_c2, ktl_d2, ktl_e2, ktl_f2};
-constexpr Equations near_critical_equations{ktl_a3, ktl_d3, ktl_e3, ktl_f3};
-
-/// Value of the quantity that a letter of a finder's name stands for.
-double value(char letter, const State& s, const Equations& equations) {
-    const bool by_volume = equations == near_critical_equations;
-    switch (letter) {
-    case 'p': return by_volume ? equations[0](s.first, s.second) : s.first;
-    case 'v': return by_volume ? s.first : equations[0](s.first, s.second);
-    case 't': return s.second;
-    case 'h': return equations[1](s.first, s.second);
-    case 's': return equations[2](s.first, s.second);
-    default: return equations[3](s.first, s.second);
-    }
-}
-
-struct Named {
-    const char* pair;
-    ktl_finder finder;
+struct Values {
+    double p, t, v, h, s, u;
 };
-constexpr std::array<Named, 12> finders{{{"ps", ktlrps},
-                                         {"pu", ktlrpu},
-                                         {"pv", ktlrpv},
-                                         {"tv", ktlrtv},
-                                         {"th", ktlrth},
-                                         {"ts", ktlrts},
-                                         {"tu", ktlrtu},
-                                         {"hs", ktlrhs},
-                                         {"us", ktlrus},
-                                         {"vh", ktlrvh},
-                                         {"vs", ktlrvs},
-                                         {"vu", ktlrvu}}};
 
-void add(const Named& named, const char* region, const States& of, const Equations& equations) {
-    States pairs = of;
-    for (auto& s : pairs) s = {value(named.pair[0], s, equations), value(named.pair[1], s, equations)};
-    const std::string name = std::string("state by ktlr") + named.pair + ", " + region;
-    benchmark::RegisterBenchmark(
-        name.c_str(), [pairs, finder = named.finder](benchmark::State& bench) { find(bench, pairs, finder); });
+Values with_energy(double p, double t, double v, double h, double s) { return {p, t, v, h, s, h - 100.0 * p * v}; }
+Values water_at(double p, double t) { return with_energy(p, t, ktl_c1(p, t), ktl_d1(p, t), ktl_e1(p, t)); }
+Values steam_at(double p, double t) { return with_energy(p, t, ktl_c2(p, t), ktl_d2(p, t), ktl_e2(p, t)); }
+Values near_critical_at(double v, double t) { return with_energy(ktl_a3(v, t), t, v, ktl_d3(v, t), ktl_e3(v, t)); }
+Values wet_at(double x, double t) {
+    const double p = ktl_pt(t);
+    const Values a = water_at(p, t);
+    const Values b = steam_at(p, t);
+    return with_energy(p, t, a.v + x * (b.v - a.v), a.h + x * (b.h - a.h), a.s + x * (b.s - a.s));
 }
 
-/// Entropy and quality of two-phase states.
-const States wet_sx = [] {
-    States pairs = states([](auto uniform) { return State{uniform(1.0, 370.0), uniform(0.05, 0.95)}; });
+struct Finder {
+    const char* name;
+    ktl_finder find;
+    double Values::*first;
+    double Values::*second;
+};
+constexpr std::array<Finder, 12> finders{{
+    {"ktlrps", ktlrps, &Values::p, &Values::s},
+    {"ktlrpu", ktlrpu, &Values::p, &Values::u},
+    {"ktlrpv", ktlrpv, &Values::p, &Values::v},
+    {"ktlrtv", ktlrtv, &Values::t, &Values::v},
+    {"ktlrth", ktlrth, &Values::t, &Values::h},
+    {"ktlrts", ktlrts, &Values::t, &Values::s},
+    {"ktlrtu", ktlrtu, &Values::t, &Values::u},
+    {"ktlrhs", ktlrhs, &Values::h, &Values::s},
+    {"ktlrus", ktlrus, &Values::u, &Values::s},
+    {"ktlrvh", ktlrvh, &Values::v, &Values::h},
+    {"ktlrvs", ktlrvs, &Values::v, &Values::s},
+    {"ktlrvu", ktlrvu, &Values::v, &Values::u},
+}};
+
+/// Registers one finder over states whose values make(first, t) gives.
+template <class Make>
+void add(const Finder& finder, const char* kind, States pairs, Make make) {
     for (auto& s : pairs) {
-        const double x = s.second;
-        ktlftn(ktlrtx, s.first, x, "S.", &s.first);
+        const Values values = make(s.first, s.second);
+        s = {values.*finder.first, values.*finder.second};
     }
-    return pairs;
-}();
-BENCHMARK_CAPTURE(find, wet_sx, wet_sx, ktlrsx)->Name("state by ktlrsx, two phases");
+    const std::string name = std::string("state by ") + finder.name + ", " + kind;
+    benchmark::RegisterBenchmark(name.c_str(),
+                                 [pairs, call = finder.find](benchmark::State& bench) { find(bench, pairs, call); });
+}
 
 [[maybe_unused]] const bool registered = [] {
-    for (const Named& named : finders) {
-        add(named, "water", liquid, water_equations);
-        add(named, "steam", steam, steam_equations);
-        add(named, "near-critical", near_critical, near_critical_equations);
+    const States wet = states([](auto uniform) { return State{uniform(0.1, 0.9), uniform(1.0, 349.0)}; });
+    for (const Finder& finder : finders) {
+        add(finder, "water", liquid, water_at);
+        add(finder, "two phases", wet, wet_at);
+        add(finder, "steam", steam, steam_at);
+        add(finder, "near-critical", near_critical, near_critical_at);
     }
+    const auto entropy_and_quality = [](double x, double t) { return Values{0.0, t, x, 0.0, wet_at(x, t).s, 0.0}; };
+    add({"ktlrsx", ktlrsx, &Values::s, &Values::v}, "two phases", wet, entropy_and_quality);
     return true;
 }();
 
