@@ -125,6 +125,9 @@ Values around_critical(Random& random) {
     return near_critical(0.0032, 375.0);
 }
 
+/// Sub-region 3 at p and t next to a state of another sub-region with the volume v.
+Values opposite(double p, double t, double v) { return near_critical(bisected(p, t, 0.99 * v, 1.01 * v), t); }
+
 } // namespace
 
 std::uint64_t Random::next() {
@@ -181,6 +184,34 @@ Values draw(Random& random, int kind) {
         return at_pressure_temperature(border_pressure(random, t), t);
     }
     }
+}
+
+Values draw_at_border(Random& random, int kind) {
+    const double past = std::nextafter(ktl_lc.t3min, ktl_lc.tc);
+    Values a{};
+    Values b{};
+    if (kind % 3 == 0) {
+        // At the end of the range the state beyond the gap may lie above pmax.
+        a = water(random.uniform(ktl_lc.p1 + 0.01, ktl_lc.pmax - 10.0), ktl_lc.t3min);
+        b = opposite(a.p, past, a.v);
+    } else if (kind % 3 == 1) {
+        const double t = random.uniform(past, ktl_lc.t3max - 0.1);
+        a = steam(ktl::boundary_pressure(t), t);
+        b = opposite(a.p, t, a.v);
+    } else {
+        const double x = random.uniform(0.0, 1.0);
+        a = wet(KTL_WET, x, ktl_lc.t3min);
+        b = wet(KTL_WET_NEAR_CRITICAL, x, past);
+    }
+    const double share = random.uniform(0.0, 1.0);
+    const auto between = [&](double Values::*member) { return a.*member + share * (b.*member - a.*member); };
+    return {between(&Values::p),
+            between(&Values::t),
+            between(&Values::v),
+            between(&Values::h),
+            between(&Values::s),
+            between(&Values::u),
+            a.x};
 }
 
 } // namespace sweep

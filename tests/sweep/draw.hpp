@@ -34,6 +34,10 @@ Values evaluate(int region, double first, double t);
 Values draw(Random& random, int kind);
 inline constexpr int kinds = 12;
 
+/// Values between those of two neighbouring states, one on each side of a border between sub-regions: of 350 degC
+/// in water and in mixtures, and of the 2/3 boundary, in turn. They lie in a gap or an overlap, or between both.
+Values draw_at_border(Random& random, int kind);
+
 /// Properties of the single-phase state at p and t.
 Values at_pressure_temperature(double p, double t);
 

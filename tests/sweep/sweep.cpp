@@ -1,6 +1,7 @@
 // Sweeps of all finders over random states.
 //
 //   ktl_sweep states COUNT [SEED]    solves COUNT states of the range through all finders and prints a table
+//   ktl_sweep borders COUNT [SEED]   the same for values between the two sides of the borders between sub-regions
 //   ktl_sweep refused COUNT [SEED]   offers COUNT pairs that name no state
 //
 // Exit status 1 where a finder fails, the known limits of ktlrpt and ktlrph excepted.
@@ -65,7 +66,7 @@ struct Tally {
     long evaluations = 0, most_evaluations = 0;
 };
 
-void solve(const Finder& finder, const Values& state, Tally& tally, bool verbose) {
+void solve(const Finder& finder, const Values& state, Tally& tally) {
     if (finder.scope != Finder::any && (finder.scope == Finder::mixture) != (state.x >= 0.0)) return;
     double first = state.*finder.first;
     double second = state.*finder.second;
@@ -85,7 +86,7 @@ void solve(const Finder& finder, const Values& state, Tally& tally, bool verbose
     if (off <= promised) {
         ++tally.solved;
         tally.sum_of_squares += off * off;
-    } else if (verbose && !finder.given) {
+    } else if (!finder.given) {
         std::fprintf(stderr, "%s: region %d, off %.2e: p=%.17g t=%.17g v=%.17g h=%.17g s=%.17g u=%.17g x=%.17g\n",
                      finder.name, region, off, state.p, state.t, state.v, state.h, state.s, state.u, state.x);
     }
@@ -95,12 +96,14 @@ void solve(const Finder& finder, const Values& state, Tally& tally, bool verbose
     }
 }
 
-int sweep_states(long count, std::uint64_t seed) {
+int sweep_states(long count, std::uint64_t seed, bool at_borders) {
     sweep::Random random(seed);
     std::array<Tally, finders.size()> tallies{};
     for (long n = 0; n < count; ++n) {
-        const Values state = sweep::draw(random, static_cast<int>(n % sweep::kinds));
-        for (std::size_t i = 0; i < finders.size(); ++i) solve(finders.at(i), state, tallies.at(i), true);
+        const Values state = at_borders ? sweep::draw_at_border(random, static_cast<int>(n % 3))
+                                        : sweep::draw(random, static_cast<int>(n % sweep::kinds));
+        for (std::size_t i = 0; i < finders.size(); ++i)
+            if (!at_borders || !finders.at(i).given) solve(finders.at(i), state, tallies.at(i));
     }
     std::printf("| finder | states | solved | not solved | worst residual | RMS residual | worst state | "
                 "evaluations mean | worst | reports |\n|---|---|---|---|---|---|---|---|---|---|\n");
@@ -144,8 +147,8 @@ int sweep_refused(long count, std::uint64_t seed) {
 
 int main(int argc, char** argv) {
     const std::string_view mode = argc > 2 ? argv[1] : "";
-    if (mode != "states" && mode != "refused") {
-        std::fprintf(stderr, "usage: ktl_sweep states|refused COUNT [SEED]\n");
+    if (mode != "states" && mode != "borders" && mode != "refused") {
+        std::fprintf(stderr, "usage: ktl_sweep states|borders|refused COUNT [SEED]\n");
         return EXIT_FAILURE;
     }
     std::FILE* nowhere = std::fopen("/dev/null", "w");
@@ -156,5 +159,5 @@ int main(int argc, char** argv) {
     ktlerr.maxer = 2147483647;
     const long count = std::strtol(argv[2], nullptr, 10);
     const std::uint64_t seed = argc > 3 ? std::strtoull(argv[3], nullptr, 10) : 1U;
-    return mode == "states" ? sweep_states(count, seed) : sweep_refused(count, seed);
+    return mode == "refused" ? sweep_refused(count, seed) : sweep_states(count, seed, mode == "borders");
 }
