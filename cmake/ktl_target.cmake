@@ -10,3 +10,11 @@ function(ktl_target name)
         target_compile_options(${name} PRIVATE -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror)
     endif()
 endfunction()
+
+# ktl_export_only(name map): a shared library that exports nothing but the names of the map file.
+function(ktl_export_only name map)
+    if(CMAKE_EXECUTABLE_FORMAT STREQUAL ELF)
+        target_link_options(${name} PRIVATE LINKER:--version-script=${map})
+        set_target_properties(${name} PROPERTIES LINK_DEPENDS ${map})
+    endif()
+endfunction()

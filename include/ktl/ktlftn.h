@@ -29,12 +29,21 @@
 #define KTL_KTLFTN_H
 
 #include <ktl/version.h>
+#include <stddef.h>
 #include <stdio.h>
 
 #if defined(KTL_SHARED_BUILD) && defined(__GNUC__)
 #define KTL_API __attribute__((visibility("default")))
 #else
 #define KTL_API
+#endif
+
+/* The record of the process is one symbol for every language: the one of Fortran's COMMON /KTLERR/. A common
+ * block of a Fortran program then is that record, wherever the linker places it. */
+#if defined(__GNUC__) && defined(__ELF__)
+#define KTL_COMMON_BLOCK(symbol) __asm__(symbol)
+#else
+#define KTL_COMMON_BLOCK(symbol)
 #endif
 
 /* KTL_IN: read only. KTL_INOUT: read and overwritten. References in C++, pointers in C. */
@@ -53,13 +62,13 @@ extern "C" {
 
 /** Region number that a state finder returns, and what its two arguments then hold. */
 enum ktl_region {
-    KTL_LIQUID = 1,              /**< sub-region 1, water up to 350 degC: p, t */
-    KTL_STEAM = 2,               /**< sub-region 2, steam: p, t */
-    KTL_NEAR_CRITICAL_STEAM = 3, /**< sub-region 3, steam side and above 374.15 degC: v, t */
+    KTL_LIQUID = 1,               /**< sub-region 1, water up to 350 degC: p, t */
+    KTL_STEAM = 2,                /**< sub-region 2, steam: p, t */
+    KTL_NEAR_CRITICAL_STEAM = 3,  /**< sub-region 3, steam side and above 374.15 degC: v, t */
     KTL_NEAR_CRITICAL_LIQUID = 4, /**< sub-region 3, water between 350 and 374.15 degC: v, t */
-    KTL_WET_NEAR_CRITICAL = 5,   /**< two phases, saturation temperature above 350 degC: x, t */
-    KTL_WET = 6,                 /**< two phases, saturation temperature up to 350 degC: x, t */
-    KTL_NO_STATE = 7             /**< no valid state: both arguments as they were given */
+    KTL_WET_NEAR_CRITICAL = 5,    /**< two phases, saturation temperature above 350 degC: x, t */
+    KTL_WET = 6,                  /**< two phases, saturation temperature up to 350 degC: x, t */
+    KTL_NO_STATE = 7              /**< no valid state: both arguments as they were given */
 };
 
 /** A state finder: overwrites the two known values with the variables of the region that it returns. */
@@ -78,7 +87,42 @@ struct ktlerr_record {
     int maxer;  /**< errors tolerated, initially 1000000; the next one stops the program */
     int ientry; /**< errors counted so far, initially 0 */
 };
-extern KTL_API struct ktlerr_record ktlerr;
+extern KTL_API struct ktlerr_record ktlerr KTL_COMMON_BLOCK("ktlerr_");
+
+/** Initial values of ktlerr. */
+enum { KTL_INITIAL_UNIT = 6, KTL_INITIAL_LIMIT = 1000000 };
+
+/** Record ktl_lc: constants of the formulation and limits of its validity. Slots that no routine reads keep
+ *  their place. */
+struct ktl_lc_record {
+    double alpha0; /**< reduced enthalpy of the reference state, added to every enthalpy */
+    double alpha1; /**< reduced entropy of the reference state, subtracted from every entropy */
+    double pca;    /**< critical pressure, bar */
+    double vca;    /**< critical specific volume, m3/kg */
+    double tca;    /**< critical temperature, K */
+    double tza;    /**< 0 degC in K */
+    double pvo10;  /**< pca vca 100: one unit of reduced enthalpy, kJ/kg */
+    double pvot;   /**< pvo10/tca to 10 digits: one unit of reduced entropy, kJ/(kg K) */
+    double ai1;    /**< I1, the reduced gas constant */
+    double t1;     /**< boundary between sub-regions 1 and 3, degC */
+    double tc;     /**< critical temperature, degC */
+    double p1;     /**< saturation pressure at t1, bar */
+    double pmin;   /**< lowest pressure, bar: saturation pressure at tmin */
+    double pmax;   /**< highest pressure, bar */
+    double unread1[2];
+    double v3min; /**< lowest specific volume of sub-region 3, m3/kg */
+    double v3max; /**< highest specific volume of sub-region 3, m3/kg */
+    double tmin;  /**< lowest temperature, degC */
+    double tmax;  /**< highest temperature, degC */
+    double unread2;
+    double t1max; /**< highest temperature of sub-region 1, degC */
+    double t2min; /**< lowest temperature of sub-region 2, degC */
+    double t3min; /**< lowest temperature of sub-region 3, degC */
+    double t3max; /**< highest temperature of sub-region 3, degC */
+    double unread3[8];
+};
+/** The record ktl_lc. */
+KTL_API const struct ktl_lc_record* ktl_constants(void);
 
 /** The state for which the thread's working terms were last prepared; 0 before the first. */
 struct ktl_cu_record {
@@ -125,6 +169,11 @@ KTL_THREAD_RECORD struct ktl_nt_record ktl_nt;
  *   3. A state given to ktlrpt exactly on the saturation line keeps its pressure as the quality. */
 KTL_API void ktlftn(ktl_finder regfun, KTL_IN(double) indep1, KTL_IN(double) indep2, const char* strdep,
                     double* prodep);
+
+/** ktlftn for a text of known length: nothing is read past its first `length` characters, and their end ends
+ *  the codes as a blank does. For texts that carry no end of their own, such as those of Fortran. */
+KTL_API void ktlftn_len(ktl_finder regfun, KTL_IN(double) indep1, KTL_IN(double) indep2, const char* strdep,
+                        size_t length, double* prodep);
 
 /* ---- State finders ------------------------------------------------------------------------------------ */
 
@@ -322,24 +371,23 @@ KTL_API double ktl_cj(KTL_IN(double) v, KTL_IN(double) t);
  *  False position, then bisection, at most 40 passes and 82 evaluations of f.
  *  Without a root within 40 passes: the line " *** KTLFTN-WARNING: Maximum number of iterations exceeded
  *  (code: KTL_I1) ***" on unit ktlerr.iunit, not counted, and 0.0. */
-KTL_API double ktl_i1(ktl_property f, KTL_IN(double) y, KTL_IN(double) x, KTL_INOUT(double) a,
-                      KTL_INOUT(double) b, KTL_IN(double) eps);
+KTL_API double ktl_i1(ktl_property f, KTL_IN(double) y, KTL_IN(double) x, KTL_INOUT(double) a, KTL_INOUT(double) b,
+                      KTL_IN(double) eps);
 /** As ktl_i1 with f(z, y) = x. An interval without a change of sign is left by secant steps. After 40 passes
  *  the midpoint of the last interval, or the last secant point, silently. */
-KTL_API double ktl_i2(ktl_property f, KTL_IN(double) y, KTL_IN(double) x, KTL_INOUT(double) a,
-                      KTL_INOUT(double) b, KTL_IN(double) eps);
+KTL_API double ktl_i2(ktl_property f, KTL_IN(double) y, KTL_IN(double) x, KTL_INOUT(double) a, KTL_INOUT(double) b,
+                      KTL_IN(double) eps);
 /** As ktl_i1 with f(z, y, eps) = x. After 40 passes the last false-position point, silently. */
-KTL_API double ktl_i3(ktl_property_eps f, KTL_IN(double) y, KTL_IN(double) x, KTL_INOUT(double) a,
-                      KTL_INOUT(double) b, KTL_IN(double) eps);
+KTL_API double ktl_i3(ktl_property_eps f, KTL_IN(double) y, KTL_IN(double) x, KTL_INOUT(double) a, KTL_INOUT(double) b,
+                      KTL_IN(double) eps);
 /** Two unknowns: z, w with f1(z, w) = x to |x eps| and f2(z, w) = y to |y| eps^1.25.
  *
  *  Given:               f1, x, f2, y, eps
  *  Given and returned:  a1, b1 interval of z; a2, b2 interval of w; on return a1 = b1 = z, a2 = b2 = w
  *  For each trial w an inner search as ktl_i2 finds z; at most 40 outer passes. Beyond them the line
  *  " *** KTLFTN-WARNING: ... (code: KTL_ID) ***" on unit ktlerr.iunit, not counted; the last pair returns. */
-KTL_API void ktl_id(ktl_property f1, KTL_IN(double) x, ktl_property f2, KTL_IN(double) y,
-                    KTL_INOUT(double) a1, KTL_INOUT(double) b1, KTL_INOUT(double) a2, KTL_INOUT(double) b2,
-                    KTL_IN(double) eps);
+KTL_API void ktl_id(ktl_property f1, KTL_IN(double) x, ktl_property f2, KTL_IN(double) y, KTL_INOUT(double) a1,
+                    KTL_INOUT(double) b1, KTL_INOUT(double) a2, KTL_INOUT(double) b2, KTL_IN(double) eps);
 
 /* ---- Diagnostics -------------------------------------------------------------------------------------- */
 
@@ -353,10 +401,27 @@ KTL_API void ktler(const char* name, KTL_IN(int) i, KTL_IN(double) a, KTL_IN(dou
 
 /** Connects an output unit to a stream of the caller's; a null stream disconnects it. Up to 32 units.
  *
- *  Unconnected, unit 6 is standard output, unit 0 standard error, and any other writes to standard error.
+ *  Unconnected, unit 6 is standard output, unit 0 standard error, and any other writes to standard error,
+ *  unless ktl_set_line_writer has handed the unconnected units to somebody else.
  *  Returns 1, or 0 when 32 other units are connected already. Once this returns, nothing is written to the
  *  stream that the unit had before. */
 KTL_API int ktl_connect_unit(KTL_IN(int) unit, FILE* stream);
+
+/** Writes one line, given without its end, to an output unit. Returns 1, or 0 when it cannot. */
+typedef int (*ktl_line_writer)(int unit, const char* text, size_t length);
+
+/** Hands the lines of all units that ktl_connect_unit has not connected to a writer: the run-time library of
+ *  another language, a window, a log. A null pointer takes them back. A line that the writer cannot write
+ *  goes where the unit writes without it.
+ *
+ *  Returns the writer that was set before. The writer is called from any thread that reports, from several at
+ *  a time, and once more perhaps by a thread that was reporting while it was taken back. */
+KTL_API ktl_line_writer ktl_set_line_writer(ktl_line_writer writer);
+
+#undef KTL_IN
+#undef KTL_INOUT
+#undef KTL_THREAD_RECORD
+#undef KTL_COMMON_BLOCK
 
 #ifdef __cplusplus
 }

@@ -2,43 +2,16 @@
 #pragma once
 
 #include <cstddef>
+#include <ktl/ktlftn.h>
 
 namespace ktl {
 
-/// Record ktl_lc: 33 values in fixed order, read only. Slots that no routine reads keep their place.
-struct Constants {
-    double alpha0; // reduced enthalpy of the reference state, added to every enthalpy
-    double alpha1; // reduced entropy of the reference state, subtracted from every entropy
-    double pca;    // critical pressure, bar
-    double vca;    // critical specific volume, m3/kg
-    double tca;    // critical temperature, K
-    double tza;    // 0 degC in K
-    double pvo10;  // pca vca 100: one unit of reduced enthalpy, kJ/kg
-    double pvot;   // pvo10/tca to 10 digits: one unit of reduced entropy, kJ/(kg K)
-    double ai1;    // I1, the reduced gas constant
-    double t1;     // boundary between sub-regions 1 and 3, degC
-    double tc;     // critical temperature, degC
-    double p1;     // saturation pressure at t1, bar
-    double pmin;   // lowest pressure, bar: saturation pressure at tmin
-    double pmax;   // highest pressure, bar
-    double unread1[2];
-    double v3min; // lowest specific volume of sub-region 3, m3/kg
-    double v3max; // highest specific volume of sub-region 3, m3/kg
-    double tmin;  // lowest temperature, degC
-    double tmax;  // highest temperature, degC
-    double unread2;
-    double t1max; // highest temperature of sub-region 1, degC
-    double t2min; // lowest temperature of sub-region 2, degC
-    double t3min; // lowest temperature of sub-region 3, degC
-    double t3max; // highest temperature of sub-region 3, degC
-    double unread3[8];
-};
+static_assert(sizeof(ktl_lc_record) == 33 * sizeof(double));
+static_assert(offsetof(ktl_lc_record, v3min) == 16 * sizeof(double));
+static_assert(offsetof(ktl_lc_record, t1max) == 21 * sizeof(double));
 
-static_assert(sizeof(Constants) == 33 * sizeof(double));
-static_assert(offsetof(Constants, v3min) == 16 * sizeof(double));
-static_assert(offsetof(Constants, t1max) == 21 * sizeof(double));
-
-inline constexpr Constants ktl_lc{
+/// Values of the record ktl_lc, known to the compiler.
+inline constexpr ktl_lc_record ktl_lc{
     .alpha0 = 1.041659047737673e-08,
     .alpha1 = -1.592682542006834e-06,
     .pca = 221.2,

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdint>
 #include <ktl/ktlftn.h>
 
 namespace {
@@ -26,14 +27,41 @@ Code code_of(const Token& token) {
     return static_cast<Code>(at - codes.begin());
 }
 
-/// Reads one token and leaves the position at the character that ended it. A NUL ends a token as a blank
-/// does, and nothing is read past it.
-Token read_token(const char*& at) {
-    const auto ends = [](char c) { return c == '.' || c == ',' || c == ' ' || c == '\0'; };
-    Token token{' ', ' ', ' ', ' '};
-    for (std::size_t n = 0; n < token_size && !ends(*at); ++n) token[n] = *at++;
-    return token;
-}
+/// The code list, read one token after the other. Its end counts as a blank, and nothing is read past a NUL.
+class Codes {
+public:
+    Codes(const char* text, std::size_t length) : at_(text), left_(text != nullptr ? length : 0) {}
+
+    /// The next token; the reading position stays at the character that ended it.
+    Token token() {
+        Token token{' ', ' ', ' ', ' '};
+        for (std::size_t n = 0; n < token_size && !ends(here()); ++n) {
+            token[n] = here();
+            next();
+        }
+        return token;
+    }
+
+    /// Passes the comma that ends a token; false if something else does.
+    bool another() {
+        if (here() != ',') return false;
+        next();
+        return true;
+    }
+
+private:
+    static bool ends(char c) { return c == '.' || c == ',' || c == ' ' || c == '\0'; }
+
+    [[nodiscard]] char here() const { return left_ > 0 ? *at_ : ' '; }
+
+    void next() {
+        ++at_;
+        --left_;
+    }
+
+    const char* at_;
+    std::size_t left_;
+};
 
 void write_illegal_region(int region) {
     Line line;
@@ -180,6 +208,12 @@ private:
 } // namespace
 
 void ktlftn(ktl_finder regfun, const double& indep1, const double& indep2, const char* strdep, double* prodep) {
+    // The length is not known: the text carries its own end.
+    ktlftn_len(regfun, indep1, indep2, strdep, SIZE_MAX, prodep);
+}
+
+void ktlftn_len(ktl_finder regfun, const double& indep1, const double& indep2, const char* strdep, std::size_t length,
+                double* prodep) {
     double xx = indep1;
     double yy = indep2;
     const int region = regfun(xx, yy, eps);
@@ -188,16 +222,15 @@ void ktlftn(ktl_finder regfun, const double& indep1, const double& indep2, const
         return;
     }
     State state(region, xx, yy);
-    const char* at = strdep != nullptr ? strdep : "";
-    for (;; ++at, ++prodep) {
-        const Token token = read_token(at);
+    Codes list(strdep, length);
+    do {
+        const Token token = list.token();
         const Code code = code_of(token);
-        if (code == Code::illegal) {
+        if (code == Code::illegal)
             write_illegal_property(token);
-        } else {
+        else
             state.evaluate(code, *prodep);
-        }
-        if (*at != ',') break;
-    }
+        ++prodep;
+    } while (list.another());
     if (state.refused_any()) write_wet_region();
 }

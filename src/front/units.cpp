@@ -2,9 +2,11 @@
 
 #include <algorithm>
 #include <array>
+#include <atomic>
 #include <cstdio>
 #include <ktl/ktlftn.h>
 #include <mutex>
+#include <string_view>
 
 namespace ktl::front {
 
@@ -26,10 +28,30 @@ Connection* find(int unit) {
     return std::find_if(connections.data(), end, [unit](const Connection& c) { return c.unit == unit; });
 }
 
-FILE* stream_of(int unit) {
+/// The writer of unconnected units. It is called without the lock: another language's run-time library has locks
+/// of its own.
+constinit std::atomic<ktl_line_writer> line_writer{nullptr};
+
+/// The stream that a caller connected, else null.
+FILE* connected_stream(int unit) {
     const Connection* c = find(unit);
-    if (c != connections.data() + connected) return c->stream;
+    return c != connections.data() + connected ? c->stream : nullptr;
+}
+
+FILE* stream_of(int unit) {
+    if (FILE* stream = connected_stream(unit)) return stream;
     return unit == 6 ? stdout : stderr;
+}
+
+bool is_connected(int unit) {
+    const std::lock_guard guard(lock);
+    return connected_stream(unit) != nullptr;
+}
+
+/// Offers the line to the writer of unconnected units.
+bool handed_over(int unit, std::string_view words) {
+    const ktl_line_writer writer = line_writer.load(std::memory_order_acquire);
+    return writer != nullptr && !is_connected(unit) && writer(unit, words.data(), words.size()) != 0;
 }
 
 bool connect(int unit, FILE* stream) {
@@ -49,6 +71,7 @@ bool connect(int unit, FILE* stream) {
 } // namespace
 
 void write_line(int unit, const Line& line) {
+    if (handed_over(unit, line.view())) return;
     Line whole = line;
     whole.text("\n");
     const auto words = whole.view();
@@ -64,3 +87,7 @@ void flush_unit(int unit) {
 } // namespace ktl::front
 
 int ktl_connect_unit(const int& unit, FILE* stream) { return ktl::front::connect(unit, stream) ? 1 : 0; }
+
+ktl_line_writer ktl_set_line_writer(ktl_line_writer writer) {
+    return ktl::front::line_writer.exchange(writer, std::memory_order_acq_rel);
+}
