@@ -7,8 +7,7 @@ function(ktl_target name)
     set_target_properties(${name} PROPERTIES CXX_EXTENSIONS OFF)
     target_compile_options(${name} PRIVATE -ffp-contract=off)
     if(PROJECT_IS_TOP_LEVEL)
-        target_compile_options(${name} PRIVATE -Wall -Wextra -Wpedantic -Wconversion -Werror
-                               $<$<NOT:$<COMPILE_LANGUAGE:Fortran>>:-Wshadow>)
+        target_compile_options(${name} PRIVATE -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror)
     endif()
 endfunction()
 

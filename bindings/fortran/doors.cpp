@@ -20,6 +20,8 @@ extern "C" {
         const InStep after;                                                                                            \
         return name(first, second);                                                                                    \
     }
+#define KTL_PURE(name)                                                                                                 \
+    KTL_API double name##_(const double& first, const double& second) { return name(first, second); }
 #define KTL_PROPERTY_EPS(name)                                                                                         \
     KTL_API double name##_(const double& first, const double& second, const double& eps) {                             \
         const InStep after;                                                                                            \

@@ -10,7 +10,7 @@
 !
 ! Pure are ktl_ci and ktl_cj alone: every other routine keeps working terms from call to call, or may write a line.
 module ktl
-    use, intrinsic :: iso_c_binding, only: c_char, c_double, c_f_pointer, c_int, c_ptr, c_size_t
+    use, intrinsic :: iso_c_binding, only: c_double, c_f_pointer, c_int, c_ptr
     implicit none
     private
 
@@ -95,81 +95,81 @@ module ktl
 
     ! ---- State finders -----------------------------------------------------------------------------------------------
 
-    procedure(ktl_finder), bind(c, name='ktlrpt'), public :: ktlrpt ! pressure and temperature
-    procedure(ktl_finder), bind(c, name='ktlrpx'), public :: ktlrpx ! pressure and quality
-    procedure(ktl_finder), bind(c, name='ktlrtx'), public :: ktlrtx ! temperature and quality
-    procedure(ktl_finder), bind(c, name='ktlrph'), public :: ktlrph ! pressure and enthalpy
+    procedure(ktl_finder), bind(c, name='ktlrpt_'), public :: ktlrpt ! pressure and temperature
+    procedure(ktl_finder), bind(c, name='ktlrpx_'), public :: ktlrpx ! pressure and quality
+    procedure(ktl_finder), bind(c, name='ktlrtx_'), public :: ktlrtx ! temperature and quality
+    procedure(ktl_finder), bind(c, name='ktlrph_'), public :: ktlrph ! pressure and enthalpy
 
     ! ---- Sub-region 1, water up to 350 degC, at p, t -----------------------------------------------------------------
 
-    procedure(ktl_terms), bind(c, name='comt1'), public :: comt1
-    procedure(ktl_property), bind(c, name='ktl_c1'), public :: ktl_c1 ! volume
-    procedure(ktl_property), bind(c, name='ktl_d1'), public :: ktl_d1 ! enthalpy
-    procedure(ktl_property), bind(c, name='ktl_e1'), public :: ktl_e1 ! entropy
-    procedure(ktl_property), bind(c, name='ktl_f1'), public :: ktl_f1 ! internal energy
-    procedure(ktl_property), bind(c, name='ktl_h1'), public :: ktl_h1 ! isobaric heat capacity
+    procedure(ktl_terms), bind(c, name='comt1_'), public :: comt1
+    procedure(ktl_property), bind(c, name='ktl_c1_'), public :: ktl_c1 ! volume
+    procedure(ktl_property), bind(c, name='ktl_d1_'), public :: ktl_d1 ! enthalpy
+    procedure(ktl_property), bind(c, name='ktl_e1_'), public :: ktl_e1 ! entropy
+    procedure(ktl_property), bind(c, name='ktl_f1_'), public :: ktl_f1 ! internal energy
+    procedure(ktl_property), bind(c, name='ktl_h1_'), public :: ktl_h1 ! isobaric heat capacity
 
     ! ---- Sub-region 2, steam, at p, t --------------------------------------------------------------------------------
 
-    procedure(ktl_terms), bind(c, name='comt2'), public :: comt2
-    procedure(ktl_property), bind(c, name='ktl_c2'), public :: ktl_c2 ! volume
-    procedure(ktl_property), bind(c, name='ktl_d2'), public :: ktl_d2 ! enthalpy
-    procedure(ktl_property), bind(c, name='ktl_e2'), public :: ktl_e2 ! entropy
-    procedure(ktl_property), bind(c, name='ktl_f2'), public :: ktl_f2 ! internal energy
-    procedure(ktl_property), bind(c, name='ktl_h2'), public :: ktl_h2 ! isobaric heat capacity
+    procedure(ktl_terms), bind(c, name='comt2_'), public :: comt2
+    procedure(ktl_property), bind(c, name='ktl_c2_'), public :: ktl_c2 ! volume
+    procedure(ktl_property), bind(c, name='ktl_d2_'), public :: ktl_d2 ! enthalpy
+    procedure(ktl_property), bind(c, name='ktl_e2_'), public :: ktl_e2 ! entropy
+    procedure(ktl_property), bind(c, name='ktl_f2_'), public :: ktl_f2 ! internal energy
+    procedure(ktl_property), bind(c, name='ktl_h2_'), public :: ktl_h2 ! isobaric heat capacity
 
     ! ---- Sub-region 3, near-critical, at v, t ------------------------------------------------------------------------
 
-    procedure(ktl_terms), bind(c, name='comt3'), public :: comt3
-    procedure(ktl_property), bind(c, name='ktl_a3'), public :: ktl_a3 ! pressure
-    procedure(ktl_property), bind(c, name='ktl_d3'), public :: ktl_d3 ! enthalpy
-    procedure(ktl_property), bind(c, name='ktl_e3'), public :: ktl_e3 ! entropy
-    procedure(ktl_property), bind(c, name='ktl_f3'), public :: ktl_f3 ! internal energy
-    procedure(ktl_property), bind(c, name='ktl_h3'), public :: ktl_h3 ! isobaric heat capacity
-    procedure(ktl_property), bind(c, name='cp3e'), public :: cp3e     ! second name of ktl_h3
+    procedure(ktl_terms), bind(c, name='comt3_'), public :: comt3
+    procedure(ktl_property), bind(c, name='ktl_a3_'), public :: ktl_a3 ! pressure
+    procedure(ktl_property), bind(c, name='ktl_d3_'), public :: ktl_d3 ! enthalpy
+    procedure(ktl_property), bind(c, name='ktl_e3_'), public :: ktl_e3 ! entropy
+    procedure(ktl_property), bind(c, name='ktl_f3_'), public :: ktl_f3 ! internal energy
+    procedure(ktl_property), bind(c, name='ktl_h3_'), public :: ktl_h3 ! isobaric heat capacity
+    procedure(ktl_property), bind(c, name='cp3e_'), public :: cp3e     ! second name of ktl_h3
 
     ! ---- Saturation line ---------------------------------------------------------------------------------------------
 
-    procedure(ktl_saturation), bind(c, name='ktl_pt'), public :: ktl_pt ! pressure at t
-    procedure(ktl_saturation), bind(c, name='psl1'), public :: psl1     ! pressure at t; keeps the slope
-    procedure(ktl_saturation), bind(c, name='ktl_it'), public :: ktl_it ! temperature at p
-    procedure(ktl_saturation), bind(c, name='ktl_tp'), public :: ktl_tp ! temperature at p, as ever; use ktl_it
+    procedure(ktl_saturation), bind(c, name='ktl_pt_'), public :: ktl_pt ! pressure at t
+    procedure(ktl_saturation), bind(c, name='psl1_'), public :: psl1     ! pressure at t; keeps the slope
+    procedure(ktl_saturation), bind(c, name='ktl_it_'), public :: ktl_it ! temperature at p
+    procedure(ktl_saturation), bind(c, name='ktl_tp_'), public :: ktl_tp ! temperature at p, as ever; use ktl_it
 
     ! ---- Transport properties, at v, t -------------------------------------------------------------------------------
 
-    procedure(ktl_pure_property), bind(c, name='ktl_ci'), public :: ktl_ci ! dynamic viscosity, Pa s
-    procedure(ktl_pure_property), bind(c, name='ktl_cj'), public :: ktl_cj ! thermal conductivity, W/(m K)
+    procedure(ktl_pure_property), bind(c, name='ktl_ci_'), public :: ktl_ci ! dynamic viscosity, Pa s
+    procedure(ktl_pure_property), bind(c, name='ktl_cj_'), public :: ktl_cj ! thermal conductivity, W/(m K)
 
     ! ---- Solvers -----------------------------------------------------------------------------------------------------
 
-    procedure(ktl_solver), bind(c, name='ktl_i1'), public :: ktl_i1     ! z between a and b with f(y, z) = x
-    procedure(ktl_solver), bind(c, name='ktl_i2'), public :: ktl_i2     ! f(z, y) = x
-    procedure(ktl_solver_eps), bind(c, name='ktl_i3'), public :: ktl_i3 ! f(z, y, eps) = x
+    procedure(ktl_solver), bind(c, name='ktl_i1_'), public :: ktl_i1     ! z between a and b with f(y, z) = x
+    procedure(ktl_solver), bind(c, name='ktl_i2_'), public :: ktl_i2     ! f(z, y) = x
+    procedure(ktl_solver_eps), bind(c, name='ktl_i3_'), public :: ktl_i3 ! f(z, y, eps) = x
 
     interface
         ! z in a1..b1 and w in a2..b2 with f1(z, w) = x and f2(z, w) = y; on return a1 = b1 = z, a2 = b2 = w.
-        subroutine ktl_id(f1, x, f2, y, a1, b1, a2, b2, eps) bind(c, name='ktl_id')
+        subroutine ktl_id(f1, x, f2, y, a1, b1, a2, b2, eps) bind(c, name='ktl_id_')
             import :: c_double, ktl_property
             procedure(ktl_property) :: f1, f2
             real(c_double), intent(in) :: x, y, eps
             real(c_double), intent(inout) :: a1, b1, a2, b2
         end subroutine ktl_id
 
-        ! The entry for a list of codes with its length. ktl_properties takes the length from the text.
-        subroutine ktlftn_len(regfun, indep1, indep2, strdep, length, prodep) bind(c, name='ktlftn_len')
-            import :: c_char, c_double, c_size_t, ktl_finder
+        ! The entry: see ktl_properties, which also minds the size of prodep. The codes end with a full stop, a blank,
+        ! or the text.
+        subroutine ktlftn(regfun, indep1, indep2, strdep, prodep)
+            import :: c_double, ktl_finder
             procedure(ktl_finder) :: regfun
             real(c_double), intent(in) :: indep1, indep2
-            character(kind=c_char), intent(in) :: strdep(*)
-            integer(c_size_t), value :: length
+            character(len=*), intent(in) :: strdep
             real(c_double), intent(inout) :: prodep(*)
-        end subroutine ktlftn_len
+        end subroutine ktlftn
 
         ! Reports and counts one error, as the equations do; the name is not written. Digits of the case code i label a
         ! and b: 1 P, 2 T, 3 H, 4 V, 5 S; a negative code reports a failed convergence, else a range.
-        subroutine ktler(name, i, a, b) bind(c, name='ktler')
-            import :: c_char, c_double, c_int
-            character(kind=c_char), intent(in) :: name(*)
+        subroutine ktler(name, i, a, b)
+            import :: c_double, c_int
+            character(len=*), intent(in) :: name
             integer(c_int), intent(in) :: i
             real(c_double), intent(in) :: a, b
         end subroutine ktler
@@ -185,7 +185,7 @@ module ktl
             import :: c_double
         end function ktl_saturation_slope
     end interface
-    public :: ktl_id, ktlftn_len, ktler, ktl_prepared_state, ktl_saturation_slope
+    public :: ktl_id, ktlftn, ktler, ktl_prepared_state, ktl_saturation_slope
 
     public :: ktl_properties
 
@@ -199,27 +199,25 @@ contains
     subroutine ktl_properties(finder, first, second, codes, values)
         procedure(ktl_finder) :: finder
         real(c_double), intent(in) :: first, second
-        character(kind=c_char, len=*), intent(in) :: codes
+        character(len=*), intent(in) :: codes
         real(c_double), intent(inout), contiguous :: values(:)
-        integer(c_size_t) :: length
 
         if (size(values) == 0) return
-        length = length_of_codes(codes, size(values))
-        call ktlftn_len(finder, first, second, codes, length, values)
+        call ktlftn(finder, first, second, codes(:length_of_codes(codes, size(values))), values)
     end subroutine ktl_properties
 
     ! Length of the first `count` codes of the list.
-    pure integer(c_size_t) function length_of_codes(codes, count) result(length)
-        character(kind=c_char, len=*), intent(in) :: codes
+    pure integer function length_of_codes(codes, count) result(length)
+        character(len=*), intent(in) :: codes
         integer, intent(in) :: count
         integer :: at, commas
 
         commas = 0
-        length = len(codes, kind=c_size_t)
+        length = len(codes)
         do at = 1, len(codes)
             if (codes(at:at) == ',') commas = commas + 1
             if (commas < count) cycle
-            length = int(at - 1, c_size_t)
+            length = at - 1
             return
         end do
     end function length_of_codes
