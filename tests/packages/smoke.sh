@@ -26,9 +26,14 @@ inside() {
         ${http_proxy:+http_proxy="$http_proxy"} sh -euc "cd /packages; $1"
 }
 
+# quietly COMMAND: its output only when it fails.
+quietly() {
+    output=$(inside "$1" 2>&1) || { echo "failed: $1: $output"; exit 1; }
+}
+
 # wanted TEXT COMMAND: the output of the command holds the text.
 wanted() {
-    output=$(inside "$2" 2>&1) || { echo "failed: $2: $output"; exit 1; }
+    quietly "$2"
     case $output in
         *"$1"*) ;;
         *) echo "$2: no '$1' in: $output"; exit 1 ;;
@@ -36,10 +41,10 @@ wanted() {
 }
 
 install="apt-get install -y -qq --no-install-recommends"
-inside "apt-get update -qq; $install ./ktl_*.deb ./libktl0.1_*.deb" >/dev/null 2>&1
+quietly "apt-get update -qq; $install ./ktl_*.deb ./libktl0.1_*.deb"
 wanted "H   419.738642 kJ/kg" "ktl pt 10 100 H"
 
-inside "$install ./libktl-dev_*.deb ./libktl-fortran-dev_*.deb gcc gfortran libstdc++-12-dev pkg-config" >/dev/null 2>&1
+quietly "$install ./libktl-dev_*.deb ./libktl-fortran-dev_*.deb gcc gfortran libstdc++-12-dev pkg-config"
 # shellcheck disable=SC2016  # expands in the bare system
 {
     wanted "behind it:        1.50 bar, 111.372 degC" 'gcc flash.c $(pkg-config --cflags --libs ktl) -o flash; ./flash'
@@ -48,6 +53,6 @@ inside "$install ./libktl-dev_*.deb ./libktl-fortran-dev_*.deb gcc gfortran libs
     wanted "300.00 BAR: NO SATURATED STATE" \
         'gfortran -static extraction.f -lktl_fortran -lktl -lstdc++ -o extraction; ./extraction'
 }
-inside 'dpkg --purge libktl-fortran-dev libktl-dev ktl libktl0.1' >/dev/null
+quietly 'dpkg --purge libktl-fortran-dev libktl-dev ktl libktl0.1'
 left=$(find "$root/usr" -name '*ktl*')
 [ -z "$left" ] || { echo "left behind: $left"; exit 1; }
