@@ -167,4 +167,35 @@ TEST(Units, ThirtyTwoAtMost) {
     }
 }
 
+/// Lines that a writer was handed, as "unit:text" with a bar behind each; unit 50 it refuses.
+std::string handed;
+int keep_line(int unit, const char* text, std::size_t length) {
+    if (unit == 50) return 0;
+    handed += std::to_string(unit) + ":" + std::string(text, length) + "|";
+    return 1;
+}
+
+TEST(Units, WriterOfUnconnectedUnits) {
+    const std::string line = " *** KTLFTN-ERROR: Out of range, P=  1.00000000E+00 ***";
+    const auto report_on = [](int unit) {
+        ktlerr.iunit = unit;
+        ktler("TEST  ", 1, 1.0, 0.0);
+    };
+    Reports connected(40);
+    handed.clear();
+    EXPECT_EQ(ktl_set_line_writer(keep_line), nullptr);
+    report_on(6);
+    report_on(40);
+    report_on(-3);
+    EXPECT_EQ(handed, "6:" + line + "|-3:" + line + "|");
+    EXPECT_EQ(connected.count(), 1U) << "a connected unit stays connected";
+    ::testing::internal::CaptureStderr();
+    report_on(50);
+    EXPECT_EQ(::testing::internal::GetCapturedStderr(), line + "\n") << "refused: as without a writer";
+    EXPECT_EQ(ktl_set_line_writer(nullptr), keep_line);
+    ::testing::internal::CaptureStderr();
+    report_on(51);
+    EXPECT_EQ(::testing::internal::GetCapturedStderr(), line + "\n");
+}
+
 } // namespace

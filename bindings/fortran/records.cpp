@@ -7,9 +7,10 @@
 extern "C" {
 // A Fortran program that names a block has a block of that name of its own, filled with zeros. Linked statically, the
 // definitions here replace it; linked to the shared library, it replaces these: either way there is one.
-KTL_API ktl_lc_record ktl_lc_{};
-KTL_API ktl_cu_record ktl_cu_{};
-KTL_API ktl_nt_record ktl_nt_{};
+// Compilers align blocks as they please, up to a cache line.
+alignas(64) KTL_API ktl_lc_record ktl_lc_{};
+alignas(64) KTL_API ktl_cu_record ktl_cu_{};
+alignas(64) KTL_API ktl_nt_record ktl_nt_{};
 
 // Of the Fortran sources.
 int ktl_fortran_write_line(int unit, const char* text, std::size_t length);

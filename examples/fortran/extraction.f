@@ -66,7 +66,6 @@ C     AT 2 BAR
       WRITE (6,190) TS
       CLOSE (13)
       CLOSE (14)
-      STOP
 C
   100 FORMAT (' UNIT', I3, ', LIMITS', 2I9, ', COUNT', I2)
   110 FORMAT (' CRITICAL POINT', F8.2, ' BAR', F8.2, ' DEGC')

@@ -4,7 +4,8 @@
 
 #include <ktl/ktlftn.h>
 
-constinit ktlerr_record ktlerr{
+// Aligned as any Fortran compiler may want its COMMON block.
+alignas(64) constinit ktlerr_record ktlerr{
     .iunit = KTL_INITIAL_UNIT, .nprer = KTL_INITIAL_LIMIT, .maxer = KTL_INITIAL_LIMIT, .ientry = 0};
 constinit thread_local ktl_cu_record ktl_cu{};
 constinit thread_local ktl_nt_record ktl_nt{};
