@@ -99,6 +99,27 @@ module ktl
     procedure(ktl_finder), bind(c, name='ktlrpx_'), public :: ktlrpx ! pressure and quality
     procedure(ktl_finder), bind(c, name='ktlrtx_'), public :: ktlrtx ! temperature and quality
     procedure(ktl_finder), bind(c, name='ktlrph_'), public :: ktlrph ! pressure and enthalpy
+    procedure(ktl_finder), bind(c, name='ktlrps_'), public :: ktlrps ! pressure and entropy
+    procedure(ktl_finder), bind(c, name='ktlrpu_'), public :: ktlrpu ! pressure and internal energy
+    procedure(ktl_finder), bind(c, name='ktlrpv_'), public :: ktlrpv ! pressure and volume
+    procedure(ktl_finder), bind(c, name='ktlrtv_'), public :: ktlrtv ! temperature and volume
+    procedure(ktl_finder), bind(c, name='ktlrth_'), public :: ktlrth ! temperature and enthalpy
+    procedure(ktl_finder), bind(c, name='ktlrts_'), public :: ktlrts ! temperature and entropy
+    procedure(ktl_finder), bind(c, name='ktlrtu_'), public :: ktlrtu ! temperature and internal energy
+    procedure(ktl_finder), bind(c, name='ktlrsx_'), public :: ktlrsx ! entropy and quality
+    procedure(ktl_finder), bind(c, name='ktlrhs_'), public :: ktlrhs ! enthalpy and entropy
+    procedure(ktl_finder), bind(c, name='ktlrus_'), public :: ktlrus ! internal energy and entropy
+    procedure(ktl_finder), bind(c, name='ktlrvh_'), public :: ktlrvh ! volume and enthalpy
+    procedure(ktl_finder), bind(c, name='ktlrvs_'), public :: ktlrvs ! volume and entropy
+    procedure(ktl_finder), bind(c, name='ktlrvu_'), public :: ktlrvu ! volume and internal energy
+
+    ! ---- Properties of two variables, of the state that ktlrpv or ktlrts finds ---------------------------------------
+
+    procedure(ktl_property_eps), bind(c, name='ktl_sp_'), public :: ktl_sp ! entropy at p, v
+    procedure(ktl_property_eps), bind(c, name='ktl_hp_'), public :: ktl_hp ! enthalpy at p, v
+    procedure(ktl_property_eps), bind(c, name='ktl_up_'), public :: ktl_up ! internal energy at p, v
+    procedure(ktl_property_eps), bind(c, name='ktl_ht_'), public :: ktl_ht ! enthalpy at t, s
+    procedure(ktl_property_eps), bind(c, name='ktl_ut_'), public :: ktl_ut ! internal energy at t, s
 
     ! ---- Sub-region 1, water up to 350 degC, at p, t -----------------------------------------------------------------
 
