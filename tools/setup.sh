@@ -5,6 +5,7 @@ set -eu
 packages="
     g++ clang cmake ninja-build make
     libcli11-dev libcsv-dev
+    gfortran pkg-config mandoc
     libgtest-dev libbenchmark-dev
 "
 
