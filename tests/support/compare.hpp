@@ -17,6 +17,9 @@ std::string named(const Parts&... parts) {
     return text.str();
 }
 
+/// Equal, or both not a number.
+inline bool same(double a, double b) { return a == b || (std::isnan(a) && std::isnan(b)); }
+
 /// got within an absolute deviation of wanted; a not-a-number on either side fails.
 inline ::testing::AssertionResult within(const std::string& what, double got, double wanted, double allowed) {
     if (std::fabs(got - wanted) <= allowed) return ::testing::AssertionSuccess();

@@ -24,12 +24,9 @@ T enthalpy_rounding(const T& p, const T& t) {
     constexpr auto& c = region2::ktl_t2;
     const T theta = (t + ktl_lc.tza) / ktl_lc.tca;
     const T beta = p / ktl_lc.pca;
-    const T sum = sum_of({{c.bb92 * (b00t2 - 2.0 * c.b00), 2},
-                          {c.bb93 * (b00t3 - 3.0 * c.b00), 3},
-                          {c.bb94 * (b00t4 - 4.0 * c.b00), 4},
-                          {c.bb95 * (b00t5 - 5.0 * c.b00), 5},
-                          {c.bb96 * (b00t6 - 6.0 * c.b00), 6}},
-                         x_of(theta));
+    const T sum =
+        series(x_of(theta), 2, 1, c.bb92 * (b00t2 - 2.0 * c.b00), c.bb93 * (b00t3 - 3.0 * c.b00),
+               c.bb94 * (b00t4 - 4.0 * c.b00), c.bb95 * (b00t5 - 5.0 * c.b00), c.bb96 * (b00t6 - 6.0 * c.b00));
     return ktl_lc.pvo10 * theta * beta * power(beta / beta_l(theta), 10) * sum;
 }
 
@@ -51,9 +48,9 @@ inline double slope_rounding(double t) {
     using namespace saturation;
     const double theta = (t + ktl_lc.tza) / ktl_lc.tca;
     const double x = 1.0 - theta;
-    const double sum = sum_of(
-        {{ak2t2 - 2.0 * ak[1], 1}, {ak3t3 - 3.0 * ak[2], 2}, {ak4t4 - 4.0 * ak[3], 3}, {ak5t5 - 5.0 * ak[4], 4}}, x);
-    return -sum / theta / sum_of({{1.0, 0}, {ak[5], 1}, {ak[6], 2}}, x);
+    const double sum =
+        series(x, 1, 1, ak2t2 - 2.0 * ak[1], ak3t3 - 3.0 * ak[2], ak4t4 - 4.0 * ak[3], ak5t5 - 5.0 * ak[4]);
+    return -sum / theta / series(x, 0, 1, 1.0, ak[5], ak[6]);
 }
 
 } // namespace ktl::test
