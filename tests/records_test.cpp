@@ -9,6 +9,7 @@
 #include <cmath>
 #include <gtest/gtest.h>
 #include <ktl/ktlftn.h>
+#include <map>
 #include <numeric>
 #include <thread>
 
@@ -67,19 +68,16 @@ TEST(Records, LimitsOfTheRange) {
     const double low_p = ktl_lc.pmin * 0.99999;
     const double high_p = 1000.0 * 1.00001;
     const double low_t = 0.01 * 0.99999;
-    const double high_t = 350.0 * 1.00001;
-    const Row rows[] = {{comt1, {low_p, 50.0}, -1, 0},
-                        {comt1, {high_p, 50.0}, 1, 0},
-                        {comt1, {50.0, low_t}, 0, -1},
-                        {comt1, {50.0, high_t}, 0, 1},
-                        {comt2, {low_p, 50.0}, -1, 0},
-                        {comt2, {high_p, 600.0}, 1, 0},
-                        {comt2, {0.01, low_t}, 0, -1},
-                        {comt2, {50.0, 800.0 * 1.00001}, 0, 1},
-                        {comt3, {ktl_lc.v3min * 0.99999, 400.0}, -1, 0},
-                        {comt3, {ktl_lc.v3max * 1.00001, 400.0}, 1, 0},
-                        {comt3, {0.003, 350.0 * 0.99999}, 0, -1},
-                        {comt3, {0.003, 590.0 * 1.00001}, 0, 1}};
+    const double t1 = 350.0 * 1.00001;
+    const double t2 = 800.0 * 1.00001;
+    const double t3_low = 350.0 * 0.99999;
+    const double t3 = 590.0 * 1.00001;
+    const double v_low = ktl_lc.v3min * 0.99999;
+    const double v_high = ktl_lc.v3max * 1.00001;
+    const Row rows[] = {{comt1, {low_p, 50.0}, -1, 0},  {comt1, {high_p, 50.0}, 1, 0},   {comt1, {50.0, low_t}, 0, -1},
+                        {comt1, {50.0, t1}, 0, 1},      {comt2, {low_p, 50.0}, -1, 0},   {comt2, {high_p, 600.0}, 1, 0},
+                        {comt2, {0.01, low_t}, 0, -1},  {comt2, {50.0, t2}, 0, 1},       {comt3, {v_low, 400.0}, -1, 0},
+                        {comt3, {v_high, 400.0}, 1, 0}, {comt3, {0.003, t3_low}, 0, -1}, {comt3, {0.003, t3}, 0, 1}};
     Reports reports;
     for (const auto& [prepare, inside, first, t] : rows) {
         prepare(inside.first, inside.t);
@@ -186,14 +184,10 @@ TEST(Threads, ReportsAreCountedAndWhole) {
             });
     }
     EXPECT_EQ(ktlerr.ientry, 8 * each);
-    std::array<int, 8> seen{};
-    for (const auto& line : reports.lines()) {
-        ASSERT_EQ(line.size(), 75U);
-        ASSERT_EQ(line.substr(0, 36), " *** KTLFTN-ERROR: Out of range, P= ");
-        ASSERT_EQ(line.substr(71), " ***");
-        ++seen.at(static_cast<std::size_t>(line[37] - '0'));
-    }
-    for (const int count : seen) EXPECT_EQ(count, each);
+    std::map<std::string, int> seen;
+    for (const auto& line : reports.lines()) ++seen[line.substr(0, 40) + line.substr(71)];
+    EXPECT_EQ(seen.size(), 8U);
+    for (const auto& [ends, count] : seen) EXPECT_EQ(count, each) << ends;
 }
 
 } // namespace

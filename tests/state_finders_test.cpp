@@ -17,7 +17,7 @@ using namespace ktl::test;
 using ktl::ktl_lc;
 constexpr double eps = 1e-08;
 constexpr double infinity = std::numeric_limits<double>::infinity();
-const double not_a_number = std::nan("");
+const double none = std::nan("");
 
 double above(double x) { return std::nextafter(x, infinity); }
 double below(double x) { return std::nextafter(x, -infinity); }
@@ -55,14 +55,14 @@ TEST(PressureTemperature, Regions) {
     const double p350 = ktl_pt(350.0);
     const double p374 = ktl_pt(374.15);
     const Row rows[] = {
-        {10.0, 100.0, 1},         {1.0, 100.0, 2},           {1000.0, 0.01, 1},        {0.006, 0.02, 2},
-        {1000.0, 800.0, 2},       {p350, 350.0, 6},          {165.0, 350.0, 2},        {166.0, 350.0, 1},
-        {166.0, above(350.0), 4}, {167.0, 351.0, 2},         {167.2, 351.0, 3},        {167.5, 351.0, 4},
-        {p374, 374.15, 5},        {222.0, 374.15, 4},        {221.0, 374.15, 3},       {222.0, above(374.15), 3},
-        {150.0, 374.15, 2},       {300.0, 400.0, 3},         {200.0, 400.0, 2},        {999.0, 589.0, 3},
-        {1000.0, 590.0, 2},       {ktl_pt(360.0), 360.0, 5}, {ktl_pt(20.0), 20.0, 6},  {infinity, 100.0, 1},
-        {-infinity, 100.0, 2},    {10.0, infinity, 2},       {not_a_number, 100.0, 1}, {10.0, not_a_number, 1},
-        {not_a_number, 360.0, 3}, {not_a_number, 500.0, 3}};
+        {10.0, 100.0, 1},         {1.0, 100.0, 2},           {1000.0, 0.01, 1},       {0.006, 0.02, 2},
+        {1000.0, 800.0, 2},       {p350, 350.0, 6},          {165.0, 350.0, 2},       {166.0, 350.0, 1},
+        {166.0, above(350.0), 4}, {167.0, 351.0, 2},         {167.2, 351.0, 3},       {167.5, 351.0, 4},
+        {p374, 374.15, 5},        {222.0, 374.15, 4},        {221.0, 374.15, 3},      {222.0, above(374.15), 3},
+        {150.0, 374.15, 2},       {300.0, 400.0, 3},         {200.0, 400.0, 2},       {999.0, 589.0, 3},
+        {1000.0, 590.0, 2},       {ktl_pt(360.0), 360.0, 5}, {ktl_pt(20.0), 20.0, 6}, {infinity, 100.0, 1},
+        {-infinity, 100.0, 2},    {10.0, infinity, 2},       {none, 100.0, 1},        {10.0, none, 1},
+        {none, 360.0, 3},         {none, 500.0, 3}};
     for (const auto& [p, t, region] : rows) {
         const auto found = find(ktlrpt, p, t);
         EXPECT_EQ(found.region, region) << p << " bar, " << t << " degC";
@@ -146,11 +146,11 @@ TEST(Quality, FromPressureAndFromTemperature) {
         double given;
         int region;
     };
-    const Row rows[] = {{ktlrpx, 1.0, 6},         {ktlrpx, ktl_lc.p1, 6},     {ktlrpx, above(ktl_lc.p1), 5},
-                        {ktlrpx, 221.2, 5},       {ktlrpx, above(221.2), 7},  {ktlrpx, not_a_number, 7},
-                        {ktlrtx, 100.0, 6},       {ktlrtx, 350.0, 6},         {ktlrtx, above(350.0), 5},
-                        {ktlrtx, 374.15, 5},      {ktlrtx, above(374.15), 7}, {ktlrtx, infinity, 7},
-                        {ktlrtx, not_a_number, 6}};
+    const Row rows[] = {{ktlrpx, 1.0, 6},    {ktlrpx, ktl_lc.p1, 6},     {ktlrpx, above(ktl_lc.p1), 5},
+                        {ktlrpx, 221.2, 5},  {ktlrpx, above(221.2), 7},  {ktlrpx, none, 7},
+                        {ktlrtx, 100.0, 6},  {ktlrtx, 350.0, 6},         {ktlrtx, above(350.0), 5},
+                        {ktlrtx, 374.15, 5}, {ktlrtx, above(374.15), 7}, {ktlrtx, infinity, 7},
+                        {ktlrtx, none, 6}};
     Reports reports;
     for (const auto& [finder, given, region] : rows)
         for (const double x : {0.3, -2.0, 55.0}) {
@@ -217,9 +217,11 @@ TEST(PressureEnthalpy, Edges) {
     const double p1 = ktl_lc.p1;
     const double hp1 = ktl_d1(p1, ktl_it(p1));
     const double hpp1 = ktl_d2(p1, ktl_it(p1));
-    const double small = 1e-9;
-    const double margin = ktl_d1(200.0, 350.0) + 0.2;
-    const double boundary = ktl_d2(200.0, boundary_temperature(200.0)) - 0.2;
+    const double h350 = ktl_d1(above(p1), 350.0) + 0.19;
+    const double to_1 = ktl_d1(200.0, 350.0) + 0.2 - 1e-9; // the margins of 0.2 kJ/kg
+    const double from_4 = to_1 + 2e-9;
+    const double to_3 = ktl_d2(200.0, boundary_temperature(200.0)) - 0.2 - 1e-9;
+    const double from_2 = to_3 + 2e-9;
     const double hc = near_critical_enthalpy(250.0, 374.15, 0.00317, ktl_lc.v3min);
     const double ts = ktl_it(200.0);
     const double hp = near_critical_enthalpy(200.0, ts, std::min(6.0e-05 * ts - 0.01899, 0.00317), ktl_lc.v3min);
@@ -228,29 +230,12 @@ TEST(PressureEnthalpy, Edges) {
         double p, h;
         int region;
     };
-    const double p1_up = above(p1);
-    const Row rows[] = {{p1, hp1, 1},
-                        {p1, above(hp1), 6},
-                        {p1, hpp1, 2},
-                        {p1, below(hpp1), 6},
-                        {p1_up, ktl_d1(p1_up, 350.0) + 0.19, 1},
-                        {200.0, margin - small, 1},
-                        {200.0, margin + small, 4},
-                        {200.0, below(hp), 4},
-                        {200.0, hp, 5},
-                        {200.0, below(hpp), 5},
-                        {200.0, hpp, 3},
-                        {200.0, boundary - small, 3},
-                        {200.0, boundary + small, 2},
-                        {250.0, hc, 4},
-                        {250.0, above(hc), 3},
-                        {1000.0, 2800.0, 3},
-                        {1000.0, 3400.0, 2},
-                        {221.2, 1800.0, 4},
-                        {250.0, -infinity, 1},
-                        {10.0, not_a_number, 6},
-                        {not_a_number, 2000.0, 6},
-                        {250.0, not_a_number, 2}};
+    const Row rows[] = {{p1, hp1, 1},         {p1, above(hp1), 6},    {p1, hpp1, 2},         {p1, below(hpp1), 6},
+                        {above(p1), h350, 1}, {200.0, to_1, 1},       {200.0, from_4, 4},    {200.0, below(hp), 4},
+                        {200.0, hp, 5},       {200.0, below(hpp), 5}, {200.0, hpp, 3},       {200.0, to_3, 3},
+                        {200.0, from_2, 2},   {250.0, hc, 4},         {250.0, above(hc), 3}, {1000.0, 2800.0, 3},
+                        {1000.0, 3400.0, 2},  {221.2, 1800.0, 4},     {250.0, -infinity, 1}, {10.0, none, 6},
+                        {none, 2000.0, 6},    {250.0, none, 2}};
     for (const auto& [p, h, region] : rows) EXPECT_EQ(find(ktlrph, p, h).region, region) << p << " bar, " << h;
     EXPECT_EQ(find(ktlrph, 200.0, hp).second, ts);
     EXPECT_TRUE(within("boundary at p1", boundary_temperature(p1), 349.99623, 5e-6));

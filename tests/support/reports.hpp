@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <ktl/ktlftn.h>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -29,13 +30,9 @@ public:
     std::vector<std::string> lines() {
         std::fflush(stream_);
         std::vector<std::string> out;
-        const std::string all(text_ + read_, size_ - read_);
+        std::istringstream text(std::string(text_ + read_, size_ - read_));
         read_ = size_;
-        for (std::size_t at = 0; at < all.size();) {
-            const std::size_t end = all.find('\n', at);
-            out.push_back(all.substr(at, end - at));
-            at = end == std::string::npos ? all.size() : end + 1;
-        }
+        for (std::string line; std::getline(text, line);) out.push_back(line);
         return out;
     }
     std::size_t count() { return lines().size(); }
