@@ -1,0 +1,153 @@
+// Which state the finders choose where a pair has several, or lies between two sub-regions.
+#include "found.hpp"
+
+#include "regions/state.hpp"
+#include "support/compare.hpp"
+#include "support/reports.hpp"
+
+#include <cmath>
+#include <string>
+
+namespace {
+
+using namespace ktl::test;
+
+TEST(Choice, ColdWaterByVolumeIsTheWarmerOne) {
+    // Water at 10 bar is densest near 4.5 degC; it has the same volume at 1 and at about 8 degC.
+    const double v = ktl_c1(10.0, 1.0);
+    const Found f = find(ktlrpv, 10.0, v);
+    EXPECT_EQ(f.region, KTL_LIQUID);
+    EXPECT_GT(f.second, 6.0);
+    EXPECT_LT(f.second, 9.0);
+    EXPECT_TRUE(close("volume", ktl_c1(f.first, f.second), v, 1e-12));
+}
+
+TEST(Choice, ColdWaterGoesBeforeAMixtureOfNoSteam) {
+    // Saturated at 2 degC: water at 1 degC has a volume that a mixture of quality 3e-10 has too.
+    const double p = ktl_pt(2.0);
+    const double v = ktl_c1(p, 1.0);
+    const Found f = find(ktlrpv, p, v);
+    EXPECT_EQ(f.region, KTL_LIQUID);
+    EXPECT_TRUE(within("temperature", f.second, 1.0, 1e-6));
+}
+
+TEST(Choice, IsothermsGiveTheLowestPressure) {
+    struct Row {
+        const char* what;
+        ktl_finder finder;
+        double t, value;
+        int region;
+        double lowest, highest; // pressure, or quality of a mixture
+    };
+    // At 320 degC the enthalpy of water falls from saturation (112.9 bar) to about 820 bar, then rises.
+    const double h320 = ktl_d1(200.0, 320.0);
+    const double h400 = ktl_d3(0.00160, 400.0); // supercritical: dense water has it at two pressures
+    const Row rows[] = {
+        {"hot water", ktlrth, 320.0, h320, KTL_LIQUID, 199.999, 200.001},
+        {"its other pressure", ktlrth, 320.0, ktl_d1(900.0, 320.0), KTL_LIQUID, 113.0, 820.0},
+        {"mixture before compressed water", ktlrth, 100.0, ktl_d1(145.0, 100.0), KTL_WET, 0.001, 0.02},
+        {"water before a mixture of no steam", ktlrth, 100.0, ktl_d1(1.02, 100.0), KTL_LIQUID, 1.0199, 1.0201},
+        {"entropy of water below 4 degC", ktlrts, 1.0, ktl_e1(10.0, 1.0), KTL_WET, 1e-06, 1e-4},
+        {"near the critical temperature", ktlrth, 400.0, h400, KTL_NEAR_CRITICAL_STEAM, 0.0, 1000.0},
+    };
+    for (const Row& row : rows) {
+        const Found f = find(row.finder, row.t, row.value);
+        EXPECT_EQ(f.region, row.region) << row.what;
+        const double first = f.region == KTL_NEAR_CRITICAL_STEAM ? ktl_a3(f.first, f.second) : f.first;
+        EXPECT_GE(first, row.lowest) << row.what;
+        EXPECT_LE(first, row.highest) << row.what;
+    }
+}
+
+TEST(Choice, QualityLinesGiveTheLowestTemperature) {
+    // Entropy at quality 0.45 rises, falls and rises: three temperatures for values between its turning points.
+    const auto entropy = [](double t, double x) {
+        const double p = ktl_pt(t);
+        return ktl_e1(p, t) + x * (ktl_e2(p, t) - ktl_e1(p, t));
+    };
+    int turns = 0;
+    double s_several = 0.0;
+    for (double t = 2.0; t < 348.0; t += 1.0) {
+        if ((entropy(t, 0.45) - entropy(t - 1.0, 0.45)) * (entropy(t + 1.0, 0.45) - entropy(t, 0.45)) >= 0.0) continue;
+        ++turns;
+        if (turns == 1)
+            s_several = 0.5 * (entropy(t, 0.45) + std::fmin(entropy(t + 20.0, 0.45), entropy(t - 20.0, 0.45)));
+    }
+    ASSERT_GE(turns, 1);
+    const Found f = find(ktlrsx, s_several, 0.45);
+    ASSERT_EQ(f.region, KTL_WET);
+    EXPECT_EQ(f.first, 0.45);
+    EXPECT_TRUE(close("entropy", entropy(f.second, 0.45), s_several, 1e-12));
+    const double sign = entropy(0.01, 0.45) - s_several;
+    for (double t = 0.01; t < f.second - 0.1; t += 0.1)
+        EXPECT_GT((entropy(t, 0.45) - s_several) * sign, 0.0) << "a lower temperature has it: " << t;
+}
+
+/// Entropy jumps up by 1e-4 at 350 degC and volume at 200 bar by 2e-7: between both sides sub-region 1 goes on.
+/// On the 2/3 boundary at 420 degC (287.45 bar) sub-region 3 begins above sub-region 2 in enthalpy, at 351 degC
+/// below it.
+TEST(Gaps, SubRegionsOneAndTwoCarryOn) {
+    const double p420 = ktl::boundary_pressure(420.0);
+    const double p351 = ktl::boundary_pressure(351.0);
+    struct Row {
+        const char* what;
+        ktl_finder finder;
+        double first, second;
+        int region;
+    };
+    const Row rows[] = {
+        {"entropy at 300 bar", ktlrps, 300.0, ktl_e1(300.0, 350.0) + 5e-5, KTL_LIQUID},
+        {"volume at 200 bar", ktlrpv, 200.0, ktl_c1(200.0, 350.0) * (1.0 + 6e-5), KTL_LIQUID},
+        {"entropy at the boundary, 351 degC", ktlrps, p351, ktl_e2(p351, 351.0) - 1.5e-4, KTL_STEAM},
+        {"enthalpy on the isotherm 351 degC", ktlrth, 351.0, ktl_d2(p351, 351.0) - 0.02, KTL_STEAM},
+        {"overlap at the boundary, 420 degC", ktlrps, p420, ktl_e2(p420, 420.0) + 1e-4, KTL_STEAM},
+    };
+    for (const Row& row : rows) {
+        Reports reports;
+        const Found f = find(row.finder, row.first, row.second);
+        EXPECT_EQ(reports.count(), 0U) << row.what;
+        EXPECT_EQ(f.region, row.region) << row.what;
+    }
+}
+
+TEST(Gaps, BothSidesOfTheBorderHaveTheirOwnStates) {
+    for (const double p : {170.0, 300.0, 500.0, 1000.0}) {
+        const Found below = find(ktlrps, p, ktl_e1(p, 349.9));
+        EXPECT_EQ(below.region, KTL_LIQUID) << p;
+        const Found state = find(ktlrpt, p, 350.2);
+        const Found above = find(ktlrps, p, ktl_e3(state.first, 350.2));
+        EXPECT_EQ(above.region, KTL_NEAR_CRITICAL_LIQUID) << p;
+        EXPECT_TRUE(within("temperature", above.second, 350.2, 1e-6)) << p;
+    }
+}
+
+TEST(TwoVariables, AreThePropertiesOfTheFoundState) {
+    struct Row {
+        const char* what;
+        double p, t;
+    };
+    const Row rows[] = {{"water", 300.0, 200.0}, {"steam", 20.0, 500.0}};
+    for (const Row& row : rows) {
+        const bool water = row.t < 350.0;
+        const double v = (water ? ktl_c1 : ktl_c2)(row.p, row.t);
+        const double s = (water ? ktl_e1 : ktl_e2)(row.p, row.t);
+        const double h = (water ? ktl_d1 : ktl_d2)(row.p, row.t);
+        const double u = (water ? ktl_f1 : ktl_f2)(row.p, row.t);
+        EXPECT_TRUE(close(named(row.what, " ktl_sp"), ktl_sp(row.p, v, eps), s, 1e-11));
+        EXPECT_TRUE(close(named(row.what, " ktl_hp"), ktl_hp(row.p, v, eps), h, 1e-11));
+        EXPECT_TRUE(close(named(row.what, " ktl_up"), ktl_up(row.p, v, eps), u, 1e-11));
+        EXPECT_TRUE(close(named(row.what, " ktl_ht"), ktl_ht(row.t, s, eps), h, 1e-11));
+        EXPECT_TRUE(close(named(row.what, " ktl_ut"), ktl_ut(row.t, s, eps), u, 1e-11));
+    }
+    // Half of each phase at 200 degC, and sub-region 3.
+    const double ps = ktl_pt(200.0);
+    const double v = 0.5 * (ktl_c1(ps, 200.0) + ktl_c2(ps, 200.0));
+    const double s = 0.5 * (ktl_e1(ps, 200.0) + ktl_e2(ps, 200.0));
+    const double h = 0.5 * (ktl_d1(ps, 200.0) + ktl_d2(ps, 200.0));
+    EXPECT_TRUE(close("mixture ktl_hp", ktl_hp(ps, v, eps), h, 1e-9));
+    EXPECT_TRUE(close("mixture ktl_ht", ktl_ht(200.0, s, eps), h, 1e-9));
+    EXPECT_TRUE(close("sub-region 3 ktl_sp", ktl_sp(ktl_a3(0.0025, 400.0), 0.0025, eps), ktl_e3(0.0025, 400.0), 1e-11));
+    EXPECT_TRUE(close("sub-region 3 ktl_ut", ktl_ut(400.0, ktl_e3(0.0025, 400.0), eps), ktl_f3(0.0025, 400.0), 1e-11));
+}
+
+} // namespace
