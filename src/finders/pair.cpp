@@ -145,6 +145,10 @@ State corrected(const State& start, const Pair& pair) {
         // The steps shrink quadratically: after one this small the next would be below rounding.
         if (std::fabs(dz) <= 1.0e-7 * scale && std::fabs(dt) <= 1.0e-6) break;
     }
+    if (start.region == KTL_NEAR_CRITICAL_STEAM || start.region == KTL_NEAR_CRITICAL_LIQUID) {
+        const bool water = t <= ktl_lc.tc && z < ktl_lc.vca;
+        return {water ? KTL_NEAR_CRITICAL_LIQUID : KTL_NEAR_CRITICAL_STEAM, z, t, {}};
+    }
     if (!wet) return {start.region, z, t, {}};
     const double p = saturation::terms(t).p;
     return mixture({t, p, KTL_WET, p, p}, z);

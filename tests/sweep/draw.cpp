@@ -83,14 +83,13 @@ double border_temperature(Random& random) {
     constexpr std::array<double, 8> limits{0.01, 4.0, 350.0, 350.0001, 373.3, 374.15, 590.0, 800.0};
     const int choice = random.below(static_cast<int>(limits.size()) + 4);
     if (choice >= static_cast<int>(limits.size())) return random.uniform(ktl_lc.tmin, ktl_lc.tmax);
-    const double offset = random.below(2) == 0 ? 0.0 : random.uniform(-1.0, 1.0) * random.logarithmic(1e-12, 1e-2);
+    const double offset = random.below(2) == 0 ? 0.0 : random.around_zero(1e-12, 1e-2);
     return std::clamp(limits.at(static_cast<std::size_t>(choice)) + offset, ktl_lc.tmin, ktl_lc.tmax);
 }
 
 /// p at or beside a limit at t.
 double border_pressure(Random& random, double t) {
-    const double beside =
-        1.0 + (random.below(2) == 0 ? 0.0 : random.uniform(-1.0, 1.0) * random.logarithmic(1e-12, 1e-3));
+    const double beside = 1.0 + (random.below(2) == 0 ? 0.0 : random.around_zero(1e-12, 1e-3));
     double p = ktl_lc.pmin;
     switch (random.below(5)) {
     case 0: break;
@@ -140,6 +139,10 @@ double Random::uniform(double low, double high) {
     return low + (high - low) * static_cast<double>(next() >> 11) * 0x1.0p-53;
 }
 double Random::logarithmic(double low, double high) { return std::exp(uniform(std::log(low), std::log(high))); }
+double Random::around_zero(double least, double greatest) {
+    const double size = logarithmic(least, greatest);
+    return below(2) == 0 ? size : -size;
+}
 int Random::below(int count) { return static_cast<int>(next() % static_cast<std::uint64_t>(count)); }
 
 Values evaluate(int region, double first, double t) {
@@ -161,10 +164,11 @@ Values draw(Random& random, int kind) {
     const double t_water = random.uniform(ktl_lc.tmin, ktl_lc.t1max);
     const double t_steam = random.uniform(ktl_lc.tmin, ktl_lc.tmax);
     const double t_dense = random.uniform(ktl_lc.t3min + 1e-9, ktl_lc.t3max);
+    const double share = random.uniform(0.0, 1.0);
     switch (kind % kinds) {
     case 0: return water(random.uniform(ktl_pt(t_water), ktl_lc.pmax), t_water);
     case 1: return water(random.logarithmic(ktl_pt(t_water), ktl_lc.pmax), t_water);
-    case 2: return water(random.uniform(10.0, ktl_lc.pmax), random.uniform(ktl_lc.tmin, 12.0));
+    case 2: return water(random.uniform(10.0, ktl_lc.pmax), ktl_lc.tmin + 12.0 * share);
     case 3: return steam(random.logarithmic(ktl_lc.pmin, upper_steam_pressure(t_steam)), t_steam);
     case 4: return steam(random.uniform(ktl_lc.pmin, upper_steam_pressure(t_steam)), t_steam);
     case 5: return near_critical_at(random.uniform(ktl::boundary_pressure(t_dense), ktl_lc.pmax), t_dense);
@@ -173,8 +177,8 @@ Values draw(Random& random, int kind) {
         return near_critical_at(random.uniform(ktl::boundary_pressure(t), 250.0), t);
     }
     case 7: return around_critical(random);
-    case 8: return wet(random.uniform(0.0, 1.0), random.uniform(ktl_lc.tmin, ktl_lc.tc));
-    case 9: return wet(random.uniform(0.0, 1.0), random.uniform(348.0, ktl_lc.tc));
+    case 8: return wet(share, random.uniform(ktl_lc.tmin, ktl_lc.tc));
+    case 9: return wet(share, random.uniform(348.0, ktl_lc.tc));
     case 10: {
         const double t = std::min(border_temperature(random), ktl_lc.tc);
         return wet(border_quality(random), t);

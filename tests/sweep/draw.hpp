@@ -18,6 +18,7 @@ public:
     explicit Random(std::uint64_t seed) : state_(seed) {}
     double uniform(double low, double high);
     double logarithmic(double low, double high);
+    double around_zero(double least, double greatest);
     int below(int count);
 
 private:

@@ -9,6 +9,7 @@
 #include "refused.hpp"
 #include "regions/number.hpp"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstdio>
@@ -59,6 +60,21 @@ double deviation(const Values& wanted, const Values& got, double Values::*member
     return std::isnan(difference) ? INFINITY : difference;
 }
 
+/// True where the region number suits the state, rounding at the borders aside.
+bool suits(int region, const Values& got) {
+    constexpr double tc = 374.15;
+    constexpr double hair = 1.0e-9;
+    switch (region) {
+    case KTL_LIQUID: return got.t <= 350.5 && got.p >= ktl_pt(got.t) * (1.0 - 1.0e-6);
+    case KTL_STEAM: return got.t > 350.0 || got.p <= ktl_pt(got.t) * (1.0 + 1.0e-7);
+    case KTL_NEAR_CRITICAL_STEAM: return got.t > tc - hair || got.v >= 0.00317 * (1.0 - hair);
+    case KTL_NEAR_CRITICAL_LIQUID: return got.t <= tc + hair && got.v <= 0.00317 * (1.0 + hair);
+    case KTL_WET_NEAR_CRITICAL: return got.t >= 350.0 && got.x >= 0.0 && got.x <= 1.0;
+    case KTL_WET: return got.t <= 350.5 && got.x >= 0.0 && got.x <= 1.0;
+    default: return false;
+    }
+}
+
 struct Tally {
     long states = 0, solved = 0, saturated = 0, reports = 0;
     double worst = 0.0, sum_of_squares = 0.0;
@@ -82,6 +98,7 @@ void solve(const Finder& finder, const Values& state, Tally& tally) {
     if (region >= KTL_LIQUID && region <= KTL_WET) {
         const Values got = sweep::evaluate(region, first, second);
         off = std::fmax(deviation(state, got, finder.first), deviation(state, got, finder.second));
+        if (!finder.given && !suits(region, got)) off = INFINITY;
     }
     // A single-phase state on the saturation line, taken for a mixture with the pressure in place of its quality.
     const bool saturated =
@@ -135,11 +152,14 @@ int sweep_states(long count, std::uint64_t seed, bool at_borders) {
 int sweep_refused(long count, std::uint64_t seed) {
     sweep::Random random(seed);
     long accepted = 0;
+    long most_evaluations = 0;
     for (long n = 0; n < count; ++n) {
         const sweep::Offer offer = sweep::draw_refused(random, n);
         double first = offer.first;
         double second = offer.second;
+        const long before = ktl::evaluations;
         const int region = offer.find(first, second, 1.0e-8);
+        most_evaluations = std::max(most_evaluations, ktl::evaluations - before);
         const bool unchanged = first == offer.first && second == offer.second;
         if (region == KTL_NO_STATE && unchanged) continue;
         ++accepted;
@@ -147,7 +167,8 @@ int sweep_refused(long count, std::uint64_t seed) {
             std::fprintf(stderr, "%s accepts %.17g, %.17g: region %d, %.17g, %.17g\n", offer.name, offer.first,
                          offer.second, region, first, second);
     }
-    std::printf("%ld pairs that name no state: %ld refused\n", count, count - accepted);
+    std::printf("%ld pairs that name no state: %ld refused, with %ld evaluations at most\n", count, count - accepted,
+                most_evaluations);
     return accepted == 0 ? EXIT_SUCCESS : EXIT_FAILURE;
 }
 
