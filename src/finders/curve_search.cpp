@@ -59,12 +59,13 @@ State search(const Pair& pair, Property y, double value, double a, double b, At&
     found = confirmed(best, pair);
     if (found.found()) return found;
     const State other = at(fine.other);
-    for (const Place least : {Place::inside, Place::beside})
+    for (const Place least : {Place::inside, Place::beside}) {
         for (const State& side : {best, other}) {
             found = corrected_in_place(side, pair, least);
             if (!found.found()) found = corrected_in_place(across(side), pair, least);
             if (found.found()) return found;
         }
+    }
     return {};
 }
 

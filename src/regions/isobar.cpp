@@ -12,6 +12,9 @@ namespace {
 constexpr double reach = 0.5;
 /// How far, as a factor of volume, searches in sub-region 3 begin outside it: more than the sub-regions differ.
 constexpr double outside = 1.001;
+/// Temperature, K, by which saturated steam may seem to lie past the 2/3 boundary where both meet, at 350 degC: its
+/// volume has the tolerance of the entry, 1e-8 of the pressure.
+constexpr double volume_slack = 1.0e-5;
 /// Above this temperature water expands with temperature at every pressure.
 constexpr double expanding = 10.0;
 
@@ -29,6 +32,13 @@ struct Isobar {
     [[nodiscard]] State between(int region, double a, double b, double fb) const {
         const auto f = [&](double t) { return residual(region, p, t); };
         return {region, p, solvers::enclose(f, a, f(a), b, fb, search_tolerance(value)).x, {}};
+    }
+
+    /// Steam of sub-region 2 from the temperature a on, where the residual is fa.
+    [[nodiscard]] State steam_from(double a, double fa) const {
+        const auto f = [&](double t) { return residual(KTL_STEAM, p, t); };
+        const double fb = f(ktl_lc.tmax);
+        return {KTL_STEAM, p, solvers::enclose(f, a, fa, ktl_lc.tmax, fb, search_tolerance(value)).x, {}};
     }
 };
 
@@ -76,11 +86,7 @@ State low(const Isobar& line, double lowest) {
     if (f_water >= 0.0) return water(line, phases.t, f_water, lowest);
     const double f_steam = line.residual(KTL_STEAM, line.p, phases.t);
     if (f_steam > 0.0) return wet_state(line, phases, f_water, f_steam);
-    const auto f = [&](double t) { return line.residual(KTL_STEAM, line.p, t); };
-    return {KTL_STEAM,
-            line.p,
-            solvers::enclose(f, phases.t, f_steam, ktl_lc.tmax, f(ktl_lc.tmax), search_tolerance(line.value)).x,
-            {}};
+    return line.steam_from(phases.t, f_steam);
 }
 
 /// Sub-region 3 between two volumes. The volume is searched and each trial has its temperature from the
@@ -113,21 +119,16 @@ State high(const Isobar& line, double lowest) {
     if (f1 >= 0.0) return water(line, ktl_lc.t1max, f1, lowest);
     const double tl = std::min(boundary_temperature(line.p), ktl_lc.t3max);
     const double f2 = line.residual(KTL_STEAM, line.p, tl);
-    if (f2 <= 0.0) {
-        const auto f = [&](double t) { return line.residual(KTL_STEAM, line.p, t); };
-        return {KTL_STEAM,
-                line.p,
-                solvers::enclose(f, tl, f2, ktl_lc.tmax, f(ktl_lc.tmax), search_tolerance(line.value)).x,
-                {}};
-    }
+    if (f2 <= 0.0) return line.steam_from(tl, f2);
     const double v1 = volume(region1::terms(line.p, ktl_lc.t1max));
     const double v2 = volume(region2::terms(line.p, tl));
     const State found = middle(line, v1 / outside, v2 * outside);
     if (found.wet()) return found;
-    if (found.t < ktl_lc.t3min)
-        return line.between(KTL_LIQUID, ktl_lc.t1max, ktl_lc.t1max + reach,
-                            line.residual(KTL_LIQUID, line.p, ktl_lc.t1max + reach));
-    if (found.t > tl) return line.between(KTL_STEAM, tl - reach, tl, f2);
+    if (found.t < ktl_lc.t3min) {
+        const double past = ktl_lc.t1max + reach;
+        return line.between(KTL_LIQUID, ktl_lc.t1max, past, line.residual(KTL_LIQUID, line.p, past));
+    }
+    if (found.t > tl + volume_slack) return line.between(KTL_STEAM, tl - reach, tl, f2);
     return found;
 }
 
