@@ -174,9 +174,10 @@ TEST(Identities, SubRegions1And2) {
         const double kelvin = t + ktl_lc.tza;
         const double cp = e.heat_capacity(p, t);
         const auto at = named("sub-region ", e.region, " at ", p, ", ", t, ": ");
-        // Near the boundary to sub-region 3, where T ds/dp is ten times v, its rounding counts.
+        // pvot has ten digits, which is 9e-11 of T ds/dp: near the boundary to sub-region 3 that is ten times v.
         const double tds = kelvin * by_p.s.d;
-        EXPECT_TRUE(close(at + "dh/dp - T ds/dp", by_p.h.d - tds, 100.0 * by_p.third.v, relative, std::fabs(tds)));
+        EXPECT_TRUE(
+            close(at + "dh/dp - T ds/dp", by_p.h.d - tds, 100.0 * by_p.third.v, relative, 0.2 * std::fabs(tds)));
         EXPECT_TRUE(close(at + "dh/dt", by_t.h.d, cp, relative));
         EXPECT_TRUE(close(at + "T ds/dt", kelvin * by_t.s.d, cp, relative));
         EXPECT_TRUE(close(at + "dv/dt = -ds/dp", 100.0 * by_t.third.d, -by_p.s.d, relative, 1e-6));
