@@ -124,15 +124,17 @@ State coldest(const QualityLine& line, const Part& part, const Looks& looks) {
     return found.found() ? found : line.checked(part.to, part.region);
 }
 
-/// A closer look at a part that comes near the entropy without a root: where the saturated volumes of the entry
-/// jump by a little, a turning point may have been missed.
-State coldest_closely(const QualityLine& line, const Part& part, const Looks& looks) {
-    constexpr double near = 0.002;
+/// A closer look at the intervals of a part that come near the entropy without a root, and once more at those of
+/// the closer look: where the saturated volumes of the entry jump by a little, a turning point may have been missed.
+State coldest_closely(const QualityLine& line, const Part& part, const Looks& looks, double near, int closer_looks) {
     State found;
     for (std::size_t n = 0; n < steps && !found.found(); ++n) {
         if (std::min(std::fabs(looks.f[n]), std::fabs(looks.f[n + 1])) > near) continue;
         const Part closer{part.region, looks.t[n], looks.t[n + 1]};
-        found = coldest(line, closer, Looks(line, closer));
+        const Looks at_closer(line, closer);
+        found = coldest(line, closer, at_closer);
+        if (!found.found() && closer_looks > 1)
+            found = coldest_closely(line, closer, at_closer, near / steps, closer_looks - 1);
     }
     return found;
 }
@@ -142,7 +144,8 @@ State on_quality_line(double s, double x) {
     for (const Part& part : parts) {
         const Looks looks(line, part);
         State found = coldest(line, part, looks);
-        if (!found.found() && part.region == KTL_WET_NEAR_CRITICAL) found = coldest_closely(line, part, looks);
+        if (!found.found() && part.region == KTL_WET_NEAR_CRITICAL)
+            found = coldest_closely(line, part, looks, 0.002, 2);
         if (found.found()) return found;
     }
     return {};
