@@ -34,8 +34,12 @@ set(CPACK_DEBIAN_FORTRAN_PACKAGE_DEPENDS "libktl-dev (= ${PROJECT_VERSION})")
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${PROJECT_BINARY_DIR}/src)
 
 set(about "IFC-67 formulation, 0.01 to 800 degC and up to 1000 bar.")
-set(CPACK_COMPONENT_RUNTIME_DESCRIPTION "Properties of water and steam, shared library\n ${about}")
-set(CPACK_COMPONENT_DEV_DESCRIPTION "Properties of water and steam, for C and C++\n Headers, static library and manual pages.\n ${about}")
-set(CPACK_COMPONENT_PROGRAM_DESCRIPTION "Properties of water and steam, program\n One state, or a table of states.\n ${about}")
-set(CPACK_COMPONENT_FORTRAN_DESCRIPTION "Properties of water and steam, for Fortran\n Libraries for gfortran and the module ktl.\n ${about}")
+set(CPACK_COMPONENT_RUNTIME_DESCRIPTION
+    "Properties of water and steam, shared library\n ${about}")
+set(CPACK_COMPONENT_DEV_DESCRIPTION
+    "Properties of water and steam, for C and C++\n Headers, static library and manual pages.\n ${about}")
+set(CPACK_COMPONENT_PROGRAM_DESCRIPTION
+    "Properties of water and steam, program\n One state, or a table of states.\n ${about}")
+set(CPACK_COMPONENT_FORTRAN_DESCRIPTION
+    "Properties of water and steam, for Fortran\n Libraries for gfortran and the module ktl.\n ${about}")
 include(CPack)
