@@ -28,15 +28,10 @@
 #ifndef KTL_KTLFTN_H
 #define KTL_KTLFTN_H
 
+#include <ktl/api.h>
 #include <ktl/version.h>
 #include <stddef.h>
 #include <stdio.h>
-
-#if defined(KTL_SHARED_BUILD) && defined(__GNUC__)
-#define KTL_API __attribute__((visibility("default")))
-#else
-#define KTL_API
-#endif
 
 /* The record of the process is one symbol for every language: the one of Fortran's COMMON /KTLERR/. A common
  * block of a Fortran program then is that record, wherever the linker places it. */

@@ -18,49 +18,49 @@ namespace ktl::finders {
 namespace {
 
 /// Where the rough search stops, relative to 1000 kJ/kg, 1 kJ/(kg K): near enough for Newton steps.
-double rough_tolerance(Property y) { return y == Property::entropy ? 3.0e-3 : 3.0; }
+double rough_tolerance(Quantity y) { return y == Quantity::entropy ? 3.0e-3 : 3.0; }
 
 /// Lowest temperature of trial states on an isobar. Below tmin the isentropes of cold water go on, so that each
 /// is one unbroken line although entropy first rises and then falls with pressure at 0.01 degC.
 constexpr double below_tmin = -1.0;
 
 /// The corrected state where it lies in its region, inside or at least as far in as asked.
-State corrected_in_place(const State& start, const Pair& pair, Place least) {
-    const State state = confirmed(corrected(start, pair), pair);
-    return state.found() && place_of(state) >= least ? state : State{};
+FoundState corrected_in_place(const FoundState& start, const Pair& pair, Place least) {
+    const FoundState state = confirmed(corrected(start, pair), pair);
+    return state.found() && place_of(state) >= least ? state : FoundState{};
 }
 
 /// The region on the other side of the border that a state lies at, with the state in its variables.
-State across(const State& start) {
+FoundState across(const FoundState& start) {
     if (start.wet()) {
         const bool low = start.region == KTL_WET;
         if (start.first < 0.5) return {low ? KTL_LIQUID : KTL_NEAR_CRITICAL_LIQUID, start.phases.liquid, start.t, {}};
         return {low ? KTL_STEAM : KTL_NEAR_CRITICAL_STEAM, start.phases.steam, start.t, {}};
     }
-    const double v = start.value(Property::volume);
+    const double v = start.value(Quantity::volume);
     if (start.region == KTL_LIQUID) return {KTL_NEAR_CRITICAL_LIQUID, v, start.t, {}};
     if (start.region == KTL_STEAM) return {KTL_NEAR_CRITICAL_STEAM, v, start.t, {}};
     const bool cool = start.t < ktl_lc.t1max + 1.0 && v < ktl_lc.vca;
-    return {cool ? KTL_LIQUID : KTL_STEAM, start.value(Property::pressure), start.t, {}};
+    return {cool ? KTL_LIQUID : KTL_STEAM, start.value(Quantity::pressure), start.t, {}};
 }
 
 /// The search along a line: at(z) is the state at z, a and b the ends.
 template <class At>
-State search(const Pair& pair, Property y, double value, double a, double b, At&& at) {
+FoundState search(const Pair& pair, Quantity y, double value, double a, double b, At&& at) {
     const auto f = [&](double z) { return at(z).value(y) - value; };
     const double fa = f(a);
     const double fb = f(b);
     const auto rough = solvers::enclose(f, a, fa, b, fb, rough_tolerance(y));
-    State found = corrected_in_place(at(rough.x), pair, Place::inside);
+    FoundState found = corrected_in_place(at(rough.x), pair, Place::inside);
     if (found.found()) return found;
 
     const auto fine = solvers::enclose(f, a, fa, b, fb, search_tolerance(value));
-    const State best = at(fine.x);
+    const FoundState best = at(fine.x);
     found = confirmed(best, pair);
     if (found.found()) return found;
-    const State other = at(fine.other);
+    const FoundState other = at(fine.other);
     for (const Place least : {Place::inside, Place::beside}) {
-        for (const State& side : {best, other}) {
+        for (const FoundState& side : {best, other}) {
             found = corrected_in_place(side, pair, least);
             if (!found.found()) found = corrected_in_place(across(side), pair, least);
             if (found.found()) return found;
@@ -71,38 +71,38 @@ State search(const Pair& pair, Property y, double value, double a, double b, At&
 
 /// Water of entropy s at tmin, compressed or saturated. Along the isentropes of the coldest water the energies
 /// hardly depend on the pressure: the search may end at one where the temperature is below tmin.
-State coldest_water(const Pair& pair, double s) {
+FoundState coldest_water(const Pair& pair, double s) {
     if (s > 0.01) return {};
-    const State compressed = confirmed(on_isotherm(Property::entropy, ktl_lc.tmin, s), pair);
+    const FoundState compressed = confirmed(on_isotherm(Quantity::entropy, ktl_lc.tmin, s), pair);
     if (compressed.found()) return compressed;
     return confirmed({KTL_LIQUID, saturation::terms(ktl_lc.tmin).p, ktl_lc.tmin, {}}, pair);
 }
 
 } // namespace
 
-State on_isentrope(Property y, double value, double s) {
-    if (s > property(Property::entropy, KTL_STEAM, ktl_lc.pmin, ktl_lc.tmax) + rounding) return {};
-    if (s < property(Property::entropy, KTL_LIQUID, ktl_lc.pmax, ktl_lc.tmin) - rounding) return {};
+FoundState on_isentrope(Quantity y, double value, double s) {
+    if (s > property(Quantity::entropy, KTL_STEAM, ktl_lc.pmin, ktl_lc.tmax) + rounding) return {};
+    if (s < property(Quantity::entropy, KTL_LIQUID, ktl_lc.pmax, ktl_lc.tmin) - rounding) return {};
     double highest = ktl_lc.pmax;
-    if (s > property(Property::entropy, KTL_STEAM, ktl_lc.pmax, ktl_lc.tmax))
-        highest = on_isotherm(Property::entropy, ktl_lc.tmax, s).first;
-    const auto at = [&](double z) { return on_isobar(Property::entropy, std::exp(z), s, below_tmin); };
-    const Pair pair{y, value, Property::entropy, s};
-    const State found = search(pair, y, value, std::log(ktl_lc.pmin), std::log(highest), at);
+    if (s > property(Quantity::entropy, KTL_STEAM, ktl_lc.pmax, ktl_lc.tmax))
+        highest = on_isotherm(Quantity::entropy, ktl_lc.tmax, s).first;
+    const auto at = [&](double z) { return on_isobar(Quantity::entropy, std::exp(z), s, below_tmin); };
+    const Pair pair{y, value, Quantity::entropy, s};
+    const FoundState found = search(pair, y, value, std::log(ktl_lc.pmin), std::log(highest), at);
     return found.found() ? found : coldest_water(pair, s);
 }
 
-State on_isochore(Property y, double value, double v) {
-    if (v > property(Property::volume, KTL_STEAM, ktl_lc.pmin, ktl_lc.tmax) * (1.0 + rounding)) return {};
-    if (v < property(Property::volume, KTL_LIQUID, ktl_lc.pmax, ktl_lc.tmin) * (1.0 - rounding)) return {};
+FoundState on_isochore(Quantity y, double value, double v) {
+    if (v > property(Quantity::volume, KTL_STEAM, ktl_lc.pmin, ktl_lc.tmax) * (1.0 + rounding)) return {};
+    if (v < property(Quantity::volume, KTL_LIQUID, ktl_lc.pmax, ktl_lc.tmin) * (1.0 - rounding)) return {};
     double coldest = ktl_lc.tmin;
-    if (v > property(Property::volume, KTL_STEAM, ktl_lc.pmin, ktl_lc.tmin))
-        coldest = on_isobar(Property::volume, ktl_lc.pmin, v).t;
+    if (v > property(Quantity::volume, KTL_STEAM, ktl_lc.pmin, ktl_lc.tmin))
+        coldest = on_isobar(Quantity::volume, ktl_lc.pmin, v).t;
     double hottest = ktl_lc.tmax;
-    if (v < property(Property::volume, KTL_STEAM, ktl_lc.pmax, ktl_lc.tmax))
-        hottest = on_isobar(Property::volume, ktl_lc.pmax, v).t;
-    const auto at = [&](double t) { return on_isotherm(Property::volume, t, v); };
-    return search({Property::volume, v, y, value}, y, value, coldest, hottest, at);
+    if (v < property(Quantity::volume, KTL_STEAM, ktl_lc.pmax, ktl_lc.tmax))
+        hottest = on_isobar(Quantity::volume, ktl_lc.pmax, v).t;
+    const auto at = [&](double t) { return on_isotherm(Quantity::volume, t, v); };
+    return search({Quantity::volume, v, y, value}, y, value, coldest, hottest, at);
 }
 
 } // namespace ktl::finders

@@ -7,10 +7,10 @@ namespace ktl::finders {
 
 /// The state of entropy s whose enthalpy or internal energy y has the given value: both rise with pressure along
 /// the line. No state where the line does not reach the value.
-State on_isentrope(Property y, double value, double s);
+FoundState on_isentrope(Quantity y, double value, double s);
 
 /// The state of volume v whose enthalpy, entropy or internal energy y has the given value: all rise with
 /// temperature along the line. No state where the line does not reach the value.
-State on_isochore(Property y, double value, double v);
+FoundState on_isochore(Quantity y, double value, double v);
 
 } // namespace ktl::finders

@@ -12,22 +12,22 @@ namespace {
 /// How closely a state must have the given value: a tenth of what the finders promise. Near zero the equations
 /// themselves do not agree with each other any better along the saturation line, and the saturated volumes of the
 /// entry, found to 1e-8 of the pressure, move by more than that near the critical point.
-double allowance(Property y, double value, int region) {
+double allowance(Quantity y, double value, int region) {
     const double relative = region == KTL_WET_NEAR_CRITICAL ? 8.0e-8 : 1.0e-8;
-    const bool energy = y == Property::enthalpy || y == Property::energy;
-    const double floor = energy ? 1.0e-7 : (y == Property::entropy ? 1.0e-8 : 0.0);
+    const bool energy = y == Quantity::enthalpy || y == Quantity::energy;
+    const double floor = energy ? 1.0e-7 : (y == Quantity::entropy ? 1.0e-8 : 0.0);
     return std::fmax(relative * std::fabs(value), floor);
 }
 
-bool has(const State& state, Property y, double value) {
+bool has(const FoundState& state, Quantity y, double value) {
     return std::fabs(state.value(y) - value) <= allowance(y, value, state.region);
 }
 
-/// Property of any region but KTL_WET_NEAR_CRITICAL, with its derivatives by both variables.
-Dual with_slopes(Property y, int region, const Dual& first, const Dual& t) {
+/// Quantity of any region but KTL_WET_NEAR_CRITICAL, with its derivatives by both variables.
+Dual with_slopes(Quantity y, int region, const Dual& first, const Dual& t) {
     if (region != KTL_WET) return property(y, region, first, t);
     const Dual p = saturation::terms(t).p;
-    if (y == Property::pressure) return p;
+    if (y == Quantity::pressure) return p;
     const Dual water = property(y, KTL_LIQUID, p, t);
     return water + first * (property(y, KTL_STEAM, p, t) - water);
 }
@@ -44,7 +44,7 @@ bool in_closed(double value, double low, double high) {
 
 /// Water of low pressure has its pressure from two energies to a few digits only, so the test against the
 /// saturation pressure is a loose one.
-Place place_of_water(const State& state) {
+Place place_of_water(const FoundState& state) {
     const double past = state.t;
     if (!(past <= ktl_lc.t1max + 0.5)) return Place::outside;
     const bool compressed = in_closed(state.first, saturation::terms(past).p * (1.0 - 1.0e-6), ktl_lc.pmax);
@@ -52,7 +52,7 @@ Place place_of_water(const State& state) {
     return past <= ktl_lc.t1max ? Place::inside : Place::beside;
 }
 
-Place place_of_steam(const State& state) {
+Place place_of_steam(const FoundState& state) {
     if (!(state.t > ktl_lc.t3min))
         return in_closed(state.first, 0.0, saturation::terms(state.t).p) ? Place::inside : Place::outside;
     const double pl = boundary_pressure(state.t);
@@ -60,8 +60,8 @@ Place place_of_steam(const State& state) {
     return state.first <= 1.01 * pl ? Place::beside : Place::outside;
 }
 
-Place place_near_critical(const State& state) {
-    const double pressure = state.value(Property::pressure);
+Place place_near_critical(const FoundState& state) {
+    const double pressure = state.value(Quantity::pressure);
     const bool inside = state.t >= ktl_lc.t3min - rounding && state.t <= ktl_lc.t3max + rounding &&
                         in_closed(pressure, boundary_pressure(state.t), ktl_lc.pmax);
     if (!inside) return Place::outside;
@@ -77,7 +77,7 @@ Place place_near_critical(const State& state) {
     return belongs || flat ? Place::inside : Place::outside;
 }
 
-Place place_of_mixture(const State& state) {
+Place place_of_mixture(const FoundState& state) {
     if (!in_closed(state.first, 0.0, 1.0) || !(state.t <= ktl_lc.t1max + 0.5)) return Place::outside;
     return state.t <= ktl_lc.t1max ? Place::inside : Place::beside;
 }
@@ -95,7 +95,7 @@ bool bring_within(double& value, double low, double high) {
     return true;
 }
 
-State confirmed(State state, const Pair& pair) {
+FoundState confirmed(FoundState state, const Pair& pair) {
     if (!state.found() || !finite(state.first, state.t)) return {};
     const double t = held_at(state.t, ktl_lc.tmin, state.wet() ? ktl_lc.tc : ktl_lc.tmax, 1.0e-6);
     if (state.wet() && t != state.t) state.phases = saturated_at(t);
@@ -110,22 +110,22 @@ State confirmed(State state, const Pair& pair) {
     } else {
         // Well below its least volume the equations of sub-region 3 turn back to lower pressures.
         in_range = in_range && state.first >= ktl_lc.v3min * 0.999 &&
-                   in_closed(state.value(Property::pressure), ktl_lc.pmin, ktl_lc.pmax);
+                   in_closed(state.value(Quantity::pressure), ktl_lc.pmin, ktl_lc.pmax);
     }
     if (in_range && has(state, pair.first, pair.first_value) && has(state, pair.second, pair.second_value))
         return state;
     return {};
 }
 
-int hand_back(const State& state, const Pair& pair, double& first, double& second) {
-    const State answer = confirmed(state, pair);
+int hand_back(const FoundState& state, const Pair& pair, double& first, double& second) {
+    const FoundState answer = confirmed(state, pair);
     if (!answer.found()) return KTL_NO_STATE;
     first = answer.first;
     second = answer.t;
     return answer.region;
 }
 
-State corrected(const State& start, const Pair& pair) {
+FoundState corrected(const FoundState& start, const Pair& pair) {
     constexpr int most_steps = 12;
     if (!start.found() || start.region == KTL_WET_NEAR_CRITICAL) return {};
     const bool wet = start.region == KTL_WET;
@@ -154,7 +154,7 @@ State corrected(const State& start, const Pair& pair) {
     return mixture({t, p, KTL_WET, p, p}, z);
 }
 
-Place place_of(const State& state) {
+Place place_of(const FoundState& state) {
     switch (state.region) {
     case KTL_LIQUID: return place_of_water(state);
     case KTL_STEAM: return place_of_steam(state);

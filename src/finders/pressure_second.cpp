@@ -8,14 +8,14 @@ namespace {
 
 using namespace ktl;
 
-int on_pressure(Property y, double& p, double& value) {
+int on_pressure(Quantity y, double& p, double& value) {
     double p_in = p;
     if (!finders::finite(p, value) || !finders::bring_within(p_in, ktl_lc.pmin, ktl_lc.pmax)) return KTL_NO_STATE;
-    return finders::hand_back(on_isobar(y, p_in, value), {Property::pressure, p, y, value}, p, value);
+    return finders::hand_back(on_isobar(y, p_in, value), {Quantity::pressure, p, y, value}, p, value);
 }
 
 } // namespace
 
-int ktlrps(double& p, double& s, const double& /*eps*/) { return on_pressure(Property::entropy, p, s); }
-int ktlrpu(double& p, double& u, const double& /*eps*/) { return on_pressure(Property::energy, p, u); }
-int ktlrpv(double& p, double& v, const double& /*eps*/) { return on_pressure(Property::volume, p, v); }
+int ktlrps(double& p, double& s, const double& /*eps*/) { return on_pressure(Quantity::entropy, p, s); }
+int ktlrpu(double& p, double& u, const double& /*eps*/) { return on_pressure(Quantity::energy, p, u); }
+int ktlrpv(double& p, double& v, const double& /*eps*/) { return on_pressure(Quantity::volume, p, v); }

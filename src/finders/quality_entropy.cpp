@@ -22,25 +22,25 @@ struct QualityLine {
 
     /// A mixture at t. Up to 350.5 degC the saturated phases may be those of sub-regions 1 and 2, which there
     /// cover the gap between the two parts of the line.
-    [[nodiscard]] State at(double t, int region) const {
+    [[nodiscard]] FoundState at(double t, int region) const {
         if (region != KTL_WET) return mixture(saturated_at(t), x);
         const double p = saturation::terms(t).p;
         return mixture({t, p, KTL_WET, p, p}, x);
     }
-    [[nodiscard]] double residual(double t, int region) const { return at(t, region).value(Property::entropy) - s; }
+    [[nodiscard]] double residual(double t, int region) const { return at(t, region).value(Quantity::entropy) - s; }
 
-    [[nodiscard]] State root(double a, double fa, double b, double fb, int region) const {
+    [[nodiscard]] FoundState root(double a, double fa, double b, double fb, int region) const {
         const auto f = [&](double t) { return residual(t, region); };
         const auto found = solvers::enclose(f, a, fa, b, fb, search_tolerance(s));
-        State state = checked(found.x, region);
+        FoundState state = checked(found.x, region);
         // Near the critical point the saturated volumes of the entry scatter from one temperature to the next:
         // one of the neighbours has the entropy.
         for (int n = 1; n <= most_neighbours && region == KTL_WET_NEAR_CRITICAL && !state.found(); ++n)
             state = checked(found.x + (n % 2 == 0 ? n : -n) * neighbour, region);
         return state;
     }
-    [[nodiscard]] State checked(double t, int region) const {
-        return finders::confirmed(at(t, region), {Property::entropy, s, Property::entropy, s});
+    [[nodiscard]] FoundState checked(double t, int region) const {
+        return finders::confirmed(at(t, region), {Quantity::entropy, s, Quantity::entropy, s});
     }
 };
 
@@ -106,8 +106,8 @@ struct Looks {
 
 /// The coldest state of one part: interval by interval, in each a root between its ends or on the way to its
 /// turning point; last the ends themselves.
-State coldest(const QualityLine& line, const Part& part, const Looks& looks) {
-    State found;
+FoundState coldest(const QualityLine& line, const Part& part, const Looks& looks) {
+    FoundState found;
     for (std::size_t n = 0; n < steps && !found.found(); ++n) {
         const double a = looks.t[n];
         const double b = looks.t[n + 1];
@@ -126,8 +126,9 @@ State coldest(const QualityLine& line, const Part& part, const Looks& looks) {
 
 /// A closer look at the intervals of a part that come near the entropy without a root, and once more at those of
 /// the closer look: where the saturated volumes of the entry jump by a little, a turning point may have been missed.
-State coldest_closely(const QualityLine& line, const Part& part, const Looks& looks, double near, int closer_looks) {
-    State found;
+FoundState coldest_closely(const QualityLine& line, const Part& part, const Looks& looks, double near,
+                           int closer_looks) {
+    FoundState found;
     for (std::size_t n = 0; n < steps && !found.found(); ++n) {
         if (std::min(std::fabs(looks.f[n]), std::fabs(looks.f[n + 1])) > near) continue;
         const Part closer{part.region, looks.t[n], looks.t[n + 1]};
@@ -139,11 +140,11 @@ State coldest_closely(const QualityLine& line, const Part& part, const Looks& lo
     return found;
 }
 
-State on_quality_line(double s, double x) {
+FoundState on_quality_line(double s, double x) {
     const QualityLine line{s, x};
     for (const Part& part : parts) {
         const Looks looks(line, part);
-        State found = coldest(line, part, looks);
+        FoundState found = coldest(line, part, looks);
         if (!found.found() && part.region == KTL_WET_NEAR_CRITICAL)
             found = coldest_closely(line, part, looks, 0.002, 2);
         if (found.found()) return found;
@@ -156,7 +157,7 @@ State on_quality_line(double s, double x) {
 int ktlrsx(double& s, double& x, const double& /*eps*/) {
     double quality = x;
     if (finders::finite(s, x) && x >= -rounding && finders::bring_within(quality, 0.0, 1.0)) {
-        const State found = on_quality_line(s, quality);
+        const FoundState found = on_quality_line(s, quality);
         if (found.found()) {
             s = found.first;
             x = found.t;

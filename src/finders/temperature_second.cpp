@@ -9,25 +9,25 @@ namespace {
 
 using namespace ktl;
 
-int on_temperature(Property y, double& t, double& value) {
+int on_temperature(Quantity y, double& t, double& value) {
     double t_in = t;
     if (!finders::finite(t, value) || !finders::bring_within(t_in, ktl_lc.tmin, ktl_lc.tmax)) return KTL_NO_STATE;
-    return finders::hand_back(on_isotherm(y, t_in, value), {Property::temperature, t, y, value}, t, value);
+    return finders::hand_back(on_isotherm(y, t_in, value), {Quantity::temperature, t, y, value}, t, value);
 }
 
 } // namespace
 
-int ktlrtv(double& t, double& v, const double& /*eps*/) { return on_temperature(Property::volume, t, v); }
-int ktlrts(double& t, double& s, const double& /*eps*/) { return on_temperature(Property::entropy, t, s); }
+int ktlrtv(double& t, double& v, const double& /*eps*/) { return on_temperature(Quantity::volume, t, v); }
+int ktlrts(double& t, double& s, const double& /*eps*/) { return on_temperature(Quantity::entropy, t, s); }
 
 int ktlrth(double& t, double& h, const double& /*eps*/) {
-    const int region = on_temperature(Property::enthalpy, t, h);
+    const int region = on_temperature(Quantity::enthalpy, t, h);
     if (region == KTL_NO_STATE) front::no_state_th(t, h);
     return region;
 }
 
 int ktlrtu(double& t, double& u, const double& /*eps*/) {
-    const int region = on_temperature(Property::energy, t, u);
+    const int region = on_temperature(Quantity::energy, t, u);
     if (region == KTL_NO_STATE) front::no_state_tu(t, u);
     return region;
 }

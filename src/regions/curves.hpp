@@ -16,13 +16,13 @@ namespace ktl {
 ///
 /// lowest: temperature where the search begins, tmin or a little below. A value beyond the ends of the line gives
 /// the state at the end.
-State on_isobar(Property y, double p, double value, double lowest = ktl_lc.tmin);
+FoundState on_isobar(Quantity y, double p, double value, double lowest = ktl_lc.tmin);
 
 /// The state at t (0.01 to 800 degC) whose property y has the given value. Volume falls along the line with
 /// rising pressure; the others may turn in water. Of several pressures the lowest is taken, except that water
 /// goes before a mixture of practically no steam (quality up to 1e-6). A value beyond the ends of the line gives
 /// the state at the end.
-State on_isotherm(Property y, double t, double value);
+FoundState on_isotherm(Quantity y, double t, double value);
 
 /// Quality at and below which the entry ktlftn takes a mixture as saturated water.
 inline constexpr double least_quality = 1.0e-6;

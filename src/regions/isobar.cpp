@@ -20,7 +20,7 @@ constexpr double expanding = 10.0;
 
 /// One search: the pressure, the property and its value.
 struct Isobar {
-    Property y;
+    Quantity y;
     double p;
     double value;
 
@@ -29,13 +29,13 @@ struct Isobar {
     }
 
     /// Temperature in sub-region 1 or 2 between a and b, whose residual is fb.
-    [[nodiscard]] State between(int region, double a, double b, double fb) const {
+    [[nodiscard]] FoundState between(int region, double a, double b, double fb) const {
         const auto f = [&](double t) { return residual(region, p, t); };
         return {region, p, solvers::enclose(f, a, f(a), b, fb, search_tolerance(value)).x, {}};
     }
 
     /// Steam of sub-region 2 from the temperature a on, where the residual is fa.
-    [[nodiscard]] State steam_from(double a, double fa) const {
+    [[nodiscard]] FoundState steam_from(double a, double fa) const {
         const auto f = [&](double t) { return residual(KTL_STEAM, p, t); };
         const double fb = f(ktl_lc.tmax);
         return {KTL_STEAM, p, solvers::enclose(f, a, fa, ktl_lc.tmax, fb, search_tolerance(value)).x, {}};
@@ -58,7 +58,7 @@ double densest_temperature(double p) {
 }
 
 /// Water up to the temperature b, where the residual is fb, by its volume: the warmer state if there are two.
-State water_by_volume(const Isobar& line, double b, double fb, double lowest) {
+FoundState water_by_volume(const Isobar& line, double b, double fb, double lowest) {
     const bool may_turn = b < expanding || line.residual(KTL_LIQUID, line.p, expanding) > 0.0;
     if (!may_turn) return line.between(KTL_LIQUID, expanding, b, fb);
     const double turn = std::min(densest_temperature(line.p), b);
@@ -66,21 +66,21 @@ State water_by_volume(const Isobar& line, double b, double fb, double lowest) {
     return line.between(KTL_LIQUID, lowest, turn, line.residual(KTL_LIQUID, line.p, turn));
 }
 
-State water(const Isobar& line, double b, double fb, double lowest) {
-    if (line.y == Property::volume) return water_by_volume(line, b, fb, lowest);
+FoundState water(const Isobar& line, double b, double fb, double lowest) {
+    if (line.y == Quantity::volume) return water_by_volume(line, b, fb, lowest);
     return line.between(KTL_LIQUID, lowest, b, fb);
 }
 
 /// A mixture, or the cold water that has the volume of one with practically no steam.
-State wet_state(const Isobar& line, const Saturated& phases, double f_water, double f_steam) {
-    const State wet = mixture(phases, f_water / (f_water - f_steam));
-    if (line.y != Property::volume || wet.first > least_quality || phases.t > expanding) return wet;
-    const State cold = water_by_volume(line, phases.t, f_water, ktl_lc.tmin);
+FoundState wet_state(const Isobar& line, const Saturated& phases, double f_water, double f_steam) {
+    const FoundState wet = mixture(phases, f_water / (f_water - f_steam));
+    if (line.y != Quantity::volume || wet.first > least_quality || phases.t > expanding) return wet;
+    const FoundState cold = water_by_volume(line, phases.t, f_water, ktl_lc.tmin);
     return std::fabs(line.residual(KTL_LIQUID, cold.first, cold.t)) <= search_tolerance(line.value) ? cold : wet;
 }
 
 /// Up to p1: water of sub-region 1, mixture, steam of sub-region 2.
-State low(const Isobar& line, double lowest) {
+FoundState low(const Isobar& line, double lowest) {
     const Saturated phases = saturated_under(line.p);
     const double f_water = line.residual(KTL_LIQUID, line.p, phases.t);
     if (f_water >= 0.0) return water(line, phases.t, f_water, lowest);
@@ -91,9 +91,9 @@ State low(const Isobar& line, double lowest) {
 
 /// Sub-region 3 between two volumes. The volume is searched and each trial has its temperature from the
 /// pressure: that stays well conditioned where the isotherms are flat.
-State near_critical(const Isobar& line, double a, double b, int region) {
+FoundState near_critical(const Isobar& line, double a, double b, int region) {
     double v = line.value;
-    if (line.y != Property::volume) {
+    if (line.y != Quantity::volume) {
         const auto f = [&](double trial) { return line.residual(region, trial, isochore_temperature(line.p, trial)); };
         v = solvers::enclose(f, a, b, search_tolerance(line.value)).x;
     }
@@ -103,7 +103,7 @@ State near_critical(const Isobar& line, double a, double b, int region) {
 }
 
 /// Sub-region 3 between the volumes of the limits to sub-regions 1 and 2.
-State middle(const Isobar& line, double least, double greatest) {
+FoundState middle(const Isobar& line, double least, double greatest) {
     if (line.p > ktl_lc.pca) return near_critical(line, least, greatest, KTL_NEAR_CRITICAL_STEAM);
     const Saturated phases = saturated_under(line.p);
     const double f_water = phases.of_liquid(line.y) - line.value;
@@ -114,7 +114,7 @@ State middle(const Isobar& line, double least, double greatest) {
 }
 
 /// Above p1: sub-regions 1, 3 and 2.
-State high(const Isobar& line, double lowest) {
+FoundState high(const Isobar& line, double lowest) {
     const double f1 = line.residual(KTL_LIQUID, line.p, ktl_lc.t1max);
     if (f1 >= 0.0) return water(line, ktl_lc.t1max, f1, lowest);
     const double tl = std::min(boundary_temperature(line.p), ktl_lc.t3max);
@@ -122,7 +122,7 @@ State high(const Isobar& line, double lowest) {
     if (f2 <= 0.0) return line.steam_from(tl, f2);
     const double v1 = volume(region1::terms(line.p, ktl_lc.t1max));
     const double v2 = volume(region2::terms(line.p, tl));
-    const State found = middle(line, v1 / outside, v2 * outside);
+    const FoundState found = middle(line, v1 / outside, v2 * outside);
     if (found.wet()) return found;
     if (found.t < ktl_lc.t3min) {
         const double past = ktl_lc.t1max + reach;
@@ -134,7 +134,7 @@ State high(const Isobar& line, double lowest) {
 
 } // namespace
 
-State on_isobar(Property y, double p, double value, double lowest) {
+FoundState on_isobar(Quantity y, double p, double value, double lowest) {
     const Isobar line{y, p, value};
     return p > ktl_lc.p1 ? high(line, lowest) : low(line, lowest);
 }

@@ -18,7 +18,7 @@ constexpr double loose_at_pmax = 0.0035;
 /// One search: the temperature, the property and its value. Trials are made in a variable z of the sub-region: the
 /// pressure in sub-region 1, the volume in sub-region 3.
 struct Isotherm {
-    Property y;
+    Quantity y;
     double t;
     double value;
     region3::Terms<double> terms3{}; // of temperature, once prepared
@@ -44,14 +44,14 @@ struct Isotherm {
 
 /// Steam of sub-region 2 between two pressures. Volume is searched by density and entropy over the logarithm of
 /// the pressure: so they are almost straight from the lowest pressure to the highest.
-State steam(const Isotherm& line, double a, double b) {
+FoundState steam(const Isotherm& line, double a, double b) {
     const double tolerance = search_tolerance(line.value);
     double p = 0.0;
-    if (line.y == Property::volume) {
+    if (line.y == Quantity::volume) {
         const double density = 1.0 / line.value;
         const auto f = [&](double z) { return 1.0 / volume(region2::terms(z, line.t)) - density; };
         p = solvers::enclose(f, a, b, search_tolerance(density)).x;
-    } else if (line.y == Property::entropy) {
+    } else if (line.y == Quantity::entropy) {
         const auto f = [&](double z) { return line.residual(KTL_STEAM, std::exp(z)); };
         p = std::exp(solvers::enclose(f, std::log(a), std::log(b), tolerance).x);
     } else {
@@ -64,7 +64,7 @@ State steam(const Isotherm& line, double a, double b) {
 /// First z from a, the end of lower pressure, towards b at which the residual vanishes. The property turns at most
 /// once between them: where both ends lie on one side of zero, the search ends at the turning point.
 template <class Residual>
-State first_from(const Isotherm& line, int region, double a, double fa, double b, Residual&& f) {
+FoundState first_from(const Isotherm& line, int region, double a, double fa, double b, Residual&& f) {
     const double fb = f(b);
     double end = b;
     double f_end = fb;
@@ -80,22 +80,22 @@ State first_from(const Isotherm& line, int region, double a, double fa, double b
     return {region, solvers::enclose(f, a, fa, end, f_end, search_tolerance(line.value)).x, line.t, {}};
 }
 
-State water(const Isotherm& line, double ps, double f_water) {
+FoundState water(const Isotherm& line, double ps, double f_water) {
     return first_from(line, KTL_LIQUID, ps, f_water, ktl_lc.pmax,
                       [&](double p) { return line.residual(KTL_LIQUID, p); });
 }
 
 /// Up to 350 degC: steam, mixture, water.
-State low(const Isotherm& line) {
+FoundState low(const Isotherm& line) {
     const Saturated phases = saturated_at(line.t);
     const double ps = phases.p;
     const double f_steam = line.residual(KTL_STEAM, ps);
     if (f_steam <= 0.0) return steam(line, std::min(ktl_lc.pmin, ps), ps);
     const double f_water = line.residual(KTL_LIQUID, ps);
     if (f_water >= 0.0) return water(line, ps, f_water);
-    const State wet = mixture(phases, f_water / (f_water - f_steam));
-    if (wet.first > least_quality || line.y == Property::volume) return wet;
-    const State compressed = water(line, ps, f_water);
+    const FoundState wet = mixture(phases, f_water / (f_water - f_steam));
+    if (wet.first > least_quality || line.y == Quantity::volume) return wet;
+    const FoundState compressed = water(line, ps, f_water);
     return std::fabs(line.residual(KTL_LIQUID, compressed.first)) <= search_tolerance(line.value) ? compressed : wet;
 }
 
@@ -106,14 +106,14 @@ double least_volume(const Isotherm& line) {
 }
 
 /// Sub-region 3 from volume a to the smaller volume b.
-State near_critical(const Isotherm& line, double a, double b, int region) {
-    if (line.y == Property::volume) return {region, std::max(line.value, b), line.t, {}};
+FoundState near_critical(const Isotherm& line, double a, double b, int region) {
+    if (line.y == Quantity::volume) return {region, std::max(line.value, b), line.t, {}};
     const auto f = [&](double v) { return line.residual3(v); };
     return first_from(line, region, a, f(a), b, f);
 }
 
 /// Sub-region 3 and its mixtures, from the volume at the 2/3 boundary on.
-State middle(const Isotherm& line, double greatest) {
+FoundState middle(const Isotherm& line, double greatest) {
     if (line.t > ktl_lc.tc) return near_critical(line, greatest, least_volume(line), KTL_NEAR_CRITICAL_STEAM);
     const Saturated phases = saturated_at(line.t);
     const double f_steam = phases.of_steam(line.y) - line.value;
@@ -123,26 +123,26 @@ State middle(const Isotherm& line, double greatest) {
         return near_critical(line, phases.liquid, least_volume(line), KTL_NEAR_CRITICAL_LIQUID);
     };
     if (f_water >= 0.0) return water3();
-    const State wet = mixture(phases, f_water / (f_water - f_steam));
-    if (wet.first > least_quality || line.y == Property::volume) return wet;
-    const State compressed = water3();
+    const FoundState wet = mixture(phases, f_water / (f_water - f_steam));
+    if (wet.first > least_quality || line.y == Quantity::volume) return wet;
+    const FoundState compressed = water3();
     return std::fabs(line.residual3(compressed.first)) <= search_tolerance(line.value) ? compressed : wet;
 }
 
 /// Above 350 degC: sub-region 2 up to the 2/3 boundary, sub-region 3 beyond it.
-State high(Isotherm& line) {
+FoundState high(Isotherm& line) {
     const double pl = boundary_pressure(line.t);
     if (!(pl < ktl_lc.pmax)) return steam(line, ktl_lc.pmin, ktl_lc.pmax);
     if (line.residual(KTL_STEAM, pl) <= 0.0) return steam(line, ktl_lc.pmin, pl);
     region3::temperature_terms(line.terms3, line.t);
-    const State found = middle(line, outside * volume(region2::terms(pl, line.t)));
+    const FoundState found = middle(line, outside * volume(region2::terms(pl, line.t)));
     const bool gap = found.region == KTL_NEAR_CRITICAL_STEAM && line.pressure3(found.first) < pl;
     return gap ? steam(line, pl, pl * reach) : found;
 }
 
 } // namespace
 
-State on_isotherm(Property y, double t, double value) {
+FoundState on_isotherm(Quantity y, double t, double value) {
     Isotherm line{y, t, value};
     return t > ktl_lc.t3min ? high(line) : low(line);
 }

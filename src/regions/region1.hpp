@@ -32,6 +32,27 @@ struct Terms {
 };
 static_assert(sizeof(Terms<double>) == 29 * sizeof(double));
 
+/// Reciprocals that the equations share; where they are inlined together each division is made once.
+template <class T>
+struct Reciprocals {
+    T thm1, thm2, thm6, thm20; // theta^-1, ^-2, ^-6, ^-20
+    T ub, uc, ud;              // 1/(a7 + theta^19), 1/(a8 + theta^11), 1/(a10 + beta)
+};
+template <class T>
+Reciprocals<T> reciprocals(const Terms<T>& s) {
+    Reciprocals<T> r;
+    r.thm1 = 1.0 / s.theta;
+    r.thm2 = r.thm1 * r.thm1;
+    const T thm4 = r.thm2 * r.thm2;
+    const T thm8 = thm4 * thm4;
+    r.thm6 = thm4 * r.thm2;
+    r.thm20 = thm8 * thm8 * thm4;
+    r.ub = 1.0 / s.ub;
+    r.uc = 1.0 / s.uc;
+    r.ud = 1.0 / (ktl_t1.a10 + s.beta);
+    return r;
+}
+
 /// Terms at p (bar), t (degC). Integer powers are products; the one power function is Z^(-5/17).
 template <class T>
 Terms<T> terms(const T& p, const T& t) {
@@ -64,14 +85,15 @@ Terms<T> terms(const T& p, const T& t) {
     s.ub = c.a7 + s.th19;
     s.ub2 = s.ub * s.ub;
     s.uc = c.a8 + s.th11;
-    s.u3t = ((c.aa19 * s.beta + c.aa18) * s.beta + c.aa17) * s.beta / s.uc / s.uc;
+    const Reciprocals<T> r = reciprocals(s);
+    s.u3t = ((c.aa19 * s.beta + c.aa18) * s.beta + c.aa17) * s.beta * (r.uc * r.uc);
     const T ud = c.a10 + s.beta;
     const T ud2 = ud * ud;
     s.ud4 = ud2 * ud2;
-    s.up = c.a11 * s.beta + 1.0 / (ud2 * ud);
+    s.up = c.a11 * s.beta + r.ud * (r.ud * r.ud);
 
-    s.y = 1.0 - c.a1 * s.th2 - c.a2 / s.th6;
-    s.yp = 6.0 * c.a2 / s.th7 - 2.0 * c.a1 * s.theta;
+    s.y = 1.0 - c.a1 * s.th2 - c.a2 * r.thm6;
+    s.yp = 6.0 * c.a2 * (r.thm6 * r.thm1) - 2.0 * c.a1 * s.theta;
     s.z = s.y + sqrt(c.a3 * s.y * s.y + 2.0 * (c.a5 * s.beta - c.a4 * s.theta));
     s.zp = pow(s.z, -0.29411764705882354);
     return s;
@@ -82,10 +104,12 @@ template <class T>
 T volume(const Terms<T>& s) {
     using namespace volume_products;
     constexpr auto& c = ktl_t1;
+    const Reciprocals<T> r = reciprocals(s);
+    const T udm2 = r.ud * r.ud;
     return ktl_lc.vca * (c.aa11 * c.a5 * s.zp + c.aa12 + c.aa13 * s.theta + c.aa14 * s.th2 + c.aa15 * s.ua10 +
-                         c.aa16 / s.ub - (c.aa17 + aa18t2 * s.beta + aa19t3 * s.beta2) / s.uc -
-                         c.aa20 * s.th18 * (c.a9 + s.th2) * (c.a11 - 3.0 / s.ud4) +
-                         s.beta2 * (aa21t3 * (c.a12 - s.theta) + aa22t4 * s.beta / s.th20));
+                         c.aa16 * r.ub - (c.aa17 + aa18t2 * s.beta + aa19t3 * s.beta2) * r.uc -
+                         c.aa20 * s.th18 * (c.a9 + s.th2) * (c.a11 - 3.0 * (udm2 * udm2)) +
+                         s.beta2 * (aa21t3 * (c.a12 - s.theta) + aa22t4 * s.beta * r.thm20));
 }
 
 /// Specific enthalpy, kJ/kg.
@@ -93,14 +117,15 @@ template <class T>
 T enthalpy(const Terms<T>& s) {
     using namespace enthalpy_products;
     constexpr auto& c = ktl_t1;
+    const Reciprocals<T> r = reciprocals(s);
     const T series = horner(s.theta, c.aa3, aa4t2, aa5t3, aa6t4, aa7t5, aa8t6, aa9t7, aa10t8);
-    const T root =
-        s.z * (17.0 * (s.z / 29.0 - s.y / 12.0) + 5.0 * s.theta * s.yp / 12.0) + s.theta * (c.a4 - a3m1 * s.y * s.yp);
+    const T root = s.z * ((17.0 / 29.0) * s.z - (17.0 / 12.0) * s.y + (5.0 / 12.0) * s.theta * s.yp) +
+                   s.theta * (c.a4 - a3m1 * s.y * s.yp);
     return ktl_lc.pvo10 * (c.aa0 * s.theta + c.aa1 - s.th2 * series + c.aa11 * s.zp * root +
                            s.beta * (c.aa12 - c.aa14 * s.th2 + c.aa15 * s.ua9 * (c.a6 + 9.0 * s.theta) +
-                                     c.aa16 * (c.a7 + 20.0 * s.th19) / s.ub2) -
+                                     c.aa16 * (c.a7 + 20.0 * s.th19) * (r.ub * r.ub)) -
                            (c.a8 + 12.0 * s.th11) * s.u3t + c.aa20 * s.th18 * (a9t17 + 19.0 * s.th2) * s.up +
-                           s.beta3 * (c.aa21 * c.a12 + aa2221 * s.beta / s.th20) + ktl_lc.alpha0);
+                           s.beta3 * (c.aa21 * c.a12 + aa2221 * s.beta * r.thm20) + ktl_lc.alpha0);
 }
 
 /// Specific entropy, kJ/(kg K).
@@ -108,30 +133,46 @@ template <class T>
 T entropy(const Terms<T>& s) {
     using namespace entropy_products;
     constexpr auto& c = ktl_t1;
+    const Reciprocals<T> r = reciprocals(s);
     const T series = horner(s.theta, aa3t2, aa4t3, aa5t4, aa6t5, aa7t6, aa8t7, aa9t8, aa10t9);
-    return ktl_lc.pvot *
-           (c.aa0 * log(s.theta) - c.aa2 - s.theta * series - ktl_lc.alpha1 +
-            s.beta3 * (c.aa21 + aa2220 * s.beta / s.th21) + c.aa20 * s.th17 * (a9t18 + 20.0 * s.th2) * s.up -
-            11.0 * s.th10 * s.u3t + s.beta * (-c.aa13 - aa14t2 * s.theta + aa1510 * s.ua9 + aa1619 * s.th18 / s.ub2) +
-            c.aa11 * s.zp * (s.yp * (5.0 * s.z / 12.0 - a3m1 * s.y) + c.a4));
+    return ktl_lc.pvot * (c.aa0 * log(s.theta) - c.aa2 - s.theta * series - ktl_lc.alpha1 +
+                          s.beta3 * (c.aa21 + aa2220 * s.beta * (r.thm20 * r.thm1)) +
+                          c.aa20 * s.th17 * (a9t18 + 20.0 * s.th2) * s.up - 11.0 * s.th10 * s.u3t +
+                          s.beta * (-c.aa13 - aa14t2 * s.theta + aa1510 * s.ua9 + aa1619 * s.th18 * (r.ub * r.ub)) +
+                          c.aa11 * s.zp * (s.yp * ((5.0 / 12.0) * s.z - a3m1 * s.y) + c.a4));
 }
 
-/// Second theta-derivative of A11 17 (Z/29 - Y/12) Z^(12/17).
+/// The square root in Z, its reciprocal, and the first theta-derivatives of Y and Z.
 template <class T>
-T root_curvature(const Terms<T>& s) {
+struct Root {
+    T w, rw, dydth, dwdth, dzdth;
+};
+template <class T>
+Root<T> root(const Terms<T>& s, const Reciprocals<T>& r) {
     using namespace heat_capacity_products;
     constexpr auto& c = ktl_t1;
-    const T w = sqrt(c.a3 * s.y * s.y + a5t2 * s.beta - a4t2 * s.theta);
-    const T dydth = a2t6 / s.th7 - a1t2 * s.theta;
-    const T dydth2 = -a1t2 - a2t42 / (s.th7 * s.theta);
-    const T wa = (c.a3 * s.y * dydth - c.a4) / w;
-    const T dzdth = dydth + wa;
-    const T dzdth2 = dydth2 - wa * wa / w + c.a3 * (dydth * dydth + s.y * dydth2) / w;
-    const T z22 = pow(s.z, -1.2941176470588236);
-    const T z12 = pow(s.z, 0.7058823529411765);
-    return c.aa11 *
-           (12.0 * (s.z / 29.0 - s.y / 12.0) * (s.zp * dzdth2 - 5.0 * z22 * dzdth * dzdth / 17.0) +
-            24.0 * (dzdth / 29.0 - dydth / 12.0) * s.zp * dzdth + 17.0 * (dzdth2 / 29.0 - dydth2 / 12.0) * z12);
+    Root<T> q;
+    q.w = sqrt(c.a3 * s.y * s.y + a5t2 * s.beta - a4t2 * s.theta);
+    q.rw = 1.0 / q.w;
+    q.dydth = a2t6 * (r.thm6 * r.thm1) - a1t2 * s.theta;
+    q.dwdth = (c.a3 * s.y * q.dydth - c.a4) * q.rw;
+    q.dzdth = q.dydth + q.dwdth;
+    return q;
+}
+
+/// Second theta-derivative of A11 17 (Z/29 - Y/12) Z^(12/17); Z^(-22/17) and Z^(12/17) come from Z^(-5/17).
+template <class T>
+T root_curvature(const Terms<T>& s, const Reciprocals<T>& r) {
+    using namespace heat_capacity_products;
+    constexpr auto& c = ktl_t1;
+    const Root<T> q = root(s, r);
+    const T dydth2 = -a1t2 - a2t42 * (r.thm6 * r.thm2);
+    const T dzdth2 = dydth2 + (c.a3 * (q.dydth * q.dydth + s.y * dydth2) - q.dwdth * q.dwdth) * q.rw;
+    const T z22 = s.zp / s.z;
+    const T z12 = s.zp * s.z;
+    return c.aa11 * ((12.0 / 29.0 * s.z - s.y) * (s.zp * dzdth2 - (5.0 / 17.0) * z22 * q.dzdth * q.dzdth) +
+                     (24.0 / 29.0 * q.dzdth - 2.0 * q.dydth) * s.zp * q.dzdth +
+                     (17.0 / 29.0 * dzdth2 - 17.0 / 12.0 * dydth2) * z12);
 }
 
 /// Specific isobaric heat capacity, kJ/(kg K).
@@ -139,17 +180,51 @@ template <class T>
 T heat_capacity(const Terms<T>& s) {
     using namespace heat_capacity_products;
     constexpr auto& c = ktl_t1;
+    const Reciprocals<T> r = reciprocals(s);
     const T ua = c.a6 - s.theta;
     const T ua2 = ua * ua;
     const T ua4 = ua2 * ua2;
     const T ua8 = ua4 * ua4;
     const T cp1 = horner(s.theta, aa3t2, aa4t6, aa5t12, aa6t20, aa7t30, aa8t42, aa9t56, aa1072);
-    const T cp2 = root_curvature(s);
-    const T cp3 = 2.0 * c.aa14 + c.aa16 * s.th17 * (722.0 * s.th19 / s.ub - 342.0) / s.ub2 + 90.0 * c.aa15 * ua8;
-    const T cp4 = s.th10 * (242.0 * s.th11 / s.uc - 110.0) * s.u3t;
+    const T cp2 = root_curvature(s, r);
+    const T cp3 =
+        2.0 * c.aa14 + c.aa16 * s.th17 * (722.0 * s.th19 * r.ub - 342.0) * (r.ub * r.ub) + 90.0 * c.aa15 * ua8;
+    const T cp4 = s.th10 * (242.0 * s.th11 * r.uc - 110.0) * s.u3t;
     const T cp5 = c.aa20 * s.th17 * (380.0 * s.th2 + a9t306) * s.up;
-    const T cp6 = 420.0 * c.aa22 * s.beta4 / s.th21;
+    const T cp6 = 420.0 * c.aa22 * s.beta4 * (r.thm20 * r.thm1);
     return ktl_lc.pvot * (-s.theta * (cp1 + s.beta * cp3 + cp2) + (c.aa0 + cp4 + cp5 - cp6));
+}
+
+/// dv/dt at constant pressure, m3/(kg K): vca zeta_beta_theta / tca.
+template <class T>
+T volume_by_temperature(const Terms<T>& s) {
+    using namespace volume_products;
+    constexpr auto& c = ktl_t1;
+    const Reciprocals<T> r = reciprocals(s);
+    const Root<T> q = root(s, r);
+    const T udm2 = r.ud * r.ud;
+    const T z22 = s.zp / s.z;
+    return ktl_lc.vca / ktl_lc.tca *
+           (-5.0 / 17.0 * c.aa11 * c.a5 * z22 * q.dzdth + c.aa13 + 2.0 * c.aa14 * s.theta - 10.0 * c.aa15 * s.ua9 -
+            19.0 * c.aa16 * s.th18 * (r.ub * r.ub) +
+            11.0 * s.th10 * (c.aa17 + aa18t2 * s.beta + aa19t3 * s.beta2) * (r.uc * r.uc) -
+            c.aa20 * s.th17 * (18.0 * c.a9 + 20.0 * s.th2) * (c.a11 - 3.0 * (udm2 * udm2)) -
+            s.beta2 * (aa21t3 + 20.0 * aa22t4 * s.beta * (r.thm20 * r.thm1)));
+}
+
+/// dv/dp at constant temperature, m3/(kg bar): vca zeta_beta_beta / pca.
+template <class T>
+T volume_by_pressure(const Terms<T>& s) {
+    using namespace volume_products;
+    constexpr auto& c = ktl_t1;
+    const Reciprocals<T> r = reciprocals(s);
+    const Root<T> q = root(s, r);
+    const T udm2 = r.ud * r.ud;
+    const T z22 = s.zp / s.z;
+    return ktl_lc.vca / ktl_lc.pca *
+           (-5.0 / 17.0 * c.aa11 * c.a5 * c.a5 * z22 * q.rw - (aa18t2 + 2.0 * aa19t3 * s.beta) * r.uc -
+            12.0 * c.aa20 * s.th18 * (c.a9 + s.th2) * (udm2 * udm2 * r.ud) +
+            s.beta * (2.0 * aa21t3 * (c.a12 - s.theta) + 3.0 * aa22t4 * s.beta * r.thm20));
 }
 
 } // namespace ktl::region1

@@ -30,6 +30,9 @@ struct Terms {
 };
 static_assert(sizeof(Terms<double>) == 26 * sizeof(double));
 
+/// 1 - theta1, where theta1 is the reduced temperature of 350 degC.
+inline constexpr double one_minus_theta1 = 1.0 - (ktl_lc.t1 + ktl_lc.tza) / ktl_lc.tca;
+
 /// The terms of temperature alone, at t (degC).
 template <class T>
 void temperature_terms(Terms<T>& s, const T& t) {
@@ -43,8 +46,8 @@ void temperature_terms(Terms<T>& s, const T& t) {
     s.thm22 = thm8 * thm8 * thm4 * thm2;
     s.thm23 = s.thm1 * s.thm22;
 
-    s.omth1 = T(1.0 - (ktl_lc.t1 + ktl_lc.tza) / ktl_lc.tca);
-    s.y = (1.0 - s.theta) / s.omth1;
+    s.omth1 = T(one_minus_theta1);
+    s.y = (1.0 - s.theta) * (1.0 / one_minus_theta1);
     s.y2 = s.y * s.y;
     s.y3 = s.y2 * s.y;
     // Below 0.01 the thirtieth power is set to zero before it would underflow.
@@ -213,7 +216,7 @@ template <class T>
 T free_energy_slope(const Terms<T>& s, const VolumeGroups<T>& g) {
     const T d = liquid_side(s, s.y2 * (3.0 * s.d3sv + 4.0 * s.y * s.d4sv) + 32.0 * s.y31 * s.d5sv);
     return g.s1 + s.thl1 * (2.0 * g.s2 + 3.0 * s.thl1 * g.s3) + c4_factor(s) * c4_slope(s) +
-           ktl_t3.c50 * (s.thlog + 1.0) - s.x60th2 * s.thm1 * c6_slope(s) + c7_slope(s) - d / s.omth1;
+           ktl_t3.c50 * (s.thlog + 1.0) - s.x60th2 * s.thm1 * c6_slope(s) + c7_slope(s) - d * (1.0 / one_minus_theta1);
 }
 
 /// psi_theta_theta.
@@ -223,7 +226,8 @@ T free_energy_curvature(const Terms<T>& s) {
     const T d = liquid_side(s, s.y * (6.0 * s.d3sv + 12.0 * s.y * s.d4sv) + 992.0 * s.y30 * s.d5sv);
     const T thm2 = s.thm1 * s.thm1;
     return 2.0 * g.s2 + 6.0 * s.thl1 * g.s3 + c4_factor(s) * (506.0 * s.thm22 - 552.0 * s.thm23) * thm2 +
-           ktl_t3.c50 * s.thm1 + s.x60th2 * thm2 * c6_curvature(s) + c7_curvature(s) + d / (s.omth1 * s.omth1);
+           ktl_t3.c50 * s.thm1 + s.x60th2 * thm2 * c6_curvature(s) + c7_curvature(s) +
+           d * (1.0 / (one_minus_theta1 * one_minus_theta1));
 }
 
 /// psi_chi_theta.
@@ -232,7 +236,7 @@ T free_energy_mixed(const Terms<T>& s) {
     const VolumeGroups<T> g = volume_group_slopes(s);
     const T d = liquid_side(s, s.y2 * (3.0 * s.vd3sv + 4.0 * s.y * s.vd4sv) - 32.0 * s.y31 * s.vd5sv);
     return g.s1 + s.thl1 * (2.0 * g.s2 + 3.0 * s.thl1 * g.s3) - c41t5 * s.exm6 * c4_slope(s) -
-           6.0 * s.x50th2 * s.thm1 * c6_slope(s) + d / s.omth1;
+           6.0 * s.x50th2 * s.thm1 * c6_slope(s) + d * (1.0 / one_minus_theta1);
 }
 
 /// psi_chi_chi.

@@ -12,39 +12,39 @@
 
 namespace ktl {
 
-enum class Property { pressure, temperature, volume, enthalpy, entropy, energy };
+enum class Quantity { pressure, temperature, volume, enthalpy, entropy, energy };
 
-/// Property of sub-region 1 or 2 from its working terms at p, t.
+/// Quantity of sub-region 1 or 2 from its working terms at p, t.
 template <class Terms, class T>
-T gibbs_property(Property y, const Terms& s, const T& p, const T& t) {
+T gibbs_property(Quantity y, const Terms& s, const T& p, const T& t) {
     switch (y) {
-    case Property::pressure: return p;
-    case Property::temperature: return t;
-    case Property::volume: return volume(s);
-    case Property::enthalpy: return enthalpy(s);
-    case Property::entropy: return entropy(s);
-    case Property::energy: break;
+    case Quantity::pressure: return p;
+    case Quantity::temperature: return t;
+    case Quantity::volume: return volume(s);
+    case Quantity::enthalpy: return enthalpy(s);
+    case Quantity::entropy: return entropy(s);
+    case Quantity::energy: break;
     }
     return internal_energy(enthalpy(s), p, volume(s));
 }
 
-/// Property of sub-region 3 from its working terms at v, t.
+/// Quantity of sub-region 3 from its working terms at v, t.
 template <class T>
-T helmholtz_property(Property y, const region3::Terms<T>& s, const T& v, const T& t) {
+T helmholtz_property(Quantity y, const region3::Terms<T>& s, const T& v, const T& t) {
     switch (y) {
-    case Property::pressure: return pressure(s);
-    case Property::temperature: return t;
-    case Property::volume: return v;
-    case Property::enthalpy: return enthalpy(s);
-    case Property::entropy: return entropy(s);
-    case Property::energy: break;
+    case Quantity::pressure: return pressure(s);
+    case Quantity::temperature: return t;
+    case Quantity::volume: return v;
+    case Quantity::enthalpy: return enthalpy(s);
+    case Quantity::entropy: return entropy(s);
+    case Quantity::energy: break;
     }
     return internal_energy(enthalpy(s), pressure(s), v);
 }
 
-/// Property of a single-phase region 1 to 4 in its own variables: p, t or v, t.
+/// Quantity of a single-phase region 1 to 4 in its own variables: p, t or v, t.
 template <class T>
-T property(Property y, int region, const T& first, const T& t) {
+T property(Quantity y, int region, const T& first, const T& t) {
     if (region == KTL_LIQUID) return gibbs_property(y, region1::terms(first, t), first, t);
     if (region == KTL_STEAM) return gibbs_property(y, region2::terms(first, t), first, t);
     return helmholtz_property(y, region3::terms(first, t), first, t);
@@ -58,15 +58,15 @@ struct Saturated {
     double liquid = 0.0;       // pressure, or volume above 350 degC
     double steam = 0.0;
 
-    [[nodiscard]] double of_liquid(Property y) const {
+    [[nodiscard]] double of_liquid(Quantity y) const {
         return property(y, region == KTL_WET ? KTL_LIQUID : KTL_NEAR_CRITICAL_LIQUID, liquid, t);
     }
-    [[nodiscard]] double of_steam(Property y) const {
+    [[nodiscard]] double of_steam(Quantity y) const {
         return property(y, region == KTL_WET ? KTL_STEAM : KTL_NEAR_CRITICAL_STEAM, steam, t);
     }
-    [[nodiscard]] double mixture(Property y, double x) const {
-        if (y == Property::pressure) return p;
-        if (y == Property::temperature) return t;
+    [[nodiscard]] double mixture(Quantity y, double x) const {
+        if (y == Quantity::pressure) return p;
+        if (y == Quantity::temperature) return t;
         const double water = of_liquid(y);
         return water + x * (of_steam(y) - water);
     }
@@ -79,7 +79,7 @@ Saturated saturated_at(double t);
 Saturated saturated_under(double p);
 
 /// A state that a search returns. The saturated phases stand beside a mixture only.
-struct State {
+struct FoundState {
     int region = KTL_NO_STATE;
     double first = 0.0;
     double t = 0.0;
@@ -87,12 +87,12 @@ struct State {
 
     [[nodiscard]] bool found() const { return region != KTL_NO_STATE; }
     [[nodiscard]] bool wet() const { return region == KTL_WET || region == KTL_WET_NEAR_CRITICAL; }
-    [[nodiscard]] double value(Property y) const {
+    [[nodiscard]] double value(Quantity y) const {
         return wet() ? phases.mixture(y, first) : property(y, region, first, t);
     }
 };
 
-inline State mixture(const Saturated& phases, double x) { return {phases.region, x, phases.t, phases}; }
+inline FoundState mixture(const Saturated& phases, double x) { return {phases.region, x, phases.t, phases}; }
 
 /// Pressure of the boundary between sub-regions 2 and 3 at t, bar.
 inline double boundary_pressure(double t) { return ktl_lc.pca * region2::boundary((t + ktl_lc.tza) / ktl_lc.tca); }

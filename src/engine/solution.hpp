@@ -1,0 +1,29 @@
+// A solved state in the variables of its region, as searches and kernels hand it to the evaluation of properties.
+#pragma once
+
+#include <cmath>
+#include <ktl/steam.hpp>
+#include <limits>
+
+namespace ktl::engine {
+
+inline constexpr double not_a_number = std::numeric_limits<double>::quiet_NaN();
+
+/// What a search came to. In two phases `first` is the quality and `liquid`, `vapour` are the variables of the
+/// saturated phases: their pressure up to 350 degC, their volumes above.
+struct Solution {
+    Status status = Status::no_state;
+    Region region = Region::none;
+    double first = not_a_number; ///< p in sub-regions 1 and 2, v in sub-region 3, x in two phases
+    double t = not_a_number;
+    double liquid = not_a_number, vapour = not_a_number;
+
+    [[nodiscard]] bool two_phase() const { return region == Region::wet || region == Region::wet_near_critical; }
+};
+
+/// The state that has both values, by searches that find every state of the range; number as in ktl::state().
+Solution search(Pair pair, double a, double b, int number) noexcept;
+/// How many there are.
+int count_states(Pair pair, double a, double b) noexcept;
+
+} // namespace ktl::engine
