@@ -142,18 +142,17 @@ T entropy(const Terms<T>& s) {
                           c.aa11 * s.zp * (s.yp * ((5.0 / 12.0) * s.z - a3m1 * s.y) + c.a4));
 }
 
-/// The square root in Z, its reciprocal, and the first theta-derivatives of Y and Z.
+/// 1/w, where w is the square root in Z, and the first theta-derivatives of Y, w and Z.
 template <class T>
 struct Root {
-    T w, rw, dydth, dwdth, dzdth;
+    T rw, dydth, dwdth, dzdth;
 };
 template <class T>
 Root<T> root(const Terms<T>& s, const Reciprocals<T>& r) {
     using namespace heat_capacity_products;
     constexpr auto& c = ktl_t1;
     Root<T> q;
-    q.w = sqrt(c.a3 * s.y * s.y + a5t2 * s.beta - a4t2 * s.theta);
-    q.rw = 1.0 / q.w;
+    q.rw = 1.0 / (s.z - s.y);
     q.dydth = a2t6 * (r.thm6 * r.thm1) - a1t2 * s.theta;
     q.dwdth = (c.a3 * s.y * q.dydth - c.a4) * q.rw;
     q.dzdth = q.dydth + q.dwdth;
