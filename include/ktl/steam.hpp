@@ -214,7 +214,7 @@ struct Saturation {
 // ---- Many states -----------------------------------------------------------------------------------------------------
 
 /// Told how many rows are done; called from one thread at a time, from time to time and at the end. Return false to
-/// cancel: rows not yet begun get Status::cancelled.
+/// cancel: rows not yet begun get Status::cancelled. A callback that throws cancels, too.
 using Progress = bool (*)(void* context, std::size_t done, std::size_t total);
 
 struct BatchOptions {
@@ -228,12 +228,12 @@ struct BatchResult {
     enum class Fault : std::uint8_t {
         none,
         lengths_differ,   ///< columns of different lengths: nothing was done
-        columns_differ,   ///< not as many output columns as properties: nothing was done
+        columns_differ,   ///< not as many output columns as properties, or a null one: nothing was done
         unknown_pair,     ///< a pair outside its enumeration: nothing was done
         unknown_property, ///< a property outside its enumeration: nothing was done
     };
     Fault fault = Fault::none;
-    bool cancelled = false;
+    bool cancelled = false; ///< rows were left that no thread had begun
     std::size_t solved = 0; ///< rows with Status::solved
 };
 

@@ -1,0 +1,150 @@
+// The calls in plain C.
+#include <ktl/ktlftn.h>
+#include <ktl/steam.h>
+#include <ktl/steam.hpp>
+
+namespace {
+
+using namespace ktl;
+
+constexpr bool same(int c, auto cpp) { return c == static_cast<int>(cpp); }
+
+static_assert(same(KTL_PAIR_PT, Pair::pt) && same(KTL_PAIR_PH, Pair::ph) && same(KTL_PAIR_PS, Pair::ps) &&
+              same(KTL_PAIR_PU, Pair::pu) && same(KTL_PAIR_PV, Pair::pv) && same(KTL_PAIR_PX, Pair::px) &&
+              same(KTL_PAIR_TV, Pair::tv) && same(KTL_PAIR_TH, Pair::th) && same(KTL_PAIR_TS, Pair::ts) &&
+              same(KTL_PAIR_TU, Pair::tu) && same(KTL_PAIR_TX, Pair::tx) && same(KTL_PAIR_SX, Pair::sx) &&
+              same(KTL_PAIR_HS, Pair::hs) && same(KTL_PAIR_US, Pair::us) && same(KTL_PAIR_VH, Pair::vh) &&
+              same(KTL_PAIR_VS, Pair::vs) && same(KTL_PAIR_VU, Pair::vu) && same(pair_count, KTL_PAIR_VU + 1));
+static_assert(same(KTL_STATUS_SOLVED, Status::solved) && same(KTL_STATUS_UNDETERMINED, Status::undetermined) &&
+              same(KTL_STATUS_NOT_A_NUMBER, Status::not_a_number) &&
+              same(KTL_STATUS_PRESSURE_LOW, Status::pressure_low) &&
+              same(KTL_STATUS_PRESSURE_HIGH, Status::pressure_high) &&
+              same(KTL_STATUS_TEMPERATURE_LOW, Status::temperature_low) &&
+              same(KTL_STATUS_TEMPERATURE_HIGH, Status::temperature_high) &&
+              same(KTL_STATUS_QUALITY_LOW, Status::quality_low) &&
+              same(KTL_STATUS_QUALITY_HIGH, Status::quality_high) &&
+              same(KTL_STATUS_ABOVE_CRITICAL, Status::above_critical) && same(KTL_STATUS_NO_STATE, Status::no_state) &&
+              same(KTL_STATUS_CANCELLED, Status::cancelled) && same(status_count, KTL_STATUS_CANCELLED + 1));
+static_assert(same(KTL_PROPERTY_P, Property::p) && same(KTL_PROPERTY_T, Property::t) &&
+              same(KTL_PROPERTY_V, Property::v) && same(KTL_PROPERTY_RHO, Property::rho) &&
+              same(KTL_PROPERTY_H, Property::h) && same(KTL_PROPERTY_S, Property::s) &&
+              same(KTL_PROPERTY_U, Property::u) && same(KTL_PROPERTY_X, Property::x) &&
+              same(KTL_PROPERTY_GIBBS, Property::gibbs) && same(KTL_PROPERTY_HELMHOLTZ, Property::helmholtz) &&
+              same(KTL_PROPERTY_REGION, Property::region) && same(KTL_PROPERTY_CP, Property::cp) &&
+              same(KTL_PROPERTY_CV, Property::cv) && same(KTL_PROPERTY_SPEED_OF_SOUND, Property::speed_of_sound) &&
+              same(KTL_PROPERTY_ISENTROPIC_EXPONENT, Property::isentropic_exponent) &&
+              same(KTL_PROPERTY_COMPRESSIBILITY, Property::compressibility) &&
+              same(KTL_PROPERTY_EXPANSION, Property::expansion) &&
+              same(KTL_PROPERTY_JOULE_THOMSON, Property::joule_thomson) &&
+              same(KTL_PROPERTY_VISCOSITY, Property::viscosity) &&
+              same(KTL_PROPERTY_KINEMATIC_VISCOSITY, Property::kinematic_viscosity) &&
+              same(KTL_PROPERTY_CONDUCTIVITY, Property::conductivity) &&
+              same(KTL_PROPERTY_PRANDTL, Property::prandtl) && same(property_count, KTL_PROPERTY_PRANDTL + 1));
+static_assert(same(KTL_LIQUID, Region::water) && same(KTL_STEAM, Region::steam) &&
+              same(KTL_NEAR_CRITICAL_STEAM, Region::near_critical_steam) &&
+              same(KTL_NEAR_CRITICAL_LIQUID, Region::near_critical_water) &&
+              same(KTL_WET_NEAR_CRITICAL, Region::wet_near_critical) && same(KTL_WET, Region::wet) &&
+              same(KTL_NO_STATE, Region::none));
+using Fault = BatchResult::Fault;
+static_assert(same(KTL_FAULT_NONE, Fault::none) && same(KTL_FAULT_LENGTHS_DIFFER, Fault::lengths_differ) &&
+              same(KTL_FAULT_COLUMNS_DIFFER, Fault::columns_differ) &&
+              same(KTL_FAULT_UNKNOWN_PAIR, Fault::unknown_pair) &&
+              same(KTL_FAULT_UNKNOWN_PROPERTY, Fault::unknown_property));
+
+/// An enumerator from any number: those that do not fit become one that is in no enumeration.
+template <class E>
+E enumerator(int number) {
+    return static_cast<E>(number >= 0 && number < 255 ? number : 255);
+}
+
+/// What a phase and a state have in common.
+template <class To, class From>
+void fill(To& to, const From& from) {
+    to.p = from.p();
+    to.t = from.t();
+    to.v = from.v();
+    to.rho = from.rho();
+    to.h = from.h();
+    to.s = from.s();
+    to.u = from.u();
+    to.gibbs = from.gibbs();
+    to.helmholtz = from.helmholtz();
+    to.cp = from.cp();
+    to.cv = from.cv();
+    to.speed_of_sound = from.speed_of_sound();
+    to.isentropic_exponent = from.isentropic_exponent();
+    to.compressibility = from.compressibility();
+    to.expansion = from.expansion();
+    to.joule_thomson = from.joule_thomson();
+    to.viscosity = from.viscosity();
+    to.kinematic_viscosity = from.kinematic_viscosity();
+    to.conductivity = from.conductivity();
+    to.prandtl = from.prandtl();
+    to.region = static_cast<int>(from.region());
+}
+
+int hand_over(const State& from, ktl_state* to) {
+    const int status = static_cast<int>(from.status());
+    if (to == nullptr) return status;
+    to->status = status;
+    to->x = from.x();
+    fill(*to, from);
+    fill(to->liquid, from.liquid());
+    fill(to->vapour, from.vapour());
+    return status;
+}
+
+int hand_over(const Saturation& from, ktl_saturation* to) {
+    const int status = static_cast<int>(from.status);
+    if (to == nullptr) return status;
+    to->status = status;
+    to->p = from.p;
+    to->t = from.t;
+    to->dpdt = from.slope;
+    fill(to->liquid, from.liquid);
+    fill(to->vapour, from.vapour);
+    return status;
+}
+
+bool report(void* options, std::size_t done, std::size_t total) {
+    const auto& o = *static_cast<const ktl_batch_options*>(options);
+    return o.progress(o.context, done, total) != 0;
+}
+
+} // namespace
+
+const char* ktl_sentence(int status) { return sentence(enumerator<Status>(status)); }
+
+int ktl_state_of(int pair, double a, double b, ktl_state* state) {
+    return hand_over(ktl::state(enumerator<Pair>(pair), a, b), state);
+}
+
+int ktl_state_count(int pair, double a, double b) { return states(enumerator<Pair>(pair), a, b); }
+
+int ktl_state_number(int pair, double a, double b, int number, ktl_state* state) {
+    return hand_over(ktl::state(enumerator<Pair>(pair), a, b, number), state);
+}
+
+double ktl_saturation_pressure(double t) { return saturation_pressure(t); }
+double ktl_saturation_temperature(double p) { return saturation_temperature(p); }
+double ktl_saturation_dpdt(double t) { return saturation_slope(t); }
+
+int ktl_saturation_at_temperature(double t, ktl_saturation* point) {
+    return hand_over(saturation_at_temperature(t), point);
+}
+
+int ktl_saturation_at_pressure(double p, ktl_saturation* point) { return hand_over(saturation_at_pressure(p), point); }
+
+ktl_batch_result ktl_batch(int pair, const double* a, const double* b, size_t rows, const unsigned char* properties,
+                           double* const* outputs, size_t columns, unsigned char* status,
+                           const ktl_batch_options* options) {
+    if (rows != 0 && (a == nullptr || b == nullptr || status == nullptr)) return {KTL_FAULT_LENGTHS_DIFFER, 0, 0};
+    if (columns != 0 && (properties == nullptr || outputs == nullptr)) return {KTL_FAULT_COLUMNS_DIFFER, 0, 0};
+    ktl_batch_options given = options != nullptr ? *options : ktl_batch_options{1, nullptr, nullptr};
+    // Property and Status have the size of a byte and any value of one.
+    const BatchResult result =
+        batch(enumerator<Pair>(pair), {a, rows}, {b, rows}, {reinterpret_cast<const Property*>(properties), columns},
+              {outputs, columns}, {reinterpret_cast<Status*>(status), rows},
+              {.threads = given.threads, .progress = given.progress != nullptr ? report : nullptr, .context = &given});
+    return {static_cast<int>(result.fault), result.cancelled ? 1 : 0, result.solved};
+}

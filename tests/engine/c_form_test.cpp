@@ -1,0 +1,174 @@
+// The calls in plain C against those of C++, and the saturation line.
+#include "rows.hpp"
+
+#include "support/compare.hpp"
+
+#include <cstring>
+#include <gtest/gtest.h>
+#include <ktl/steam.h>
+#include <set>
+#include <string>
+
+namespace {
+
+using namespace ktl;
+using test::same_bits;
+
+constexpr std::array<double ktl_phase::*, 20> of_phase{&ktl_phase::p,
+                                                       &ktl_phase::t,
+                                                       &ktl_phase::v,
+                                                       &ktl_phase::rho,
+                                                       &ktl_phase::h,
+                                                       &ktl_phase::s,
+                                                       &ktl_phase::u,
+                                                       &ktl_phase::gibbs,
+                                                       &ktl_phase::helmholtz,
+                                                       &ktl_phase::cp,
+                                                       &ktl_phase::cv,
+                                                       &ktl_phase::speed_of_sound,
+                                                       &ktl_phase::expansion,
+                                                       &ktl_phase::isentropic_exponent,
+                                                       &ktl_phase::viscosity,
+                                                       &ktl_phase::compressibility,
+                                                       &ktl_phase::prandtl,
+                                                       &ktl_phase::joule_thomson,
+                                                       &ktl_phase::conductivity,
+                                                       &ktl_phase::kinematic_viscosity};
+
+void expect_equal(const ktl_phase& c, const Phase& phase) {
+    const std::array<double, 20> values{phase.p(),
+                                        phase.t(),
+                                        phase.v(),
+                                        phase.rho(),
+                                        phase.h(),
+                                        phase.s(),
+                                        phase.u(),
+                                        phase.gibbs(),
+                                        phase.helmholtz(),
+                                        phase.cp(),
+                                        phase.cv(),
+                                        phase.speed_of_sound(),
+                                        phase.expansion(),
+                                        phase.isentropic_exponent(),
+                                        phase.viscosity(),
+                                        phase.compressibility(),
+                                        phase.prandtl(),
+                                        phase.joule_thomson(),
+                                        phase.conductivity(),
+                                        phase.kinematic_viscosity()};
+    for (std::size_t i = 0; i < values.size(); ++i) EXPECT_TRUE(same_bits(c.*of_phase[i], values[i])) << i;
+    EXPECT_EQ(c.region, static_cast<int>(phase.region()));
+}
+
+void expect_equal(const ktl_state& c, const State& s) {
+    EXPECT_EQ(c.status, static_cast<int>(s.status()));
+    EXPECT_EQ(c.region, static_cast<int>(s.region()));
+    const std::array<double, property_count> values{c.p,
+                                                    c.t,
+                                                    c.v,
+                                                    c.rho,
+                                                    c.h,
+                                                    c.s,
+                                                    c.u,
+                                                    c.x,
+                                                    c.gibbs,
+                                                    c.helmholtz,
+                                                    double(c.region),
+                                                    c.cp,
+                                                    c.cv,
+                                                    c.speed_of_sound,
+                                                    c.isentropic_exponent,
+                                                    c.compressibility,
+                                                    c.expansion,
+                                                    c.joule_thomson,
+                                                    c.viscosity,
+                                                    c.kinematic_viscosity,
+                                                    c.conductivity,
+                                                    c.prandtl};
+    for (std::size_t y = 0; y < property_count; ++y)
+        EXPECT_TRUE(same_bits(values[y], s.get(static_cast<Property>(y)))) << y;
+    expect_equal(c.liquid, s.liquid());
+    expect_equal(c.vapour, s.vapour());
+}
+
+TEST(CForm, GivesWhatTheCallsOfCppGive) {
+    test::Random random(3);
+    for (int pair = -1; pair <= static_cast<int>(pair_count); ++pair) {
+        const Pair p = pair < 0 ? static_cast<Pair>(255) : static_cast<Pair>(pair);
+        const test::Rows rows(random, pair < 0 || pair == pair_count ? Pair::pt : p, 50);
+        for (std::size_t i = 0; i < rows.a.size(); ++i) {
+            const double a = rows.a[i], b = rows.b[i];
+            ktl_state c;
+            std::memset(&c, 1, sizeof c);
+            EXPECT_EQ(ktl_state_of(pair, a, b, &c), ktl_state_of(pair, a, b, nullptr));
+            expect_equal(c, state(p, a, b));
+            EXPECT_EQ(ktl_state_count(pair, a, b), states(p, a, b));
+            for (const int number : {-1, 1, 2, 1 << 30}) {
+                ktl_state_number(pair, a, b, number, &c);
+                expect_equal(c, state(p, a, b, number));
+            }
+        }
+        std::vector<double> h(rows.a.size()), wanted(rows.a.size());
+        std::vector<unsigned char> status(rows.a.size());
+        std::vector<Status> cpp_status(rows.a.size());
+        const unsigned char property = KTL_PROPERTY_H;
+        const Property cpp_property = Property::h;
+        double* const output = h.data();
+        double* const cpp_output = wanted.data();
+        const ktl_batch_result c =
+            ktl_batch(pair, rows.a.data(), rows.b.data(), rows.a.size(), &property, &output, 1, status.data(), nullptr);
+        const BatchResult cpp = batch(p, rows.a, rows.b, {&cpp_property, 1}, {&cpp_output, 1}, cpp_status);
+        EXPECT_EQ(c.fault, static_cast<int>(cpp.fault));
+        EXPECT_EQ(c.solved, cpp.solved);
+        EXPECT_TRUE(std::equal(h.begin(), h.end(), wanted.begin(), same_bits));
+        EXPECT_TRUE(std::equal(status.begin(), status.end(), cpp_status.begin(),
+                               [](unsigned char x, Status y) { return x == static_cast<unsigned char>(y); }));
+    }
+    EXPECT_EQ(ktl_batch(KTL_PAIR_PT, nullptr, nullptr, 1, nullptr, nullptr, 0, nullptr, nullptr).fault,
+              KTL_FAULT_LENGTHS_DIFFER);
+}
+
+TEST(CForm, HasASentenceForEveryNumber) {
+    std::set<std::string> sentences;
+    for (int status = -1; status <= static_cast<int>(status_count); ++status) sentences.insert(ktl_sentence(status));
+    EXPECT_EQ(sentences.size(), status_count + 1);
+}
+
+TEST(Saturation, PressureTemperatureAndSlopeBelongTogether) {
+    test::Random random(4);
+    for (int i = 0; i < 2000; ++i) {
+        const double t = i == 0 ? 0.01 : i == 1 ? 374.15 : random.between(0.01, 374.15);
+        const double p = saturation_pressure(t);
+        EXPECT_TRUE(test::within(test::named("t at ", p), saturation_temperature(p), t, 1e-9));
+        const double low = std::fmax(t - 1e-4, 0.01), high = std::fmin(t + 1e-4, 374.15);
+        const double middle = saturation_slope(0.5 * (low + high));
+        const double chord = (saturation_pressure(high) - saturation_pressure(low)) / (high - low);
+        EXPECT_TRUE(test::close(test::named("dp/dt at ", t), middle, chord, 1e-6));
+        ktl_saturation c;
+        EXPECT_EQ(ktl_saturation_at_temperature(t, &c), KTL_STATUS_SOLVED) << t;
+        const Saturation at = saturation_at_pressure(c.p);
+        expect_equal(c.liquid, saturation_at_temperature(t).liquid);
+        EXPECT_TRUE(test::within(test::named("t at ", p), at.t, t, 1e-9));
+        EXPECT_TRUE(same_bits(c.dpdt, saturation_slope(t)) && same_bits(c.dpdt, ktl_saturation_dpdt(t)));
+        EXPECT_TRUE(at.liquid.v() <= at.vapour.v() && at.liquid.h() <= at.vapour.h()) << t;
+    }
+}
+
+TEST(Saturation, EndsWhereTheLineEnds) {
+    struct Case {
+        double given;
+        Status by_t, by_p;
+    };
+    for (const Case& c : {Case{0.0061, Status::temperature_low, Status::pressure_low},
+                          Case{400.0, Status::above_critical, Status::above_critical},
+                          Case{std::nan(""), Status::not_a_number, Status::not_a_number},
+                          Case{-HUGE_VAL, Status::not_a_number, Status::not_a_number}}) {
+        EXPECT_TRUE(std::isnan(saturation_pressure(c.given)) && std::isnan(saturation_slope(c.given)));
+        EXPECT_TRUE(std::isnan(saturation_temperature(c.given)));
+        EXPECT_EQ(saturation_at_temperature(c.given).status, c.by_t) << c.given;
+        EXPECT_EQ(ktl_saturation_at_pressure(c.given, nullptr), static_cast<int>(c.by_p)) << c.given;
+        EXPECT_TRUE(std::isnan(saturation_at_pressure(c.given).liquid.h()));
+    }
+}
+
+} // namespace
