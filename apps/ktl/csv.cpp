@@ -4,10 +4,10 @@
 #include "tables.hpp"
 
 #include <algorithm>
-#include <array>
 #include <cerrno>
 #include <cstring>
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace program {
@@ -15,6 +15,7 @@ namespace program {
 namespace {
 
 constexpr std::string_view byte_order_mark = "\xEF\xBB\xBF";
+constexpr std::size_t bytes_at_once = std::size_t{1} << 18;
 
 /// Blanks belong to their field (RFC 4180); libcsv would strip them.
 int no_blank(unsigned char /*c*/) { return 0; }
@@ -25,8 +26,25 @@ int no_blank(unsigned char /*c*/) { return 0; }
 
 } // namespace
 
+void Records::drop_open_fields() {
+    ends_.resize(records_.empty() ? 0 : records_.back().end);
+    text_.resize(ends_.empty() ? 0 : ends_.back());
+}
+
+void Records::take_open_fields(Records& other) {
+    text_.clear();
+    ends_.clear();
+    records_.clear();
+    const std::size_t closed = other.records_.empty() ? 0 : other.records_.back().end;
+    const std::size_t begin = closed == 0 ? 0 : other.ends_[closed - 1];
+    text_.append(other.text_, begin);
+    for (std::size_t i = closed; i < other.ends_.size(); ++i) ends_.push_back(other.ends_[i] - begin);
+    other.drop_open_fields();
+}
+
 CsvReader::CsvReader(const std::string& path)
-    : path_(path), file_(path == "-" ? STDIN_FILENO : ::open(path.c_str(), O_RDONLY | O_CLOEXEC)) {
+    : path_(path), file_(path == "-" ? STDIN_FILENO : ::open(path.c_str(), O_RDONLY | O_CLOEXEC)),
+      buffer_(bytes_at_once) {
     if (file_ < 0) fail(path_);
     start_parser();
 }
@@ -43,7 +61,7 @@ void CsvReader::start_parser() {
 
 void CsvReader::on_field(void* text, std::size_t size, void* reader) {
     auto& self = *static_cast<CsvReader*>(reader);
-    self.current_.fields.emplace_back(static_cast<const char*>(text), size);
+    self.current_.add_field({static_cast<const char*>(text), size});
     self.after_cr_ = false;
 }
 
@@ -52,8 +70,7 @@ void CsvReader::on_row(int end, void* reader) {
     const bool second_half = self.after_cr_ && end == '\n'; // of CR LF
     self.after_cr_ = end == '\r';
     if (second_half) return;
-    self.ready_.push_back(std::move(self.current_));
-    self.current_ = {};
+    self.current_.end_record(false);
     self.record_bytes_ = 0;
 }
 
@@ -61,8 +78,8 @@ void CsvReader::on_row(int end, void* reader) {
 void CsvReader::drop_record() {
     csv_free(&parser_);
     start_parser();
-    current_ = {};
-    ready_.push_back({{}, true});
+    current_.drop_open_fields();
+    current_.end_record(true);
     record_bytes_ = 0;
     skipping_ = true;
 }
@@ -96,37 +113,40 @@ void CsvReader::feed(std::string_view bytes) {
 }
 
 void CsvReader::fill() {
-    std::array<char, 1 << 16> buffer;
-    const ssize_t count = ::read(file_, buffer.data(), buffer.size());
+    const ssize_t count = ::read(file_, buffer_.data(), buffer_.size());
     if (count < 0 && errno != EINTR) fail(path_);
-    if (count > 0) feed({buffer.data(), static_cast<std::size_t>(count)});
+    if (count > 0) {
+        bytes_read_ += static_cast<std::size_t>(count);
+        feed({buffer_.data(), static_cast<std::size_t>(count)});
+    }
     if (count == 0) {
         at_end_ = true;
         csv_fini(&parser_, on_field, on_row, this);
     }
 }
 
-bool CsvReader::next(Record& record) {
-    while (ready_.empty() && !at_end_) fill();
-    if (ready_.empty()) return false;
-    record = std::move(ready_.front());
-    ready_.pop_front();
-    return true;
+bool CsvReader::next(Records& records) {
+    while (current_.size() == 0 && !at_end_) fill();
+    std::swap(records, current_);
+    current_.take_open_fields(records);
+    return records.size() != 0;
 }
 
-std::string csv_line(const std::vector<std::string>& fields) {
-    std::string line;
-    for (const std::string& field : fields) {
-        if (&field != fields.data()) line += ',';
-        if (field.find_first_of(",\"\r\n") == std::string::npos) {
-            line += field;
-            continue;
-        }
-        line += '"';
-        for (const char c : field) line.append(c == '"' ? 2 : 1, c);
-        line += '"';
+std::optional<std::size_t> CsvReader::size() const {
+    struct stat about {};
+    if (::fstat(file_, &about) != 0 || !S_ISREG(about.st_mode)) return std::nullopt;
+    return static_cast<std::size_t>(about.st_size);
+}
+
+void add_csv_field(std::string& line, std::string_view field) {
+    const auto special = [](char c) { return c == ',' || c == '"' || c == '\r' || c == '\n'; };
+    if (std::none_of(field.begin(), field.end(), special)) {
+        line += field;
+        return;
     }
-    return line + '\n';
+    line += '"';
+    for (const char c : field) line.append(c == '"' ? 2 : 1, c);
+    line += '"';
 }
 
 } // namespace program

@@ -1,10 +1,11 @@
 // The command-line program ktl: properties of one state, or of every line of a CSV file.
 #include "batch.hpp"
 #include "number.hpp"
-#include "state.hpp"
+#include "states.hpp"
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <cmath>
 #include <iomanip>
 #include <iostream>
 #include <ktl/version.h>
@@ -21,6 +22,7 @@ struct Arguments {
     std::string pair, first, second, file;
     std::string codes = every_state_codes;
     std::string format = "csv";
+    bool stats = false;
 };
 
 std::string version() {
@@ -30,14 +32,17 @@ std::string version() {
 
 std::string property_help() {
     std::string text = "Properties, upper or lower case, separated by commas:\n";
+    bool one_phase = false;
     for (const Property& p : properties()) {
+        if (p.one_phase && !one_phase) text += "and, where there is one phase:\n";
+        one_phase = p.one_phase;
         std::string line = "  " + std::string(p.code);
-        line.append(6 - line.size(), ' ');
+        line.append(10 - line.size(), ' ');
         line += p.unit;
-        line.append(18 - line.size(), ' ');
+        line.append(22 - line.size(), ' ');
         text += line + std::string(p.meaning) + "\n";
     }
-    return text + "CP, DV and TC are undefined for two phases, and given everywhere else.\n";
+    return text + "X is 0 in water and 1 in steam.\n";
 }
 
 constexpr const char* range_help = "Range: 0.01 to 800 degC, 0.006112444 to 1000 bar.\n";
@@ -51,7 +56,8 @@ constexpr const char* batch_help =
     "Each line of the file yields one line, in order: its columns, one column for each property, and a column\n"
     "\"error\". A line without a state keeps the property columns empty and says why in the last one; no line\n"
     "ends the run. Extra columns of a line that has too many are dropped. CSV carries 10 digits and streams;\n"
-    "a table carries 7 digits and is printed once all lines are read.\n\n"
+    "a table carries 7 digits and is printed once all lines are read. All cores compute. A terminal shows how far\n"
+    "it has come.\n\n"
     "Examples:\n"
     "  ktl batch ph states.csv T,V,S\n"
     "  ktl batch auto examples/heat_balance.csv P,T,V,H,S,X --format table\n";
@@ -71,22 +77,28 @@ ExitStatus single(const Pair& pair, const Arguments& arguments) {
     const auto wanted = parse_codes(arguments.codes);
     const double first = number_argument(pair.first, arguments.first);
     const double second = number_argument(pair.second, arguments.second);
-    const Result result = Evaluator().evaluate(pair, first, second, wanted);
+    States states(pair, wanted);
+    const std::size_t row = states.add(first, second);
+    states.solve();
+    NumberText number;
     std::vector<std::string> shown;
-    std::size_t widest = 0;
-    for (const PropertyIndex index : wanted) {
-        shown.push_back(result.has(index) ? show_number(result.values[index], result_digits) : "-");
+    std::size_t widest = 0, longest_code = 2;
+    bool any = false;
+    for (std::size_t i = 0; i < wanted.size(); ++i) {
+        const double value = states.value(row, i);
+        any = any || std::isfinite(value);
+        shown.emplace_back(std::isfinite(value) ? number(value, result_digits) : "-");
         widest = std::max(widest, shown.back().size());
+        longest_code = std::max(longest_code, wanted[i]->code.size());
     }
-    const bool any = std::any_of(wanted.begin(), wanted.end(), [&](PropertyIndex index) { return result.has(index); });
     for (std::size_t i = 0; any && i < wanted.size(); ++i) {
-        const Property& property = properties()[wanted[i]];
-        std::cout << std::left << std::setw(4) << property.code << std::setw(static_cast<int>(widest)) << shown[i]
-                  << " " << property.unit << "\n";
+        std::cout << std::left << std::setw(static_cast<int>(longest_code) + 2) << wanted[i]->code
+                  << std::setw(static_cast<int>(widest)) << shown[i] << " " << wanted[i]->unit << "\n";
     }
     if (!std::cout.flush()) throw UsageError("cannot write the results");
-    if (result.error.empty()) return all_found;
-    std::cerr << "ktl: " << result.error << "\n";
+    const std::string error = states.error(row);
+    if (error.empty()) return all_found;
+    std::cerr << "ktl: " << error << "\n";
     return state_missing;
 }
 
@@ -96,7 +108,7 @@ ExitStatus batch(const Arguments& arguments) {
         throw UsageError("no pair " + in_quotes(arguments.pair) + "; the pairs are " + pair_names() + " and auto");
     const auto wanted = parse_codes(arguments.codes);
     const auto output = arguments.format == "table" ? table_output() : csv_output();
-    const std::size_t failures = run_batch(pair, arguments.file, wanted, *output);
+    const std::size_t failures = run_batch(pair, arguments.file, wanted, arguments.stats, *output);
     if (failures == 0) return all_found;
     std::cerr << "ktl: " << failures << (failures == 1 ? " line has" : " lines have") << " no full result\n";
     return state_missing;
@@ -118,6 +130,7 @@ void add_commands(CLI::App& app, Arguments& arguments) {
     command->add_option("--format", arguments.format, "csv, or table for reading")
         ->capture_default_str()
         ->check(CLI::IsMember({"csv", "table"}));
+    command->add_flag("--stats", arguments.stats, "Tell the number of rows and the rate at the end");
     command->footer("\n" + std::string(batch_help) + "\n" + property_help() + range_help + exit_help);
 }
 

@@ -1,7 +1,6 @@
 #include "number.hpp"
 
 #include <algorithm>
-#include <array>
 #include <charconv>
 
 namespace program {
@@ -38,11 +37,9 @@ std::optional<double> parse_number(std::string_view text) {
     return value;
 }
 
-std::string show_number(double value, int digits) {
-    std::array<char, 64> text;
-    const auto end =
-        std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::general, digits).ptr;
-    return {text.data(), end};
+std::string_view NumberText::operator()(double value, int digits) {
+    char* const begin = text_.data();
+    return {begin, std::to_chars(begin, begin + text_.size(), value, std::chars_format::general, digits).ptr};
 }
 
 } // namespace program

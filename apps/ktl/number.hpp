@@ -1,6 +1,7 @@
 // Numbers and short texts, read and shown the same way whatever the locale.
 #pragma once
 
+#include <array>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -16,8 +17,15 @@ std::string in_quotes(std::string_view text);
 /// The number that the whole text is; blanks around it and a leading + are allowed. Infinity and NaN are read.
 std::optional<double> parse_number(std::string_view text);
 
-/// The number with up to that many significant digits, in the shorter of plain and exponent form.
-std::string show_number(double value, int digits);
+/// The number with up to that many significant digits, in the shorter of plain and exponent form. The text stands
+/// until the next one.
+class NumberText {
+public:
+    std::string_view operator()(double value, int digits);
+
+private:
+    std::array<char, 64> text_;
+};
 
 /// Digits of a result, and of a result in a table for reading.
 inline constexpr int result_digits = 10;

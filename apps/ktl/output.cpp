@@ -8,6 +8,10 @@
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
+#include <iterator>
+#include <string>
+#include <utility>
+#include <vector>
 
 namespace program {
 
@@ -24,8 +28,29 @@ void finish_writing() {
 class CsvOutput : public Output {
 public:
     [[nodiscard]] int digits() const override { return result_digits; }
-    void line(std::vector<std::string> cells) override { write(csv_line(cells)); }
+    [[nodiscard]] std::unique_ptr<Lines> lines() const override { return std::make_unique<CsvLines>(); }
+    void write(Lines& lines) override {
+        std::string& text = static_cast<CsvLines&>(lines).text;
+        program::write(text);
+        text.clear();
+    }
     void finish() override { finish_writing(); }
+
+private:
+    struct CsvLines : Lines {
+        std::string text;
+        bool first = true; // cell of its line
+
+        void cell(std::string_view field) override {
+            if (!first) text += ',';
+            first = false;
+            add_csv_field(text, field);
+        }
+        void end_line() override {
+            text += '\n';
+            first = true;
+        }
+    };
 };
 
 /// Characters on the screen: the continuation bytes of UTF-8 take no place.
@@ -41,12 +66,12 @@ class TableOutput : public Output {
 public:
     [[nodiscard]] int digits() const override { return table_digits; }
 
-    void line(std::vector<std::string> cells) override {
-        for (std::string& cell : cells) {
-            std::replace_if(
-                cell.begin(), cell.end(), [](char c) { return c >= '\0' && c < ' '; }, ' ');
-        }
-        lines_.push_back(std::move(cells));
+    [[nodiscard]] std::unique_ptr<Lines> lines() const override { return std::make_unique<TableLines>(); }
+
+    void write(Lines& lines) override {
+        auto& added = static_cast<TableLines&>(lines).lines;
+        std::move(added.begin(), added.end(), std::back_inserter(lines_));
+        added.clear();
     }
 
     void finish() override {
@@ -54,12 +79,24 @@ public:
         for (const auto& cells : lines_) {
             std::string text;
             for (const std::string& cell : cells) text += cell.empty() ? "" : cell + "  ";
-            write(text.substr(0, text.find_last_not_of(' ') + 1) + "\n");
+            program::write(text.substr(0, text.find_last_not_of(' ') + 1) + "\n");
         }
         finish_writing();
     }
 
 private:
+    struct TableLines : Lines {
+        std::vector<std::vector<std::string>> lines;
+        std::vector<std::string> open;
+
+        void cell(std::string_view field) override {
+            std::string& text = open.emplace_back(field);
+            std::replace_if(
+                text.begin(), text.end(), [](char c) { return c >= '\0' && c < ' '; }, ' ');
+        }
+        void end_line() override { lines.push_back(std::exchange(open, {})); }
+    };
+
     /// Brings the cells of a column to one width, numbers with their decimal points in line.
     void align(std::size_t column) {
         const auto cell = [&](std::size_t i) -> std::string& { return lines_[i][column]; };

@@ -2,18 +2,26 @@
 #pragma once
 
 #include <memory>
-#include <string>
-#include <vector>
+#include <string_view>
 
 namespace program {
 
 class Output {
 public:
+    /// A run of lines, filled by any thread, all with as many cells.
+    class Lines {
+    public:
+        virtual ~Lines() = default;
+        virtual void cell(std::string_view text) = 0;
+        virtual void end_line() = 0;
+    };
+
     virtual ~Output() = default;
     /// Significant digits of the results.
     [[nodiscard]] virtual int digits() const = 0;
-    /// One line, the header first; all lines have as many cells.
-    virtual void line(std::vector<std::string> cells) = 0;
+    [[nodiscard]] virtual std::unique_ptr<Lines> lines() const = 0;
+    /// Writes lines that lines() has made, and empties them. The header comes first.
+    virtual void write(Lines& lines) = 0;
     /// After the last line. Throws UsageError where standard output did not take everything.
     virtual void finish() = 0;
 };

@@ -3,46 +3,65 @@
 #include "number.hpp"
 
 #include <algorithm>
-#include <limits>
 
 namespace program {
 
 namespace {
 
-constexpr double none = std::numeric_limits<double>::infinity();
-
 constexpr std::array<Quantity, 7> quantity_table{{
-    {"p", "pressure", "bar", {"bar"}, 0.006112444, 1000.0, 0.0},
-    {"t", "temperature", "degC", {"degc", "c", "celsius"}, 0.01, 800.0, 1.0},
-    {"v", "volume", "m3/kg", {"m3kg"}, -none, none, 0.0},
-    {"h", "enthalpy", "kJ/kg", {"kjkg"}, -none, none, 1.0},
-    {"s", "entropy", "kJ/(kg K)", {"kjkgk"}, -none, none, 0.01},
-    {"u", "energy", "kJ/kg", {"kjkg"}, -none, none, 1.0},
-    {"x", "quality", "kg/kg", {"kgkg", "1"}, 0.0, 1.0, 1.0},
+    {"p", "pressure", "bar", {"bar"}},
+    {"t", "temperature", "degC", {"degc", "c", "celsius"}},
+    {"v", "volume", "m3/kg", {"m3kg"}},
+    {"h", "enthalpy", "kJ/kg", {"kjkg"}},
+    {"s", "entropy", "kJ/(kg K)", {"kjkgk"}},
+    {"u", "energy", "kJ/kg", {"kjkg"}},
+    {"x", "quality", "kg/kg", {"kgkg", "1"}},
 }};
 
-constexpr std::array pair_table{
-    Pair{"pt", ktlrpt, pressure, temperature}, Pair{"ph", ktlrph, pressure, enthalpy},
-    Pair{"ps", ktlrps, pressure, entropy},     Pair{"pu", ktlrpu, pressure, energy},
-    Pair{"pv", ktlrpv, pressure, volume},      Pair{"px", ktlrpx, pressure, quality},
-    Pair{"tv", ktlrtv, temperature, volume},   Pair{"th", ktlrth, temperature, enthalpy},
-    Pair{"ts", ktlrts, temperature, entropy},  Pair{"tu", ktlrtu, temperature, energy},
-    Pair{"tx", ktlrtx, temperature, quality},  Pair{"sx", ktlrsx, entropy, quality},
-    Pair{"hs", ktlrhs, enthalpy, entropy},     Pair{"us", ktlrus, energy, entropy},
-    Pair{"vh", ktlrvh, volume, enthalpy},      Pair{"vs", ktlrvs, volume, entropy},
-    Pair{"vu", ktlrvu, volume, energy},
-};
+constexpr std::array<Pair, ktl::pair_count> pair_table{{
+    {"pt", ktl::Pair::pt, pressure, temperature},
+    {"ph", ktl::Pair::ph, pressure, enthalpy},
+    {"ps", ktl::Pair::ps, pressure, entropy},
+    {"pu", ktl::Pair::pu, pressure, energy},
+    {"pv", ktl::Pair::pv, pressure, volume},
+    {"px", ktl::Pair::px, pressure, quality},
+    {"tv", ktl::Pair::tv, temperature, volume},
+    {"th", ktl::Pair::th, temperature, enthalpy},
+    {"ts", ktl::Pair::ts, temperature, entropy},
+    {"tu", ktl::Pair::tu, temperature, energy},
+    {"tx", ktl::Pair::tx, temperature, quality},
+    {"sx", ktl::Pair::sx, entropy, quality},
+    {"hs", ktl::Pair::hs, enthalpy, entropy},
+    {"us", ktl::Pair::us, energy, entropy},
+    {"vh", ktl::Pair::vh, volume, enthalpy},
+    {"vs", ktl::Pair::vs, volume, entropy},
+    {"vu", ktl::Pair::vu, volume, energy},
+}};
 
-constexpr std::array<Property, property_count> property_table{{
-    {"P", "bar", "pressure"},
-    {"T", "degC", "temperature"},
-    {"V", "m3/kg", "specific volume"},
-    {"H", "kJ/kg", "specific enthalpy"},
-    {"S", "kJ/(kg K)", "specific entropy"},
-    {"X", "kg/kg", "vapour quality, 0 water to 1 steam"},
-    {"CP", "kJ/(kg K)", "isobaric heat capacity, one phase only"},
-    {"DV", "Pa s", "dynamic viscosity, one phase only"},
-    {"TC", "kW/(m K)", "thermal conductivity, one phase only"},
+constexpr bool one_phase = true;
+constexpr std::array<Property, ktl::property_count> property_table{{
+    {"P", "bar", "pressure", ktl::Property::p},
+    {"T", "degC", "temperature", ktl::Property::t},
+    {"V", "m3/kg", "specific volume", ktl::Property::v},
+    {"H", "kJ/kg", "specific enthalpy", ktl::Property::h},
+    {"S", "kJ/(kg K)", "specific entropy", ktl::Property::s},
+    {"X", "kg/kg", "vapour quality, 0 water to 1 steam", ktl::Property::x},
+    {"RHO", "kg/m3", "density", ktl::Property::rho},
+    {"U", "kJ/kg", "specific internal energy", ktl::Property::u},
+    {"G", "kJ/kg", "specific Gibbs energy h - T s", ktl::Property::gibbs},
+    {"F", "kJ/kg", "specific Helmholtz energy u - T s", ktl::Property::helmholtz},
+    {"REGION", "1", "1 water, 2 steam, 3 and 4 near-critical, 5 and 6 two phases", ktl::Property::region},
+    {"CP", "kJ/(kg K)", "isobaric heat capacity", ktl::Property::cp, 1.0, one_phase},
+    {"CV", "kJ/(kg K)", "isochoric heat capacity", ktl::Property::cv, 1.0, one_phase},
+    {"W", "m/s", "speed of sound", ktl::Property::speed_of_sound, 1.0, one_phase},
+    {"KAPPA", "1", "isentropic exponent", ktl::Property::isentropic_exponent, 1.0, one_phase},
+    {"KT", "1/bar", "isothermal compressibility", ktl::Property::compressibility, 1.0, one_phase},
+    {"ALPHA", "1/K", "isobaric expansion coefficient", ktl::Property::expansion, 1.0, one_phase},
+    {"JT", "K/bar", "Joule-Thomson coefficient", ktl::Property::joule_thomson, 1.0, one_phase},
+    {"DV", "Pa s", "dynamic viscosity", ktl::Property::viscosity, 1.0, one_phase},
+    {"KV", "m2/s", "kinematic viscosity", ktl::Property::kinematic_viscosity, 1.0, one_phase},
+    {"TC", "kW/(m K)", "thermal conductivity", ktl::Property::conductivity, 0.001, one_phase},
+    {"PR", "1", "Prandtl number", ktl::Property::prandtl, 1.0, one_phase},
 }};
 
 template <class Row, std::size_t N>
@@ -67,10 +86,10 @@ const Pair* find_pair(std::string_view name) {
 
 std::string pair_names() { return names(pair_table, &Pair::name); }
 
-std::span<const Property, property_count> properties() { return property_table; }
+std::span<const Property> properties() { return property_table; }
 
-std::vector<PropertyIndex> parse_codes(std::string_view list) {
-    std::vector<PropertyIndex> wanted;
+Properties parse_codes(std::string_view list) {
+    Properties wanted;
     for (std::size_t begin = 0; begin <= list.size();) {
         const std::size_t end = std::min(list.find(',', begin), list.size());
         const std::string_view given = trimmed(list.substr(begin, end - begin));
@@ -81,7 +100,7 @@ std::vector<PropertyIndex> parse_codes(std::string_view list) {
             throw UsageError("no property has the code " + in_quotes(given) + "; the codes are " +
                              names(property_table, &Property::code) + ", separated by commas");
         }
-        wanted.push_back(static_cast<PropertyIndex>(at - property_table.begin()));
+        wanted.push_back(at);
         begin = end + 1;
     }
     return wanted;

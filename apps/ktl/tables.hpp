@@ -3,7 +3,7 @@
 
 #include <array>
 #include <cstddef>
-#include <ktl/ktlftn.h>
+#include <ktl/steam.hpp>
 #include <span>
 #include <stdexcept>
 #include <string>
@@ -21,17 +21,15 @@ struct UsageError : std::runtime_error {
 struct Quantity {
     std::string_view symbol, name, unit;
     std::array<std::string_view, 3> unit_spellings; ///< lower case, letters, digits and % only
-    double low, high;                               ///< range of validity, infinite where none is stated
-    double floor;                                   ///< size below which a value is compared absolutely
 };
 
 enum QuantityIndex : std::size_t { pressure, temperature, volume, enthalpy, entropy, energy, quality };
 const Quantity& quantity(QuantityIndex index);
 
-/// A pair of known values and the finder of its state. The letters of the name give the order of the values.
+/// A pair of known values. The letters of the name give the order of the values.
 struct Pair {
     std::string_view name;
-    ktl_finder finder;
+    ktl::Pair id;
     QuantityIndex first, second;
 };
 std::span<const Pair> pairs();
@@ -40,15 +38,17 @@ const Pair* find_pair(std::string_view name);
 /// The names of all pairs, separated by blanks.
 std::string pair_names();
 
-/// A property that can be asked for. The first six belong to every state, the others to one phase only.
+/// A property that can be asked for.
 struct Property {
     std::string_view code, unit, meaning;
+    ktl::Property id;
+    double factor = 1.0;    ///< from the unit of the library
+    bool one_phase = false; ///< a mixture does not have it
 };
-enum PropertyIndex : std::size_t { P, T, V, H, S, X, CP, DV, TC, property_count };
-inline constexpr std::size_t every_state_count = CP;
-std::span<const Property, property_count> properties();
+std::span<const Property> properties();
 
+using Properties = std::vector<const Property*>;
 /// The properties listed in a text such as "V,H,S", upper or lower case. Throws UsageError naming a bad code.
-std::vector<PropertyIndex> parse_codes(std::string_view list);
+Properties parse_codes(std::string_view list);
 
 } // namespace program

@@ -1,0 +1,29 @@
+// How far a batch has come: a bar on a terminal, and the rate at the end.
+#pragma once
+
+#include <chrono>
+#include <cstddef>
+#include <optional>
+
+namespace program {
+
+class Progress {
+public:
+    /// bytes: size of the file where it is known. The bar is drawn where standard error is a terminal and standard
+    /// output is none; the rate at the end is told on a terminal, or where stats asks for it.
+    Progress(bool stats, std::optional<std::size_t> bytes);
+
+    void show(std::size_t rows, std::size_t bytes);
+    void finish(std::size_t rows);
+
+private:
+    using Clock = std::chrono::steady_clock;
+    [[nodiscard]] double seconds() const;
+
+    std::optional<std::size_t> bytes_;
+    bool bar_, rate_;
+    Clock::time_point start_ = Clock::now();
+    double shown_ = 0.0;
+};
+
+} // namespace program
