@@ -4,8 +4,10 @@
 set -eu
 kind=$1 libraries=$2 package=$3 approved=$4 compiler=$5 source=$6
 export PKG_CONFIG_PATH="$libraries/pkgconfig" LD_LIBRARY_PATH="$libraries"
-program=$(mktemp)
-trap 'rm -f "$program"' EXIT
+folder=$(mktemp -d)
+trap 'rm -rf "$folder"' EXIT
+cd "$folder" # the compiler leaves module files
+program=$folder/program
 if [ "$kind" = static ]; then
     # Archives of the package only: the system's libraries stay shared.
     flags=$(pkg-config --static --cflags --libs "$package" | sed 's/-lktl_fortran/-l:libktl_fortran.a/; s/-lktl\b/-l:libktl.a/')
