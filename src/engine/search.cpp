@@ -1,86 +1,233 @@
+// Searches that find every state of the range.
+//
+// Border gaps. The sub-regions do not meet exactly at 350 degC and on the 2/3 boundary, so a pair there may have a state
+// on both sides or on neither. On both: sub-regions 1 and 2 go before sub-region 3. On neither: sub-region 1,
+// sub-region 2 or their mixture goes on past its limit, by less than 0.5 K or 1 % of the pressure, to exactly the given
+// values. Saturated phases above 350 degC are the outermost ones of the isotherm (Phases::outermost).
 #include "engine/solution.hpp"
 
 #include "regions/curves.hpp"
-#include "regions/state.hpp"
+#include "searches/curve_search.hpp"
+#include "searches/given.hpp"
+#include "searches/quality_line.hpp"
 
+#include <algorithm>
 #include <array>
-#include <ktl/ktlftn.h>
-#include <string_view>
 
 namespace ktl::engine {
 
 namespace {
 
-constexpr std::array<ktl_finder, pair_count> finders{ktlrpt, ktlrph, ktlrps, ktlrpu, ktlrpv, ktlrpx,
-                                                     ktlrtv, ktlrth, ktlrts, ktlrtu, ktlrtx, ktlrsx,
-                                                     ktlrhs, ktlrus, ktlrvh, ktlrvs, ktlrvu};
-constexpr std::array<std::string_view, pair_count> letters{"pt", "ph", "ps", "pu", "pv", "px", "tv", "th", "ts",
-                                                           "tu", "tx", "sx", "hs", "us", "vh", "vs", "vu"};
+using searches::Given;
+constexpr Phases outermost = Phases::outermost;
 
-Status limits(char letter, double value) {
-    if (!std::isfinite(value)) return Status::not_a_number;
-    if (letter == 'p' && value < ktl_lc.pmin) return Status::pressure_low;
-    if (letter == 'p' && value > ktl_lc.pmax) return Status::pressure_high;
-    if (letter == 't' && value < ktl_lc.tmin) return Status::temperature_low;
-    if (letter == 't' && value > ktl_lc.tmax) return Status::temperature_high;
-    if (letter == 'x' && value < 0.0) return Status::quality_low;
-    if (letter == 'x' && value > 1.0) return Status::quality_high;
-    return Status::solved;
-}
+/// A pressure this close to that of saturation, relative, leaves the quality open.
+constexpr double on_saturation_line = 1.0e-8;
 
-Quantity quantity(char letter) {
-    switch (letter) {
-    case 'p': return Quantity::pressure;
-    case 't': return Quantity::temperature;
-    case 'v': return Quantity::volume;
-    case 'h': return Quantity::enthalpy;
-    case 's': return Quantity::entropy;
-    default: return Quantity::energy;
-    }
-}
+/// What the two given values of a pair are.
+struct Kind {
+    enum class Search { pressure_temperature, quality, isobar, isotherm, quality_line, isentrope, isochore } search;
+    Quantity first, second; // without meaning for a quality
+};
+constexpr std::array<Kind, pair_count> kinds{{
+    {Kind::Search::pressure_temperature, Quantity::pressure, Quantity::temperature},
+    {Kind::Search::isobar, Quantity::pressure, Quantity::enthalpy},
+    {Kind::Search::isobar, Quantity::pressure, Quantity::entropy},
+    {Kind::Search::isobar, Quantity::pressure, Quantity::energy},
+    {Kind::Search::isobar, Quantity::pressure, Quantity::volume},
+    {Kind::Search::quality, Quantity::pressure, Quantity::pressure},
+    {Kind::Search::isotherm, Quantity::temperature, Quantity::volume},
+    {Kind::Search::isotherm, Quantity::temperature, Quantity::enthalpy},
+    {Kind::Search::isotherm, Quantity::temperature, Quantity::entropy},
+    {Kind::Search::isotherm, Quantity::temperature, Quantity::energy},
+    {Kind::Search::quality, Quantity::temperature, Quantity::temperature},
+    {Kind::Search::quality_line, Quantity::entropy, Quantity::entropy},
+    {Kind::Search::isentrope, Quantity::enthalpy, Quantity::entropy},
+    {Kind::Search::isentrope, Quantity::energy, Quantity::entropy},
+    {Kind::Search::isochore, Quantity::volume, Quantity::enthalpy},
+    {Kind::Search::isochore, Quantity::volume, Quantity::entropy},
+    {Kind::Search::isochore, Quantity::volume, Quantity::energy},
+}};
 
-FoundState found_by(std::size_t index, double a, double b) {
-    const std::string_view pair = letters[index];
-    if (pair[0] == 'p' && pair[1] != 't' && pair[1] != 'x') return on_isobar(quantity(pair[1]), a, b);
-    if (pair[0] == 't' && pair[1] != 'x') return on_isotherm(quantity(pair[1]), a, b);
-    const int region = finders[index](a, b, 1.0e-8);
-    FoundState out{region, a, b, {}};
-    if (out.wet()) out.phases = saturated_at(b);
+Solution failed(Status status) {
+    Solution out;
+    out.status = status;
     return out;
 }
 
-bool reproduces(const FoundState& found, char letter, double value) {
-    const double reached = letter == 'x' ? found.first : found.value(quantity(letter));
-    return std::fabs(reached - value) <= 1.0e-7 * std::fmax(std::fabs(value), 1.0e-3);
+Solution solution(const FoundState& state) {
+    if (!state.found()) return {};
+    Solution out{Status::solved, static_cast<Region>(state.region), state.first, state.t, not_a_number, not_a_number};
+    if (state.wet()) {
+        out.liquid = state.phases.liquid;
+        out.vapour = state.phases.steam;
+    }
+    return out;
+}
+
+/// Brings a given value to the limit that rounding alone may have put it past; solved unless it lies further out.
+Status within(double& value, double low, double high, Status if_low, Status if_high) {
+    if (value < low - rounding * std::fmax(std::fabs(low), 1.0e-3)) return if_low;
+    if (value > high + rounding * high) return if_high;
+    value = std::clamp(value, low, high);
+    return Status::solved;
+}
+Status pressure_within(double& p) {
+    return within(p, ktl_lc.pmin, ktl_lc.pmax, Status::pressure_low, Status::pressure_high);
+}
+Status temperature_within(double& t) {
+    return within(t, ktl_lc.tmin, ktl_lc.tmax, Status::temperature_low, Status::temperature_high);
+}
+Status quality_within(double& x) { return within(x, 0.0, 1.0, Status::quality_low, Status::quality_high); }
+
+Solution at_pressure_temperature(double p, double t) {
+    if (const Status status = pressure_within(p); status != Status::solved) return failed(status);
+    if (const Status status = temperature_within(t); status != Status::solved) return failed(status);
+    const bool subcritical = t <= ktl_lc.tc;
+    const double ps = subcritical ? saturation::terms(t).p : ktl_lc.pca;
+    if (subcritical && std::fabs(p - ps) <= on_saturation_line * p) {
+        Solution out = solution(mixture(saturated_at(t, outermost), not_a_number));
+        out.status = Status::undetermined;
+        return out;
+    }
+    if (!(t > ktl_lc.t3min)) return solution({p > ps ? KTL_LIQUID : KTL_STEAM, p, t, {}});
+    if (!(p > boundary_pressure(t))) return solution({KTL_STEAM, p, t, {}});
+    return solution(searches::confirmed(near_critical_at(p, t, outermost),
+                                        {Quantity::pressure, p, Quantity::temperature, t, outermost}));
+}
+
+Solution of_quality(Quantity line, double value, double x) {
+    const bool by_pressure = line == Quantity::pressure;
+    if (const Status status =
+            by_pressure ? within(value, ktl_lc.pmin, ktl_lc.pca, Status::pressure_low, Status::above_critical)
+                        : within(value, ktl_lc.tmin, ktl_lc.tc, Status::temperature_low, Status::above_critical);
+        status != Status::solved)
+        return failed(status);
+    if (const Status status = quality_within(x); status != Status::solved) return failed(status);
+    return solution(mixture(by_pressure ? saturated_under(value, outermost) : saturated_at(value, outermost), x));
+}
+
+/// Why a line of constant pressure has no state: the value lies past the end that the search came to.
+Status past_end_of_isobar(const FoundState& end) {
+    constexpr double hair = 1.0e-6;
+    if (end.t <= ktl_lc.tmin + hair) return Status::temperature_low;
+    return end.t >= ktl_lc.tmax - hair ? Status::temperature_high : Status::no_state;
+}
+/// The same for a line of constant temperature.
+Status past_end_of_isotherm(const FoundState& end) {
+    constexpr double hair = 1.0e-6;
+    const double p = end.value(Quantity::pressure);
+    if (p <= ktl_lc.pmin * (1.0 + hair)) return Status::pressure_low;
+    return p >= ktl_lc.pmax * (1.0 - hair) ? Status::pressure_high : Status::no_state;
+}
+
+Solution on_line(const Kind& kind, double a, double b) {
+    const bool isobar = kind.search == Kind::Search::isobar;
+    if (const Status status = isobar ? pressure_within(a) : temperature_within(a); status != Status::solved)
+        return failed(status);
+    const FoundState end = isobar ? on_isobar(kind.second, a, b, outermost) : on_isotherm(kind.second, a, b, outermost);
+    const FoundState found = searches::confirmed(end, {kind.first, a, kind.second, b, outermost});
+    if (found.found()) return solution(found);
+    return failed(isobar ? past_end_of_isobar(end) : past_end_of_isotherm(end));
+}
+
+Solution on_quality_line(double s, double x) {
+    if (const Status status = quality_within(x); status != Status::solved) return failed(status);
+    FoundState found;
+    searches::on_quality_line(s, x, outermost, &found, 1);
+    return solution(found);
+}
+
+/// The state that the rule gives.
+Solution first_state(const Kind& kind, double a, double b) {
+    switch (kind.search) {
+    case Kind::Search::pressure_temperature: return at_pressure_temperature(a, b);
+    case Kind::Search::quality: return of_quality(kind.first, a, b);
+    case Kind::Search::isobar:
+    case Kind::Search::isotherm: return on_line(kind, a, b);
+    case Kind::Search::quality_line: return on_quality_line(a, b);
+    case Kind::Search::isentrope: return solution(searches::on_isentrope(kind.first, a, b, outermost));
+    case Kind::Search::isochore: break;
+    }
+    return solution(searches::on_isochore(kind.second, b, a, outermost));
+}
+
+/// The states of a pair, that of the rule first.
+struct Several {
+    std::array<FoundState, 4> states{};
+    int count = 0;
+
+    static bool same(const FoundState& a, const FoundState& b) {
+        const auto close = [&](Quantity y, double relative) {
+            return std::fabs(a.value(y) - b.value(y)) <= relative * std::fabs(b.value(y));
+        };
+        return std::fabs(a.t - b.t) <= 1.0e-5 && close(Quantity::pressure, 1.0e-6) && close(Quantity::volume, 1.0e-8);
+    }
+    /// Takes a state unless it is none or there already.
+    void add(const FoundState& state) {
+        if (!state.found() || count == static_cast<int>(states.size())) return;
+        const auto end = states.begin() + count;
+        if (std::none_of(states.begin(), end, [&](const FoundState& known) { return same(known, state); }))
+            states.at(static_cast<std::size_t>(count++)) = state;
+    }
+};
+
+/// The mixture and both kinds of water that a line of constant pressure or temperature may have beside the first state.
+void add_others(const Kind& kind, double a, double b, Several& found) {
+    const bool isobar = kind.search == Kind::Search::isobar;
+    const int region = found.states.front().region;
+    const bool may_turn = isobar == (kind.second == Quantity::volume) && (region == KTL_LIQUID || region == KTL_WET) &&
+                          (isobar || a <= ktl_lc.t1max);
+    if (!may_turn) return;
+    const Given given{kind.first, a, kind.second, b, outermost};
+    const BothSides water = isobar ? water_on_isobar(a, b, outermost) : water_on_isotherm(kind.second, a, b, outermost);
+    if (!isobar || a <= last_low_pressure(outermost)) {
+        const Saturated phases = isobar ? saturated_under(a, outermost) : saturated_at(a, outermost);
+        const double liquid = phases.of_liquid(kind.second);
+        found.add(searches::confirmed(mixture(phases, (b - liquid) / (phases.of_steam(kind.second) - liquid)), given));
+    }
+    found.add(searches::confirmed(water.preferred, given));
+    found.add(searches::confirmed(water.other, given));
+}
+
+Several all_states(const Kind& kind, double a, double b) {
+    Several found;
+    if (kind.search == Kind::Search::quality_line) {
+        if (quality_within(b) == Status::solved)
+            found.count = searches::on_quality_line(a, b, outermost, found.states.data(), 3);
+        return found;
+    }
+    const bool isobar = kind.search == Kind::Search::isobar;
+    if (!isobar && kind.search != Kind::Search::isotherm) return found;
+    if ((isobar ? pressure_within(a) : temperature_within(a)) != Status::solved) return found;
+    const FoundState first =
+        isobar ? on_isobar(kind.second, a, b, outermost) : on_isotherm(kind.second, a, b, outermost);
+    found.add(searches::confirmed(first, {kind.first, a, kind.second, b, outermost}));
+    if (found.count > 0) add_others(kind, a, b, found);
+    return found;
+}
+
+const Kind* kind_of(Pair pair) {
+    const auto index = static_cast<std::size_t>(pair);
+    return index < pair_count ? &kinds[index] : nullptr;
 }
 
 } // namespace
 
 Solution search(Pair pair, double a, double b, int number) noexcept {
-    const auto index = static_cast<std::size_t>(pair);
-    if (index >= pair_count || number != 0) return {};
-    const char one = letters[index][0], two = letters[index][1];
-    if (!std::isfinite(b)) return {.status = Status::not_a_number};
-    for (const Status status : {limits(one, a), limits(two, b)})
-        if (status != Status::solved) return {.status = status};
-    if (two == 'x' && ((one == 'p' && a > ktl_lc.pca) || (one == 't' && a > ktl_lc.tc)))
-        return {.status = Status::above_critical};
-    const FoundState found = found_by(index, a, b);
-    if (!found.found()) return {};
-    Solution out{Status::solved, static_cast<Region>(found.region), found.first, found.t, not_a_number, not_a_number};
-    if (out.two_phase()) {
-        out.liquid = found.phases.liquid;
-        out.vapour = found.phases.steam;
-    }
-    if (pair == Pair::pt && out.two_phase())
-        out.status = Status::undetermined;
-    else if (!reproduces(found, one, a) || !reproduces(found, two, b))
-        return {};
-    return out;
+    const Kind* kind = kind_of(pair);
+    if (kind == nullptr) return {};
+    if (!searches::finite(a, b)) return failed(Status::not_a_number);
+    if (number == 0) return first_state(*kind, a, b);
+    const Several found = all_states(*kind, a, b);
+    return number > 0 && number < found.count ? solution(found.states.at(static_cast<std::size_t>(number)))
+                                              : Solution{};
 }
 
 int count_states(Pair pair, double a, double b) noexcept {
-    return search(pair, a, b, 0).status == Status::solved ? 1 : 0;
+    const Solution first = search(pair, a, b, 0);
+    if (first.status != Status::solved) return 0;
+    return std::max(1, all_states(*kind_of(pair), a, b).count);
 }
 
 } // namespace ktl::engine

@@ -1,7 +1,7 @@
 // States from entropy and enthalpy or internal energy, and from volume and a second property.
-#include "finders/curve_search.hpp"
-#include "finders/pair.hpp"
+#include "finders/hand_back.hpp"
 #include "front/diagnostics.hpp"
+#include "searches/curve_search.hpp"
 
 #include <ktl/ktlftn.h>
 
@@ -29,14 +29,14 @@ bool beyond_isochore(Quantity y, ktl_property_eps of_end, double value, double v
 }
 
 int on_entropy(Quantity y, ktl_property_eps of_end, double& value, double& s, double eps) {
-    if (!finders::finite(value, s) || beyond_isentrope(y, of_end, value, s, eps)) return KTL_NO_STATE;
-    const FoundState found = finders::on_isentrope(y, value, s);
+    if (!searches::finite(value, s) || beyond_isentrope(y, of_end, value, s, eps)) return KTL_NO_STATE;
+    const FoundState found = searches::on_isentrope(y, value, s, Phases::of_entry);
     return finders::hand_back(found, {y, value, Quantity::entropy, s}, value, s);
 }
 
 int on_volume(Quantity y, ktl_property_eps of_end, double& v, double& value, double eps) {
-    if (!finders::finite(v, value) || beyond_isochore(y, of_end, value, v, eps)) return KTL_NO_STATE;
-    const FoundState found = finders::on_isochore(y, value, v);
+    if (!searches::finite(v, value) || beyond_isochore(y, of_end, value, v, eps)) return KTL_NO_STATE;
+    const FoundState found = searches::on_isochore(y, value, v, Phases::of_entry);
     return finders::hand_back(found, {Quantity::volume, v, y, value}, v, value);
 }
 

@@ -1,5 +1,5 @@
 // States from pressure and entropy, internal energy or volume.
-#include "finders/pair.hpp"
+#include "finders/hand_back.hpp"
 #include "regions/curves.hpp"
 
 #include <ktl/ktlftn.h>
@@ -10,8 +10,8 @@ using namespace ktl;
 
 int on_pressure(Quantity y, double& p, double& value) {
     double p_in = p;
-    if (!finders::finite(p, value) || !finders::bring_within(p_in, ktl_lc.pmin, ktl_lc.pmax)) return KTL_NO_STATE;
-    return finders::hand_back(on_isobar(y, p_in, value), {Quantity::pressure, p, y, value}, p, value);
+    if (!searches::finite(p, value) || !searches::bring_within(p_in, ktl_lc.pmin, ktl_lc.pmax)) return KTL_NO_STATE;
+    return finders::hand_back(on_isobar(y, p_in, value, Phases::of_entry), {Quantity::pressure, p, y, value}, p, value);
 }
 
 } // namespace

@@ -1,5 +1,5 @@
 // States from temperature and volume, enthalpy, entropy or internal energy.
-#include "finders/pair.hpp"
+#include "finders/hand_back.hpp"
 #include "front/diagnostics.hpp"
 #include "regions/curves.hpp"
 
@@ -11,8 +11,9 @@ using namespace ktl;
 
 int on_temperature(Quantity y, double& t, double& value) {
     double t_in = t;
-    if (!finders::finite(t, value) || !finders::bring_within(t_in, ktl_lc.tmin, ktl_lc.tmax)) return KTL_NO_STATE;
-    return finders::hand_back(on_isotherm(y, t_in, value), {Quantity::temperature, t, y, value}, t, value);
+    if (!searches::finite(t, value) || !searches::bring_within(t_in, ktl_lc.tmin, ktl_lc.tmax)) return KTL_NO_STATE;
+    return finders::hand_back(on_isotherm(y, t_in, value, Phases::of_entry), {Quantity::temperature, t, y, value}, t,
+                              value);
 }
 
 } // namespace

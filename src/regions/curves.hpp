@@ -16,13 +16,26 @@ namespace ktl {
 ///
 /// lowest: temperature where the search begins, tmin or a little below. A value beyond the ends of the line gives
 /// the state at the end.
-FoundState on_isobar(Quantity y, double p, double value, double lowest = ktl_lc.tmin);
+FoundState on_isobar(Quantity y, double p, double value, Phases source, double lowest = ktl_lc.tmin);
 
 /// The state at t (0.01 to 800 degC) whose property y has the given value. Volume falls along the line with
 /// rising pressure; the others may turn in water. Of several pressures the lowest is taken, except that water
 /// goes before a mixture of practically no steam (quality up to 1e-6). A value beyond the ends of the line gives
 /// the state at the end.
-FoundState on_isotherm(Quantity y, double t, double value);
+FoundState on_isotherm(Quantity y, double t, double value, Phases source);
+
+/// Sub-region 3 at t above 350 degC and p above the 2/3 boundary, on its side of the saturation pressure.
+FoundState near_critical_at(double p, double t, Phases source);
+
+/// Water of sub-region 1 on both sides of the point where the property turns: the one that the searches above
+/// prefer, and the other. No state where the line does not turn; where a side does not reach the value, its end.
+struct BothSides {
+    FoundState preferred, other;
+};
+/// By volume on an isobar: the warmer first.
+BothSides water_on_isobar(double p, double v, Phases source);
+/// On an isotherm up to 350 degC: the one of lower pressure first.
+BothSides water_on_isotherm(Quantity y, double t, double value, Phases source);
 
 /// Quality at and below which the entry ktlftn takes a mixture as saturated water.
 inline constexpr double least_quality = 1.0e-6;

@@ -23,6 +23,7 @@ struct Isobar {
     Quantity y;
     double p;
     double value;
+    Phases source;
 
     [[nodiscard]] double residual(int region, double first, double t) const {
         return property(y, region, first, t) - value;
@@ -81,7 +82,7 @@ FoundState wet_state(const Isobar& line, const Saturated& phases, double f_water
 
 /// Up to p1: water of sub-region 1, mixture, steam of sub-region 2.
 FoundState low(const Isobar& line, double lowest) {
-    const Saturated phases = saturated_under(line.p);
+    const Saturated phases = saturated_under(line.p, line.source);
     const double f_water = line.residual(KTL_LIQUID, line.p, phases.t);
     if (f_water >= 0.0) return water(line, phases.t, f_water, lowest);
     const double f_steam = line.residual(KTL_STEAM, line.p, phases.t);
@@ -105,12 +106,13 @@ FoundState near_critical(const Isobar& line, double a, double b, int region) {
 /// Sub-region 3 between the volumes of the limits to sub-regions 1 and 2.
 FoundState middle(const Isobar& line, double least, double greatest) {
     if (line.p > ktl_lc.pca) return near_critical(line, least, greatest, KTL_NEAR_CRITICAL_STEAM);
-    const Saturated phases = saturated_under(line.p);
+    const Saturated phases = saturated_under(line.p, line.source);
     const double f_water = phases.of_liquid(line.y) - line.value;
-    if (f_water >= 0.0) return near_critical(line, least, phases.liquid, KTL_NEAR_CRITICAL_LIQUID);
+    if (f_water >= 0.0)
+        return near_critical(line, least, phases.liquid * past_saturation(line.source), KTL_NEAR_CRITICAL_LIQUID);
     const double f_steam = phases.of_steam(line.y) - line.value;
     if (f_steam > 0.0) return mixture(phases, f_water / (f_water - f_steam));
-    return near_critical(line, phases.steam, greatest, KTL_NEAR_CRITICAL_STEAM);
+    return near_critical(line, phases.steam / past_saturation(line.source), greatest, KTL_NEAR_CRITICAL_STEAM);
 }
 
 /// Above p1: sub-regions 1, 3 and 2.
@@ -134,9 +136,18 @@ FoundState high(const Isobar& line, double lowest) {
 
 } // namespace
 
-FoundState on_isobar(Quantity y, double p, double value, double lowest) {
-    const Isobar line{y, p, value};
-    return p > ktl_lc.p1 ? high(line, lowest) : low(line, lowest);
+BothSides water_on_isobar(double p, double v, Phases source) {
+    const Isobar line{Quantity::volume, p, v, source};
+    const double b = p > last_low_pressure(source) ? ktl_lc.t1max : saturated_under(p, source).t;
+    const double turn = std::min(densest_temperature(p), b);
+    const double f_turn = line.residual(KTL_LIQUID, p, turn);
+    return {line.between(KTL_LIQUID, turn, b, line.residual(KTL_LIQUID, p, b)),
+            line.between(KTL_LIQUID, ktl_lc.tmin, turn, f_turn)};
+}
+
+FoundState on_isobar(Quantity y, double p, double value, Phases source, double lowest) {
+    const Isobar line{y, p, value, source};
+    return p > last_low_pressure(source) ? high(line, lowest) : low(line, lowest);
 }
 
 } // namespace ktl

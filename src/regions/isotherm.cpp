@@ -21,6 +21,7 @@ struct Isotherm {
     Quantity y;
     double t;
     double value;
+    Phases source;
     region3::Terms<double> terms3{}; // of temperature, once prepared
 
     [[nodiscard]] double residual(int region, double z) const { return property(y, region, z, t) - value; }
@@ -61,6 +62,14 @@ FoundState steam(const Isotherm& line, double a, double b) {
     return {KTL_STEAM, p, line.t, {}};
 }
 
+/// Where the property turns between a and b; b where it does not.
+double turning_point(const Isotherm& line, int region, double a, double b) {
+    const auto slope = [&](double z) { return line.slope(region, z); };
+    const double slope_a = slope(a);
+    const double slope_b = slope(b);
+    return slope_a * slope_b < 0.0 ? solvers::enclose(slope, a, slope_a, b, slope_b, 0.0).x : b;
+}
+
 /// First z from a, the end of lower pressure, towards b at which the residual vanishes. The property turns at most
 /// once between them: where both ends lie on one side of zero, the search ends at the turning point.
 template <class Residual>
@@ -69,13 +78,8 @@ FoundState first_from(const Isotherm& line, int region, double a, double fa, dou
     double end = b;
     double f_end = fb;
     if (fa * fb > 0.0) {
-        const auto slope = [&](double z) { return line.slope(region, z); };
-        const double slope_a = slope(a);
-        const double slope_b = slope(b);
-        if (slope_a * slope_b < 0.0) {
-            end = solvers::enclose(slope, a, slope_a, b, slope_b, 0.0).x;
-            f_end = f(end);
-        }
+        end = turning_point(line, region, a, b);
+        f_end = end == b ? fb : f(end);
     }
     return {region, solvers::enclose(f, a, fa, end, f_end, search_tolerance(line.value)).x, line.t, {}};
 }
@@ -87,7 +91,7 @@ FoundState water(const Isotherm& line, double ps, double f_water) {
 
 /// Up to 350 degC: steam, mixture, water.
 FoundState low(const Isotherm& line) {
-    const Saturated phases = saturated_at(line.t);
+    const Saturated phases = saturated_at(line.t, line.source);
     const double ps = phases.p;
     const double f_steam = line.residual(KTL_STEAM, ps);
     if (f_steam <= 0.0) return steam(line, std::min(ktl_lc.pmin, ps), ps);
@@ -115,12 +119,14 @@ FoundState near_critical(const Isotherm& line, double a, double b, int region) {
 /// Sub-region 3 and its mixtures, from the volume at the 2/3 boundary on.
 FoundState middle(const Isotherm& line, double greatest) {
     if (line.t > ktl_lc.tc) return near_critical(line, greatest, least_volume(line), KTL_NEAR_CRITICAL_STEAM);
-    const Saturated phases = saturated_at(line.t);
+    const Saturated phases = saturated_at(line.t, line.source);
     const double f_steam = phases.of_steam(line.y) - line.value;
-    if (f_steam <= 0.0) return near_critical(line, greatest, phases.steam, KTL_NEAR_CRITICAL_STEAM);
+    if (f_steam <= 0.0)
+        return near_critical(line, greatest, phases.steam / past_saturation(line.source), KTL_NEAR_CRITICAL_STEAM);
     const double f_water = phases.of_liquid(line.y) - line.value;
     const auto water3 = [&] {
-        return near_critical(line, phases.liquid, least_volume(line), KTL_NEAR_CRITICAL_LIQUID);
+        return near_critical(line, phases.liquid * past_saturation(line.source), least_volume(line),
+                             KTL_NEAR_CRITICAL_LIQUID);
     };
     if (f_water >= 0.0) return water3();
     const FoundState wet = mixture(phases, f_water / (f_water - f_steam));
@@ -129,21 +135,47 @@ FoundState middle(const Isotherm& line, double greatest) {
     return std::fabs(line.residual3(compressed.first)) <= search_tolerance(line.value) ? compressed : wet;
 }
 
+/// A volume of sub-region 3 greater than any at pressures above the 2/3 boundary.
+double greatest_volume(double pl, double t) { return outside * volume(region2::terms(pl, t)); }
+
 /// Above 350 degC: sub-region 2 up to the 2/3 boundary, sub-region 3 beyond it.
 FoundState high(Isotherm& line) {
     const double pl = boundary_pressure(line.t);
     if (!(pl < ktl_lc.pmax)) return steam(line, ktl_lc.pmin, ktl_lc.pmax);
     if (line.residual(KTL_STEAM, pl) <= 0.0) return steam(line, ktl_lc.pmin, pl);
     region3::temperature_terms(line.terms3, line.t);
-    const FoundState found = middle(line, outside * volume(region2::terms(pl, line.t)));
+    const FoundState found = middle(line, greatest_volume(pl, line.t));
     const bool gap = found.region == KTL_NEAR_CRITICAL_STEAM && line.pressure3(found.first) < pl;
     return gap ? steam(line, pl, pl * reach) : found;
 }
 
 } // namespace
 
-FoundState on_isotherm(Quantity y, double t, double value) {
-    Isotherm line{y, t, value};
+BothSides water_on_isotherm(Quantity y, double t, double value, Phases source) {
+    const Isotherm line{y, t, value, source, {}};
+    const double ps = saturation::terms(t).p;
+    const double turn = turning_point(line, KTL_LIQUID, ps, ktl_lc.pmax);
+    const auto f = [&](double p) { return line.residual(KTL_LIQUID, p); };
+    const auto between = [&](double a, double b) {
+        return FoundState{KTL_LIQUID, solvers::enclose(f, a, b, search_tolerance(value)).x, t, {}};
+    };
+    return {between(ps, turn), turn == ktl_lc.pmax ? FoundState{} : between(turn, ktl_lc.pmax)};
+}
+
+FoundState near_critical_at(double p, double t, Phases source) {
+    Isotherm line{Quantity::pressure, t, p, source, {}};
+    region3::temperature_terms(line.terms3, t);
+    double a = greatest_volume(boundary_pressure(t), t);
+    double b = ktl_lc.v3min / outside;
+    if (t > ktl_lc.tc) return near_critical(line, a, b, KTL_NEAR_CRITICAL_STEAM);
+    const Saturated phases = saturated_at(t, source);
+    const bool water = p > phases.p;
+    (water ? a : b) = water ? phases.liquid * past_saturation(source) : phases.steam / past_saturation(source);
+    return near_critical(line, a, b, water ? KTL_NEAR_CRITICAL_LIQUID : KTL_NEAR_CRITICAL_STEAM);
+}
+
+FoundState on_isotherm(Quantity y, double t, double value, Phases source) {
+    Isotherm line{y, t, value, source};
     return t > ktl_lc.t3min ? high(line) : low(line);
 }
 

@@ -30,16 +30,29 @@ struct Terms {
     T p;      // saturation pressure, bar
 };
 
-/// Terms at t (degC).
+/// All terms but the pressure, at theta.
 template <class T>
-Terms<T> terms(const T& t) {
+Terms<T> terms_of_theta(const T& theta) {
     Terms<T> s;
-    s.theta = (t + ktl_lc.tza) / ktl_lc.tca;
+    s.theta = theta;
     s.x = 1.0 - s.theta;
     s.sum = s.x * horner(s.x, ak[0], ak[1], ak[2], ak[3], ak[4]);
     s.d1 = horner(s.x, 1.0, ak[5], ak[6]);
     s.d2 = ak[7] * s.x * s.x + ak[8];
-    s.p = ktl_lc.pca * exp(s.sum / s.theta / s.d1 - s.x / s.d2);
+    return s;
+}
+
+/// ln(p/pca).
+template <class T>
+T log_pressure(const Terms<T>& s) {
+    return s.sum / s.theta / s.d1 - s.x / s.d2;
+}
+
+/// Terms at t (degC).
+template <class T>
+Terms<T> terms(const T& t) {
+    Terms<T> s = terms_of_theta<T>((t + ktl_lc.tza) / ktl_lc.tca);
+    s.p = ktl_lc.pca * exp(log_pressure(s));
     return s;
 }
 
@@ -51,6 +64,24 @@ T log_slope(const Terms<T>& s) {
     const T db = s.d1 - s.theta * (ak[5] + ak7t2 * s.x);
     const T dc = (s.d2 - ak8t2 * s.x * s.x) / (s.d2 * s.d2);
     return dc + (dsum * b - s.sum * db) / (b * b);
+}
+
+/// Saturation temperature, degC, under p (bar) from pmin to the critical pressure: exact but for rounding, which may
+/// put it past an end of the line.
+///
+/// Newton steps in ln p from a polynomial for theta that is within 9e-5. Two are enough below 374 degC; the third
+/// serves the bend that the last term makes in the line within 0.1 K of the critical point.
+template <class T>
+T temperature(const T& p) {
+    constexpr int steps = 3;
+    const T wanted = log(p / ktl_lc.pca);
+    T theta = horner(wanted, 1.000087474, 0.1316937213, 0.009153511645, -0.003317920477, -0.001602806818,
+                     -0.0003557584667, -4.712100653e-05, -3.759012084e-06, -1.663913205e-07, -3.138681057e-09);
+    for (int step = 0; step < steps; ++step) {
+        const Terms<T> s = terms_of_theta(theta);
+        theta = theta + (wanted - log_pressure(s)) / log_slope(s);
+    }
+    return theta * ktl_lc.tca - ktl_lc.tza;
 }
 
 } // namespace ktl::saturation

@@ -21,9 +21,7 @@ double saturated_volume(const region3::Terms<double>& isotherm, double p, double
     return solvers::solve<solvers::SecantOutside>(pressure_at, p, a, b, entry_tolerance).z;
 }
 
-} // namespace
-
-Saturated saturated_at(double t) {
+Saturated entry_at(double t) {
     const double p = saturation::terms(t).p;
     if (!(t > ktl_lc.t3min)) return {t, p, KTL_WET, p, p};
     region3::Terms<double> s;
@@ -33,12 +31,85 @@ Saturated saturated_at(double t) {
     return {t, p, KTL_WET_NEAR_CRITICAL, vp, vpp};
 }
 
-Saturated saturated_under(double p) {
-    if (!(p > saturation::terms(ktl_lc.tmin).p)) return saturated_at(ktl_lc.tmin);
-    if (!(p < ktl_lc.pca)) return saturated_at(ktl_lc.tc);
+Saturated entry_under(double p) {
     const double t = ktl_it(p);
-    if (p > ktl_lc.p1) return saturated_at(std::max(t, std::nextafter(ktl_lc.t3min, ktl_lc.tc)));
+    if (p > ktl_lc.p1) return entry_at(std::max(t, std::nextafter(ktl_lc.t3min, ktl_lc.tc)));
     return {t, p, KTL_WET, p, p};
+}
+
+/// Highest temperature, degC, at which the isotherm has the saturation pressure at both outermost volumes, and these.
+constexpr double t_outermost = 374.149;
+constexpr double v_outermost_liquid = 0.00313970965627;
+constexpr double v_outermost_steam = 0.00319230881332;
+
+/// Newton steps in density from rho towards the volume at which the isotherm has the pressure p. Pressure over
+/// density is convex on the liquid side of the loop and concave on the side of steam: from beyond the outermost root
+/// every step ends between start and root, so it is the outermost one that is found.
+double outermost_volume(region3::Terms<double>& isotherm, double p, double rho) {
+    constexpr int most_steps = 60;
+    double before = 0.0;
+    for (int step = 0; step < most_steps; ++step) {
+        region3::volume_terms(isotherm, 1.0 / rho);
+        const double slope =
+            ktl_lc.pca * ktl_lc.vca * isotherm.ex * isotherm.ex * region3::free_energy_volume_curvature(isotherm);
+        const double change = (p - region3::pressure(isotherm)) / slope;
+        // Rounding decides the step at the root: it turns, or is next to nothing.
+        if (change * before < 0.0 || !(std::fabs(change) > 1.0e-16 * rho)) break;
+        rho += change;
+        before = change;
+    }
+    return 1.0 / rho;
+}
+
+/// First densities, relative to the critical one, of saturated water and steam beyond the outermost roots: by
+/// polynomials in the square root of tc - t, within 0.5 % and 0.7 %, moved outwards by that.
+double dense_start(double r) {
+    return 1.005 +
+           r * horner(r, 0.2918965918, 0.006638797304, -0.06744804964, 0.03323811249, -0.006439494103, 0.000447642578);
+}
+double thin_start(double r) {
+    return 0.993 + r * horner(r, -0.2602930686, 0.07064052048, -0.02708290763, 0.008671510214, -0.001541405651,
+                              0.0001071278551);
+}
+
+Saturated outermost_at(double t) {
+    const double p = saturation::terms(t).p;
+    if (!(t > ktl_lc.t3min)) return {t, p, KTL_WET, p, p, Phases::outermost};
+    if (t > t_outermost) {
+        const double share = std::sqrt(std::fmax(ktl_lc.tc - t, 0.0) / (ktl_lc.tc - t_outermost));
+        const auto between = [share](double v) { return ktl_lc.vca + share * (v - ktl_lc.vca); };
+        return {
+            t, p, KTL_WET_NEAR_CRITICAL, between(v_outermost_liquid), between(v_outermost_steam), Phases::outermost};
+    }
+    region3::Terms<double> s;
+    region3::temperature_terms(s, t);
+    const double r = std::sqrt(ktl_lc.tc - t);
+    const double liquid = outermost_volume(s, p, dense_start(r) / ktl_lc.vca);
+    const double steam = outermost_volume(s, p, thin_start(r) / ktl_lc.vca);
+    return {t, p, KTL_WET_NEAR_CRITICAL, liquid, steam, Phases::outermost};
+}
+
+Saturated outermost_under(double p) {
+    const double t = saturation::temperature(p);
+    if (p > last_low_pressure(Phases::outermost))
+        return outermost_at(std::clamp(t, std::nextafter(ktl_lc.t3min, ktl_lc.tc), ktl_lc.tc));
+    return {std::clamp(t, ktl_lc.tmin, ktl_lc.t1max), p, KTL_WET, p, p, Phases::outermost};
+}
+
+} // namespace
+
+Saturated saturated_at(double t, Phases source) { return source == Phases::of_entry ? entry_at(t) : outermost_at(t); }
+
+Saturated saturated_under(double p, Phases source) {
+    // pmin lies below the saturation pressure at tmin by its last digit: a mixture under it has tmin and exactly p.
+    if (!(p > saturation::terms(ktl_lc.tmin).p) && (source == Phases::of_entry || !(p >= ktl_lc.pmin)))
+        return saturated_at(ktl_lc.tmin, source);
+    if (!(p < ktl_lc.pca)) return saturated_at(ktl_lc.tc, source);
+    return source == Phases::of_entry ? entry_under(p) : outermost_under(p);
+}
+
+double last_low_pressure(Phases source) {
+    return source == Phases::of_entry ? ktl_lc.p1 : saturation::terms(ktl_lc.t1max).p;
 }
 
 double boundary_temperature(double p) {

@@ -50,6 +50,17 @@ T property(Quantity y, int region, const T& first, const T& t) {
     return helmholtz_property(y, region3::terms(first, t), first, t);
 }
 
+/// Where saturated phases above 350 degC come from.
+enum class Phases {
+    /// The volumes that the entry ktlftn finds, to the last bit, so that the entry evaluates a mixture as it was found.
+    of_entry,
+    /// The outermost volumes at which the isotherm has the saturation pressure, up to 374.149 degC. In the last
+    /// millikelvin the saturation line leaves the loop of the isotherms, by up to 3e-9 of the pressure, and one or the
+    /// other volume does not exist: there both go to the critical volume with the square root of the distance from
+    /// the critical temperature.
+    outermost
+};
+
 /// Saturated water and steam at one temperature, in the variables of their regions.
 struct Saturated {
     double t = 0.0;
@@ -57,12 +68,13 @@ struct Saturated {
     int region = KTL_NO_STATE; // of the mixture: KTL_WET or KTL_WET_NEAR_CRITICAL
     double liquid = 0.0;       // pressure, or volume above 350 degC
     double steam = 0.0;
+    Phases source = Phases::of_entry;
 
     [[nodiscard]] double of_liquid(Quantity y) const {
-        return property(y, region == KTL_WET ? KTL_LIQUID : KTL_NEAR_CRITICAL_LIQUID, liquid, t);
+        return of_phase(y, region == KTL_WET ? KTL_LIQUID : KTL_NEAR_CRITICAL_LIQUID, liquid);
     }
     [[nodiscard]] double of_steam(Quantity y) const {
-        return property(y, region == KTL_WET ? KTL_STEAM : KTL_NEAR_CRITICAL_STEAM, steam, t);
+        return of_phase(y, region == KTL_WET ? KTL_STEAM : KTL_NEAR_CRITICAL_STEAM, steam);
     }
     [[nodiscard]] double mixture(Quantity y, double x) const {
         if (y == Quantity::pressure) return p;
@@ -70,13 +82,25 @@ struct Saturated {
         const double water = of_liquid(y);
         return water + x * (of_steam(y) - water);
     }
+
+private:
+    /// The energy of outermost phases is made with the saturation pressure, which they share.
+    [[nodiscard]] double of_phase(Quantity y, int phase, double first) const {
+        if (y != Quantity::energy || source == Phases::of_entry || region == KTL_WET)
+            return property(y, phase, first, t);
+        return internal_energy(property(Quantity::enthalpy, phase, first, t), p, first);
+    }
 };
 
-/// Saturated states at t, 0.01 to 374.15 degC. Above 350 degC the volumes are those of the entry ktlftn, to the
-/// last bit, so that the entry evaluates a mixture as it was found.
-Saturated saturated_at(double t);
+/// Saturated states at t, 0.01 to 374.15 degC.
+Saturated saturated_at(double t, Phases source);
 /// Saturated states at p, from pmin to the critical pressure; the ends of the line beyond.
-Saturated saturated_under(double p);
+Saturated saturated_under(double p, Phases source);
+/// Pressure above which saturated states under p are those of sub-region 3.
+double last_low_pressure(Phases source);
+/// Factor of volume by which searches in sub-region 3 go on past the outermost phases: within a millikelvin of the
+/// critical point these have the saturation pressure to 4e-9 only, and a value may lie between them and the isobar.
+constexpr double past_saturation(Phases source) { return source == Phases::of_entry ? 1.0 : 1.0001; }
 
 /// A state that a search returns. The saturated phases stand beside a mixture only.
 struct FoundState {

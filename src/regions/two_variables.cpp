@@ -18,7 +18,7 @@ bool has(const FoundState& state, Quantity y, double value) {
 double from_pressure_volume(Quantity y, double p, double v) {
     if (std::isnan(p) || std::isnan(v)) return p + v;
     if (p >= ktl_lc.pmin && p <= ktl_lc.pmax && std::isfinite(v)) {
-        const FoundState state = on_isobar(Quantity::volume, p, v);
+        const FoundState state = on_isobar(Quantity::volume, p, v, Phases::of_entry);
         if (has(state, Quantity::volume, v)) return state.value(y);
     }
     front::report("KTL_PV", Case::pressure_volume_out_of_range, p, v);
@@ -29,7 +29,7 @@ double from_pressure_volume(Quantity y, double p, double v) {
 double from_temperature_entropy(Quantity y, double t, double s) {
     if (std::isnan(t) || std::isnan(s)) return t + s;
     if (t >= ktl_lc.tmin && t <= ktl_lc.tmax && std::isfinite(s)) {
-        const FoundState state = on_isotherm(Quantity::entropy, t, s);
+        const FoundState state = on_isotherm(Quantity::entropy, t, s, Phases::of_entry);
         if (has(state, Quantity::entropy, s)) return state.value(y);
     }
     front::report("KTL_TS", Case::temperature_entropy_out_of_range, t, s);

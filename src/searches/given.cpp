@@ -1,26 +1,26 @@
-#include "finders/pair.hpp"
+#include "searches/given.hpp"
 
 #include "regions/dual.hpp"
 
 #include <algorithm>
 #include <cmath>
 
-namespace ktl::finders {
+namespace ktl::searches {
 
 namespace {
 
-/// How closely a state must have the given value: a tenth of what the finders promise. Near zero the equations
-/// themselves do not agree with each other any better along the saturation line, and the saturated volumes of the
-/// entry, found to 1e-8 of the pressure, move by more than that near the critical point.
-double allowance(Quantity y, double value, int region) {
-    const double relative = region == KTL_WET_NEAR_CRITICAL ? 8.0e-8 : 1.0e-8;
+/// How closely a state must have the given value. With the phases of the entry a tenth of what the finders promise:
+/// its saturated volumes, found to 1e-8 of the pressure, move by more than that near the critical point.
+double allowance(Quantity y, double value, int region, Phases source) {
+    const bool outermost = source == Phases::outermost;
+    const double relative = outermost ? 1.0e-10 : (region == KTL_WET_NEAR_CRITICAL ? 8.0e-8 : 1.0e-8);
     const bool energy = y == Quantity::enthalpy || y == Quantity::energy;
-    const double floor = energy ? 1.0e-7 : (y == Quantity::entropy ? 1.0e-8 : 0.0);
-    return std::fmax(relative * std::fabs(value), floor);
+    const double least = energy ? 10.0 : (y == Quantity::entropy ? 1.0 : 0.0);
+    return std::fmax(relative * std::fabs(value), least * (outermost ? 1.0e-10 : 1.0e-8));
 }
 
-bool has(const FoundState& state, Quantity y, double value) {
-    return std::fabs(state.value(y) - value) <= allowance(y, value, state.region);
+bool has(const FoundState& state, Quantity y, double value, Phases source) {
+    return std::fabs(state.value(y) - value) <= allowance(y, value, state.region, source);
 }
 
 /// Quantity of any region but KTL_WET_NEAR_CRITICAL, with its derivatives by both variables.
@@ -60,13 +60,13 @@ Place place_of_steam(const FoundState& state) {
     return state.first <= 1.01 * pl ? Place::beside : Place::outside;
 }
 
-Place place_near_critical(const FoundState& state) {
+Place place_near_critical(const FoundState& state, Phases source) {
     const double pressure = state.value(Quantity::pressure);
     const bool inside = state.t >= ktl_lc.t3min - rounding && state.t <= ktl_lc.t3max + rounding &&
                         in_closed(pressure, boundary_pressure(state.t), ktl_lc.pmax);
     if (!inside) return Place::outside;
     if (state.t > ktl_lc.tc) return Place::inside;
-    const Saturated phases = saturated_at(std::max(state.t, std::nextafter(ktl_lc.t3min, ktl_lc.tc)));
+    const Saturated phases = saturated_at(std::max(state.t, std::nextafter(ktl_lc.t3min, ktl_lc.tc)), source);
     // The saturated volume of water is only as good as the tolerance of the entry.
     const bool compressed = state.first < ktl_lc.vca && pressure >= phases.p * (1.0 - 1.0e-8);
     const bool belongs = state.region == KTL_NEAR_CRITICAL_STEAM ? state.first >= phases.steam
@@ -95,10 +95,10 @@ bool bring_within(double& value, double low, double high) {
     return true;
 }
 
-FoundState confirmed(FoundState state, const Pair& pair) {
+FoundState confirmed(FoundState state, const Given& given) {
     if (!state.found() || !finite(state.first, state.t)) return {};
     const double t = held_at(state.t, ktl_lc.tmin, state.wet() ? ktl_lc.tc : ktl_lc.tmax, 1.0e-6);
-    if (state.wet() && t != state.t) state.phases = saturated_at(t);
+    if (state.wet() && t != state.t) state.phases = saturated_at(t, given.source);
     state.t = t;
     bool in_range = state.t >= ktl_lc.tmin && state.t <= ktl_lc.tmax;
     if (state.wet()) {
@@ -112,20 +112,12 @@ FoundState confirmed(FoundState state, const Pair& pair) {
         in_range = in_range && state.first >= ktl_lc.v3min * 0.999 &&
                    in_closed(state.value(Quantity::pressure), ktl_lc.pmin, ktl_lc.pmax);
     }
-    if (in_range && has(state, pair.first, pair.first_value) && has(state, pair.second, pair.second_value))
-        return state;
-    return {};
+    in_range = in_range && has(state, given.first, given.first_value, given.source) &&
+               has(state, given.second, given.second_value, given.source);
+    return in_range ? state : FoundState{};
 }
 
-int hand_back(const FoundState& state, const Pair& pair, double& first, double& second) {
-    const FoundState answer = confirmed(state, pair);
-    if (!answer.found()) return KTL_NO_STATE;
-    first = answer.first;
-    second = answer.t;
-    return answer.region;
-}
-
-FoundState corrected(const FoundState& start, const Pair& pair) {
+FoundState corrected(const FoundState& start, const Given& given) {
     constexpr int most_steps = 12;
     if (!start.found() || start.region == KTL_WET_NEAR_CRITICAL) return {};
     const bool wet = start.region == KTL_WET;
@@ -134,8 +126,8 @@ FoundState corrected(const FoundState& start, const Pair& pair) {
     for (int step = 0; step < most_steps && t > -100.0 && t < 1000.0; ++step) {
         const Dual first(z, 1.0, 0.0);
         const Dual second(t, 0.0, 1.0);
-        const Dual a = with_slopes(pair.first, start.region, first, second) - pair.first_value;
-        const Dual b = with_slopes(pair.second, start.region, first, second) - pair.second_value;
+        const Dual a = with_slopes(given.first, start.region, first, second) - given.first_value;
+        const Dual b = with_slopes(given.second, start.region, first, second) - given.second_value;
         const double determinant = a.first * b.second - a.second * b.first;
         const double scale = wet ? 1.0 : std::fabs(z);
         const double dz = held((a.second * b.value - a.value * b.second) / determinant, wet ? 1.0 : scale / 3.0);
@@ -151,18 +143,18 @@ FoundState corrected(const FoundState& start, const Pair& pair) {
     }
     if (!wet) return {start.region, z, t, {}};
     const double p = saturation::terms(t).p;
-    return mixture({t, p, KTL_WET, p, p}, z);
+    return mixture({t, p, KTL_WET, p, p, given.source}, z);
 }
 
-Place place_of(const FoundState& state) {
+Place place_of(const FoundState& state, Phases source) {
     switch (state.region) {
     case KTL_LIQUID: return place_of_water(state);
     case KTL_STEAM: return place_of_steam(state);
     case KTL_NEAR_CRITICAL_STEAM:
-    case KTL_NEAR_CRITICAL_LIQUID: return place_near_critical(state);
+    case KTL_NEAR_CRITICAL_LIQUID: return place_near_critical(state, source);
     case KTL_WET: return place_of_mixture(state);
     default: return Place::outside;
     }
 }
 
-} // namespace ktl::finders
+} // namespace ktl::searches

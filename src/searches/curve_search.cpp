@@ -5,15 +5,15 @@
 // Where the line passes from one sub-region to another its properties jump a little. A value inside the jump
 // stops the search between two neighbouring trials, one on each side; the equations of each side then carry on
 // past their limit to the value.
-#include "finders/curve_search.hpp"
+#include "searches/curve_search.hpp"
 
-#include "finders/pair.hpp"
 #include "regions/curves.hpp"
+#include "searches/given.hpp"
 #include "solvers/enclosure.hpp"
 
 #include <cmath>
 
-namespace ktl::finders {
+namespace ktl::searches {
 
 namespace {
 
@@ -25,9 +25,9 @@ double rough_tolerance(Quantity y) { return y == Quantity::entropy ? 3.0e-3 : 3.
 constexpr double below_tmin = -1.0;
 
 /// The corrected state where it lies in its region, inside or at least as far in as asked.
-FoundState corrected_in_place(const FoundState& start, const Pair& pair, Place least) {
-    const FoundState state = confirmed(corrected(start, pair), pair);
-    return state.found() && place_of(state) >= least ? state : FoundState{};
+FoundState corrected_in_place(const FoundState& start, const Given& given, Place least) {
+    const FoundState state = confirmed(corrected(start, given), given);
+    return state.found() && place_of(state, given.source) >= least ? state : FoundState{};
 }
 
 /// The region on the other side of the border that a state lies at, with the state in its variables.
@@ -46,23 +46,23 @@ FoundState across(const FoundState& start) {
 
 /// The search along a line: at(z) is the state at z, a and b the ends.
 template <class At>
-FoundState search(const Pair& pair, Quantity y, double value, double a, double b, At&& at) {
+FoundState search(const Given& given, Quantity y, double value, double a, double b, At&& at) {
     const auto f = [&](double z) { return at(z).value(y) - value; };
     const double fa = f(a);
     const double fb = f(b);
     const auto rough = solvers::enclose(f, a, fa, b, fb, rough_tolerance(y));
-    FoundState found = corrected_in_place(at(rough.x), pair, Place::inside);
+    FoundState found = corrected_in_place(at(rough.x), given, Place::inside);
     if (found.found()) return found;
 
     const auto fine = solvers::enclose(f, a, fa, b, fb, search_tolerance(value));
     const FoundState best = at(fine.x);
-    found = confirmed(best, pair);
+    found = confirmed(best, given);
     if (found.found()) return found;
     const FoundState other = at(fine.other);
     for (const Place least : {Place::inside, Place::beside}) {
         for (const FoundState& side : {best, other}) {
-            found = corrected_in_place(side, pair, least);
-            if (!found.found()) found = corrected_in_place(across(side), pair, least);
+            found = corrected_in_place(side, given, least);
+            if (!found.found()) found = corrected_in_place(across(side), given, least);
             if (found.found()) return found;
         }
     }
@@ -71,38 +71,38 @@ FoundState search(const Pair& pair, Quantity y, double value, double a, double b
 
 /// Water of entropy s at tmin, compressed or saturated. Along the isentropes of the coldest water the energies
 /// hardly depend on the pressure: the search may end at one where the temperature is below tmin.
-FoundState coldest_water(const Pair& pair, double s) {
+FoundState coldest_water(const Given& given, double s) {
     if (s > 0.01) return {};
-    const FoundState compressed = confirmed(on_isotherm(Quantity::entropy, ktl_lc.tmin, s), pair);
+    const FoundState compressed = confirmed(on_isotherm(Quantity::entropy, ktl_lc.tmin, s, given.source), given);
     if (compressed.found()) return compressed;
-    return confirmed({KTL_LIQUID, saturation::terms(ktl_lc.tmin).p, ktl_lc.tmin, {}}, pair);
+    return confirmed({KTL_LIQUID, saturation::terms(ktl_lc.tmin).p, ktl_lc.tmin, {}}, given);
 }
 
 } // namespace
 
-FoundState on_isentrope(Quantity y, double value, double s) {
+FoundState on_isentrope(Quantity y, double value, double s, Phases source) {
     if (s > property(Quantity::entropy, KTL_STEAM, ktl_lc.pmin, ktl_lc.tmax) + rounding) return {};
     if (s < property(Quantity::entropy, KTL_LIQUID, ktl_lc.pmax, ktl_lc.tmin) - rounding) return {};
     double highest = ktl_lc.pmax;
     if (s > property(Quantity::entropy, KTL_STEAM, ktl_lc.pmax, ktl_lc.tmax))
-        highest = on_isotherm(Quantity::entropy, ktl_lc.tmax, s).first;
-    const auto at = [&](double z) { return on_isobar(Quantity::entropy, std::exp(z), s, below_tmin); };
-    const Pair pair{y, value, Quantity::entropy, s};
-    const FoundState found = search(pair, y, value, std::log(ktl_lc.pmin), std::log(highest), at);
-    return found.found() ? found : coldest_water(pair, s);
+        highest = on_isotherm(Quantity::entropy, ktl_lc.tmax, s, source).first;
+    const auto at = [&](double z) { return on_isobar(Quantity::entropy, std::exp(z), s, source, below_tmin); };
+    const Given given{y, value, Quantity::entropy, s, source};
+    const FoundState found = search(given, y, value, std::log(ktl_lc.pmin), std::log(highest), at);
+    return found.found() ? found : coldest_water(given, s);
 }
 
-FoundState on_isochore(Quantity y, double value, double v) {
+FoundState on_isochore(Quantity y, double value, double v, Phases source) {
     if (v > property(Quantity::volume, KTL_STEAM, ktl_lc.pmin, ktl_lc.tmax) * (1.0 + rounding)) return {};
     if (v < property(Quantity::volume, KTL_LIQUID, ktl_lc.pmax, ktl_lc.tmin) * (1.0 - rounding)) return {};
     double coldest = ktl_lc.tmin;
     if (v > property(Quantity::volume, KTL_STEAM, ktl_lc.pmin, ktl_lc.tmin))
-        coldest = on_isobar(Quantity::volume, ktl_lc.pmin, v).t;
+        coldest = on_isobar(Quantity::volume, ktl_lc.pmin, v, source).t;
     double hottest = ktl_lc.tmax;
     if (v < property(Quantity::volume, KTL_STEAM, ktl_lc.pmax, ktl_lc.tmax))
-        hottest = on_isobar(Quantity::volume, ktl_lc.pmax, v).t;
-    const auto at = [&](double t) { return on_isotherm(Quantity::volume, t, v); };
-    return search({Quantity::volume, v, y, value}, y, value, coldest, hottest, at);
+        hottest = on_isobar(Quantity::volume, ktl_lc.pmax, v, source).t;
+    const auto at = [&](double t) { return on_isotherm(Quantity::volume, t, v, source); };
+    return search({Quantity::volume, v, y, value, source}, y, value, coldest, hottest, at);
 }
 
-} // namespace ktl::finders
+} // namespace ktl::searches

@@ -3,14 +3,14 @@
 
 #include "regions/state.hpp"
 
-namespace ktl::finders {
+namespace ktl::searches {
 
 /// The state of entropy s whose enthalpy or internal energy y has the given value: both rise with pressure along
 /// the line. No state where the line does not reach the value.
-FoundState on_isentrope(Quantity y, double value, double s);
+FoundState on_isentrope(Quantity y, double value, double s, Phases source);
 
 /// The state of volume v whose enthalpy, entropy or internal energy y has the given value: all rise with
 /// temperature along the line. No state where the line does not reach the value.
-FoundState on_isochore(Quantity y, double value, double v);
+FoundState on_isochore(Quantity y, double value, double v, Phases source);
 
-} // namespace ktl::finders
+} // namespace ktl::searches
