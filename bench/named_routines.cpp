@@ -1,6 +1,4 @@
 // Time of the named routines, each call at a state of its own so that no working terms are found ready.
-// The column "exps" is the time divided by that of one std::exp measured in the same run, so that tables from
-// different machines compare.
 #include "timing.hpp"
 
 #include <array>
@@ -51,11 +49,6 @@ BENCHMARK_CAPTURE(find, steam_ph, steam_ph, ktlrph)->Name("state by ktlrph, stea
 BENCHMARK_CAPTURE(find, near_critical_ph, near_critical_ph, ktlrph)->Name("state by ktlrph, near-critical");
 BENCHMARK(saturation_pressure)->Name("saturation pressure (ktl_pt)");
 BENCHMARK(saturation_temperature)->Name("saturation temperature (ktl_it)");
-
-void exponential(benchmark::State& bench) {
-    run(bench, liquid, [](const State& s) { return std::exp(-s.second); });
-}
-BENCHMARK(exponential)->Name("std::exp");
 
 } // namespace
 

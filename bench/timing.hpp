@@ -1,5 +1,7 @@
-// What every benchmark here shares: states to run over, and the time of one std::exp to compare with.
+// What every benchmark here shares: states to run over, and how a time is noted.
 #pragma once
+
+#include "yardstick.hpp"
 
 #include <algorithm>
 #include <benchmark/benchmark.h>
@@ -46,28 +48,32 @@ inline States with_enthalpy(States of, ktl_property pressure, ktl_property entha
     return of;
 }
 
-using clock = std::chrono::steady_clock;
-using seconds = std::chrono::duration<double>;
-
-inline double seconds_of_exp() {
-    double best = 1.0;
-    for (int run = 0; run < 20; ++run) {
-        constexpr int calls = 100000;
-        const auto start = clock::now();
-        for (int i = 0; i < calls; ++i) benchmark::DoNotOptimize(std::exp(-1e-5 * i));
-        best = std::min(best, seconds(clock::now() - start).count() / calls);
-    }
-    return best;
+/// Notes the time of one call or row, in ns and as a multiple of the yardstick.
+inline void note(benchmark::State& bench, std::chrono::steady_clock::duration spent, double calls) {
+    const double seconds = std::chrono::duration<double>(spent).count() / calls;
+    bench.counters["ns"] = 1.0e9 * seconds;
+    bench.counters["yards"] = seconds / yardstick_time;
 }
-inline const double exp_time = seconds_of_exp();
 
 /// Runs call(state) over the states in turn.
 template <class Call>
 void run(benchmark::State& bench, const States& of, Call call) {
     std::size_t i = 0;
-    const auto start = clock::now();
+    const auto start = std::chrono::steady_clock::now();
     for (auto _ : bench) benchmark::DoNotOptimize(call(of[i++ % count]));
-    bench.counters["exps"] = seconds(clock::now() - start).count() / static_cast<double>(i) / exp_time;
+    note(bench, std::chrono::steady_clock::now() - start, static_cast<double>(i));
+}
+
+/// Runs a call that does so many rows.
+template <class Call>
+void run_rows(benchmark::State& bench, std::size_t rows, Call call) {
+    std::size_t calls = 0;
+    const auto start = std::chrono::steady_clock::now();
+    for (auto _ : bench) {
+        call();
+        ++calls;
+    }
+    note(bench, std::chrono::steady_clock::now() - start, static_cast<double>(calls * rows));
 }
 
 /// Runs a finder.

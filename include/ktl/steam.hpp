@@ -88,43 +88,39 @@ inline constexpr std::size_t property_count = 22;
 
 /// One homogeneous phase: water, steam, or either beside the other on the saturation line.
 ///
-/// Given away by state() and saturation calls; a phase that does not stand has not-a-number everywhere.
+/// Given away by state() and saturation calls; a phase that does not stand has not-a-number everywhere. What is not
+/// kept from the solve (density and those that follow u below) is computed when asked for.
 class Phase {
 public:
-    [[nodiscard]] double p() const noexcept { return p_; }                   ///< pressure, bar
-    [[nodiscard]] double t() const noexcept { return t_; }                   ///< temperature, degC
-    [[nodiscard]] double v() const noexcept { return v_; }                   ///< specific volume, m3/kg
-    [[nodiscard]] double h() const noexcept { return h_; }                   ///< specific enthalpy, kJ/kg
-    [[nodiscard]] double s() const noexcept { return s_; }                   ///< specific entropy, kJ/(kg K)
-    [[nodiscard]] double cp() const noexcept { return cp_; }                 ///< isobaric heat capacity, kJ/(kg K)
-    [[nodiscard]] double cv() const noexcept { return cv_; }                 ///< isochoric heat capacity, kJ/(kg K)
-    [[nodiscard]] double rho() const noexcept { return 1.0 / v_; }           ///< density, kg/m3
-    [[nodiscard]] double u() const noexcept { return h_ - 100.0 * p_ * v_; } ///< internal energy, kJ/kg
-    [[nodiscard]] double gibbs() const noexcept { return h_ - (t_ + 273.15) * s_; }      ///< h - T s, kJ/kg
-    [[nodiscard]] double helmholtz() const noexcept { return u() - (t_ + 273.15) * s_; } ///< u - T s, kJ/kg
-    [[nodiscard]] double speed_of_sound() const noexcept { return w_; }                  ///< m/s
-    /// -(v/p) (dp/dv) at constant entropy.
-    [[nodiscard]] double isentropic_exponent() const noexcept { return w_ * w_ / (1.0e5 * p_ * v_); }
-    /// Isothermal compressibility, 1/bar. Infinite at the critical point, as cp and expansion.
-    [[nodiscard]] double compressibility() const noexcept { return -dvdp_ / v_; }
-    /// Isobaric expansion coefficient, 1/K.
-    [[nodiscard]] double expansion() const noexcept { return dvdt_ / v_; }
-    /// Joule-Thomson coefficient (dt/dp) at constant enthalpy, K/bar.
-    [[nodiscard]] double joule_thomson() const noexcept { return 100.0 * ((t_ + 273.15) * dvdt_ - v_) / cp_; }
-    /// Dynamic viscosity, Pa s. Evaluated at each call, as the three below.
-    [[nodiscard]] KTL_API double viscosity() const noexcept;
-    /// Kinematic viscosity, m2/s.
-    [[nodiscard]] double kinematic_viscosity() const noexcept { return viscosity() * v_; }
-    /// Thermal conductivity, W/(m K).
-    [[nodiscard]] KTL_API double conductivity() const noexcept;
-    /// Prandtl number cp viscosity / conductivity.
-    [[nodiscard]] double prandtl() const noexcept { return 1000.0 * cp_ * viscosity() / conductivity(); }
+    [[nodiscard]] double p() const noexcept { return p_; }             ///< pressure, bar
+    [[nodiscard]] double t() const noexcept { return t_; }             ///< temperature, degC
+    [[nodiscard]] double v() const noexcept { return v_; }             ///< specific volume, m3/kg
+    [[nodiscard]] double h() const noexcept { return h_; }             ///< specific enthalpy, kJ/kg
+    [[nodiscard]] double s() const noexcept { return s_; }             ///< specific entropy, kJ/(kg K)
+    [[nodiscard]] double cp() const noexcept { return cp_; }           ///< isobaric heat capacity, kJ/(kg K)
+    [[nodiscard]] double cv() const noexcept { return cv_; }           ///< isochoric heat capacity, kJ/(kg K)
+    [[nodiscard]] KTL_API double rho() const noexcept;                 ///< density, kg/m3
+    [[nodiscard]] KTL_API double u() const noexcept;                   ///< specific internal energy, kJ/kg
+    [[nodiscard]] KTL_API double gibbs() const noexcept;               ///< specific Gibbs energy h - T s, kJ/kg
+    [[nodiscard]] KTL_API double helmholtz() const noexcept;           ///< specific Helmholtz energy u - T s, kJ/kg
+    [[nodiscard]] KTL_API double speed_of_sound() const noexcept;      ///< m/s
+    [[nodiscard]] KTL_API double isentropic_exponent() const noexcept; ///< -(v/p) (dp/dv) at constant entropy
+    /// Isothermal compressibility -(dv/dp)/v, 1/bar. Infinite at the critical point, as cp and expansion.
+    [[nodiscard]] KTL_API double compressibility() const noexcept;
+    [[nodiscard]] KTL_API double expansion() const noexcept;     ///< isobaric expansion coefficient (dv/dt)/v, 1/K
+    [[nodiscard]] KTL_API double joule_thomson() const noexcept; ///< (dt/dp) at constant enthalpy, K/bar
+    [[nodiscard]] KTL_API double viscosity() const noexcept;     ///< dynamic viscosity, Pa s
+    [[nodiscard]] KTL_API double kinematic_viscosity() const noexcept; ///< m2/s
+    [[nodiscard]] KTL_API double conductivity() const noexcept;        ///< thermal conductivity, W/(m K)
+    [[nodiscard]] KTL_API double prandtl() const noexcept;             ///< Prandtl number cp viscosity / conductivity
+    /// The property by its enumerator; x is not-a-number, the region a number.
+    [[nodiscard]] KTL_API double get(Property property) const noexcept;
     /// Sub-region 1 or 2, or the side of sub-region 3.
     [[nodiscard]] Region region() const noexcept { return region_; }
 
 private:
     friend struct Access;
-    double p_, t_, v_, h_, s_, cp_, cv_, w_, dvdt_, dvdp_;
+    double p_, t_, v_, h_, s_, cp_, cv_, w2_, dvdt_, dvdp_;
     Region region_;
 };
 
@@ -200,6 +196,10 @@ private:
 [[nodiscard]] KTL_API double saturation_temperature(double p) noexcept;
 /// Slope dp/dt of the line, bar/K, at t (degC); not-a-number outside it.
 [[nodiscard]] KTL_API double saturation_slope(double t) noexcept;
+
+/// The same for columns, in vector lanes: the result i belongs to the given value i; as many as the shorter column has.
+KTL_API void saturation_pressure(std::span<const double> t, std::span<double> p) noexcept;
+KTL_API void saturation_temperature(std::span<const double> p, std::span<double> t) noexcept;
 
 /// A point of the saturation line with both phases.
 struct Saturation {

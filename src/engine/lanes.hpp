@@ -39,6 +39,9 @@ struct Lanes {
     friend Mask operator>=(Lanes a, Lanes b) { return hn::Ge(a.value, b.value); }
     friend Lanes choose(Mask m, Lanes a, Lanes b) { return hn::IfThenElse(m, a.value, b.value); }
 
+    /// Whether every lane is above one half: for flags that are 1 or 0.
+    friend bool all_set(Lanes a) { return hn::AllTrue(Tag(), hn::Gt(a.value, hn::Set(Tag(), 0.5))); }
+
     friend Lanes sqrt(Lanes a) { return hn::Sqrt(a.value); }
     friend Lanes abs(Lanes a) { return hn::Abs(a.value); }
     friend Lanes exp(Lanes a) { return exponential(a); }

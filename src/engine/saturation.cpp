@@ -1,10 +1,8 @@
-#include "regions/saturation.hpp"
+#include "engine/kernels.hpp"
 
-#include "engine/state.hpp"
+#include <algorithm>
 
 namespace ktl {
-
-using engine::not_a_number;
 
 namespace {
 
@@ -13,18 +11,37 @@ Saturation at(Pair pair, double given) noexcept {
     return {water.status(), water.p(), water.t(), saturation_slope(water.t()), water.liquid(), water.vapour()};
 }
 
-bool on_line(double t) { return t >= ktl_lc.tmin && t <= ktl_lc.tc; }
+using engine::Kernels;
+
+/// One value by the kernel of one lane.
+double one(Kernels::Line line, double x) noexcept {
+    double y;
+    line(&x, 1, &y);
+    return y;
+}
+
+/// A column; its end, less than a whole number of lanes, by way of a padded copy.
+void column(Kernels::Line line, std::span<const double> x, std::span<double> y) noexcept {
+    const std::size_t n = std::min(x.size(), y.size());
+    const std::size_t whole = n - n % engine::widest;
+    line(x.data(), whole, y.data());
+    std::array<double, engine::widest> given{}, found;
+    std::copy_n(x.data() + whole, n - whole, given.begin());
+    line(given.data(), engine::widest, found.data());
+    std::copy_n(found.begin(), n - whole, y.data() + whole);
+}
 
 } // namespace
 
-double saturation_pressure(double t) noexcept { return on_line(t) ? saturation::terms(t).p : not_a_number; }
+double saturation_pressure(double t) noexcept { return one(engine::scalar_kernels().saturation_pressure, t); }
+double saturation_temperature(double p) noexcept { return one(engine::scalar_kernels().saturation_temperature, p); }
+double saturation_slope(double t) noexcept { return one(engine::scalar_kernels().saturation_slope, t); }
 
-double saturation_temperature(double p) noexcept { return engine::search(Pair::px, p, 0.0, 0).t; }
-
-double saturation_slope(double t) noexcept {
-    if (!on_line(t)) return not_a_number;
-    const auto terms = saturation::terms(t);
-    return terms.p / ktl_lc.tca * saturation::log_slope(terms);
+void saturation_pressure(std::span<const double> t, std::span<double> p) noexcept {
+    column(engine::kernels().saturation_pressure, t, p);
+}
+void saturation_temperature(std::span<const double> p, std::span<double> t) noexcept {
+    column(engine::kernels().saturation_temperature, p, t);
 }
 
 Saturation saturation_at_temperature(double t) noexcept { return at(Pair::tx, t); }

@@ -10,10 +10,14 @@
 namespace ktl::engine {
 
 struct Scalar {
+    static constexpr std::size_t count = 1;
     double value;
 
     Scalar() = default;
     Scalar(double x) : value(x) {} // implicit: coefficients are plain numbers
+
+    static Scalar load(const double* from) { return *from; }
+    void store(double* to) const { *to = value; }
 
     friend Scalar operator-(Scalar a) { return -a.value; }
     friend Scalar operator+(Scalar a, Scalar b) { return a.value + b.value; }
@@ -24,6 +28,9 @@ struct Scalar {
     friend bool operator>(Scalar a, Scalar b) { return a.value > b.value; }
     friend bool operator<=(Scalar a, Scalar b) { return a.value <= b.value; }
     friend bool operator>=(Scalar a, Scalar b) { return a.value >= b.value; }
+
+    /// Whether it is above one half: for flags that are 1 or 0.
+    friend bool all_set(Scalar a) { return a.value > 0.5; }
 
     friend Scalar sqrt(Scalar a) { return std::sqrt(a.value); }
     friend Scalar abs(Scalar a) { return std::fabs(a.value); }

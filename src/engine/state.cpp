@@ -1,22 +1,26 @@
 #include "engine/state.hpp"
 
-#include "regions/saturation.hpp"
-#include "regions/transport.hpp"
-
-#include <array>
-#include <cmath>
+#include "engine/block.hpp"
+#include "engine/bodies.hpp"
 
 namespace ktl {
 
 using engine::not_a_number;
 
-Phase Access::phase(const engine::Thermo<double>& y, Region region) noexcept {
+using engine::Scalar;
+using engine::Thermo;
+
+Phase Access::phase(const Thermo<Scalar>& y, Region region) noexcept {
     Phase out;
-    out.p_ = y.p, out.t_ = y.t, out.v_ = y.v, out.h_ = y.h, out.s_ = y.s;
-    out.cp_ = y.cp, out.cv_ = y.cv, out.w_ = std::sqrt(y.w2);
-    out.dvdt_ = y.dvdt, out.dvdp_ = y.dvdp;
+    out.p_ = y.p.value, out.t_ = y.t.value, out.v_ = y.v.value, out.h_ = y.h.value, out.s_ = y.s.value;
+    out.cp_ = y.cp.value, out.cv_ = y.cv.value, out.w2_ = y.w2.value;
+    out.dvdt_ = y.dvdt.value, out.dvdp_ = y.dvdp.value;
     out.region_ = region;
     return out;
+}
+
+Thermo<Scalar> Access::thermo(const Phase& y) noexcept {
+    return {y.p_, y.t_, y.v_, y.h_, y.s_, y.cp_, y.cv_, y.w2_, y.dvdt_, y.dvdp_};
 }
 
 Phase Access::no_phase(Region region) noexcept {
@@ -45,7 +49,7 @@ State Access::state(const engine::Solution& found) noexcept {
     Phase& bulk = out.bulk_;
     bulk.region_ = found.region;
     bulk.t_ = found.t;
-    bulk.p_ = low ? found.liquid : saturation::terms(found.t).p;
+    bulk.p_ = low ? found.liquid : saturation::terms(Scalar(found.t)).p.value;
     if (found.status == Status::undetermined) return out;
     const double x = out.x_ = found.first;
     const auto mixed = [&](double Phase::*y) { return out.liquid_.*y + x * (out.vapour_.*y - out.liquid_.*y); };
@@ -57,48 +61,53 @@ State Access::state(const engine::Solution& found) noexcept {
 
 Phase engine::phase_of(Region region, double first, double t) noexcept {
     switch (region) {
-    case Region::water: return Access::phase(from_gibbs(region1::terms(first, t), first, t), region);
-    case Region::steam: return Access::phase(from_gibbs(region2::terms(first, t), first, t), region);
-    default: return Access::phase(from_helmholtz(first, t), region);
+    case Region::water: return Access::phase(phase_at<Body::water, Scalar>(first, t), region);
+    case Region::steam: return Access::phase(phase_at<Body::steam, Scalar>(first, t), region);
+    default: return Access::phase(phase_at<Body::near_critical, Scalar>(first, t), region);
     }
 }
 
-double Phase::viscosity() const noexcept { return transport::viscosity(v_, t_); }
-double Phase::conductivity() const noexcept { return transport::conductivity(v_, t_); }
+namespace {
 
-double State::get(Property property) const noexcept {
-    switch (property) {
-    case Property::p: return p();
-    case Property::t: return t();
-    case Property::v: return v();
-    case Property::rho: return rho();
-    case Property::h: return h();
-    case Property::s: return s();
-    case Property::u: return u();
-    case Property::x: return x();
-    case Property::gibbs: return gibbs();
-    case Property::helmholtz: return helmholtz();
-    case Property::region: return static_cast<double>(region());
-    case Property::cp: return cp();
-    case Property::cv: return cv();
-    case Property::speed_of_sound: return speed_of_sound();
-    case Property::isentropic_exponent: return isentropic_exponent();
-    case Property::compressibility: return compressibility();
-    case Property::expansion: return expansion();
-    case Property::joule_thomson: return joule_thomson();
-    case Property::viscosity: return viscosity();
-    case Property::kinematic_viscosity: return kinematic_viscosity();
-    case Property::conductivity: return conductivity();
-    case Property::prandtl: return prandtl();
-    }
-    return not_a_number;
+double derived(Property property, const Phase& phase) {
+    const bool mixture = phase.region() == Region::wet || phase.region() == Region::wet_near_critical;
+    if (mixture && !engine::of_mixtures(property)) return not_a_number;
+    return engine::derived(property, Access::thermo(phase)).value;
 }
+
+template <Property property>
+double derived(const Phase& phase) {
+    return derived(property, phase);
+}
+
+} // namespace
+
+double Phase::rho() const noexcept { return derived<Property::rho>(*this); }
+double Phase::u() const noexcept { return derived<Property::u>(*this); }
+double Phase::gibbs() const noexcept { return derived<Property::gibbs>(*this); }
+double Phase::helmholtz() const noexcept { return derived<Property::helmholtz>(*this); }
+double Phase::speed_of_sound() const noexcept { return derived<Property::speed_of_sound>(*this); }
+double Phase::isentropic_exponent() const noexcept { return derived<Property::isentropic_exponent>(*this); }
+double Phase::compressibility() const noexcept { return derived<Property::compressibility>(*this); }
+double Phase::expansion() const noexcept { return derived<Property::expansion>(*this); }
+double Phase::joule_thomson() const noexcept { return derived<Property::joule_thomson>(*this); }
+double Phase::viscosity() const noexcept { return derived<Property::viscosity>(*this); }
+double Phase::kinematic_viscosity() const noexcept { return derived<Property::kinematic_viscosity>(*this); }
+double Phase::conductivity() const noexcept { return derived<Property::conductivity>(*this); }
+double Phase::prandtl() const noexcept { return derived<Property::prandtl>(*this); }
+
+double Phase::get(Property property) const noexcept {
+    if (property == Property::region) return static_cast<double>(region_);
+    return derived(property, *this);
+}
+
+double State::get(Property property) const noexcept { return property == Property::x ? x_ : bulk_.get(property); }
+
+State state(Pair pair, double a, double b) noexcept { return Access::state(engine::solve_row(pair, a, b)); }
 
 State state(Pair pair, double a, double b, int number) noexcept {
-    return Access::state(engine::search(pair, a, b, number));
+    return number == 0 ? state(pair, a, b) : Access::state(engine::search(pair, a, b, number));
 }
-
-State state(Pair pair, double a, double b) noexcept { return state(pair, a, b, 0); }
 
 int states(Pair pair, double a, double b) noexcept { return engine::count_states(pair, a, b); }
 

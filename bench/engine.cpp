@@ -1,0 +1,190 @@
+// Time of the ktl:: calls, per state: columns by kind of state on one and on two threads, single calls, saturation line.
+#include "timing.hpp"
+
+#include <array>
+#include <ktl/steam.hpp>
+#include <memory>
+#include <string>
+#include <utility>
+
+namespace {
+
+using namespace ktl_bench;
+using ktl::Pair;
+using ktl::Property;
+
+constexpr std::size_t rows = 1 << 16;
+
+/// The states of one kind, drawn over its whole range.
+struct Kind {
+    const char* name;
+    bool single; ///< one phase
+    std::vector<ktl::State> states;
+};
+
+template <class Draw>
+Kind kind(const char* name, bool single, Draw draw) {
+    Kind out{name, single, {}};
+    std::mt19937_64 random(1967);
+    const auto uniform = [&](double low, double high) { return std::uniform_real_distribution(low, high)(random); };
+    while (out.states.size() < rows) {
+        const ktl::State s = draw(uniform);
+        if (s) out.states.push_back(s);
+    }
+    return out;
+}
+
+ktl::State only(ktl::Region region, const ktl::State& s) {
+    return s.region() == region ? s : ktl::state(Pair::pt, -1.0, 0.0);
+}
+
+const std::vector<Kind>& kinds() {
+    static const std::vector<Kind> all = [] {
+        std::vector<Kind> out;
+        out.push_back(kind("water", true, [](auto uniform) {
+            return only(ktl::Region::water, ktl::state(Pair::pt, uniform(0.01, 1000.0), uniform(0.01, 350.0)));
+        }));
+        out.push_back(kind("steam", true, [](auto uniform) {
+            const double p = std::exp(uniform(std::log(0.0062), std::log(1000.0)));
+            return only(ktl::Region::steam, ktl::state(Pair::pt, p, uniform(0.01, 800.0)));
+        }));
+        out.push_back(kind("near-critical", true, [](auto uniform) {
+            const ktl::State s = ktl::state(Pair::pt, uniform(165.0, 1000.0), uniform(350.0, 590.0));
+            const bool inside =
+                s.region() == ktl::Region::near_critical_water || s.region() == ktl::Region::near_critical_steam;
+            return inside ? s : ktl::state(Pair::pt, -1.0, 0.0);
+        }));
+        out.push_back(kind("two phases", false,
+                           [](auto uniform) { return ktl::state(Pair::tx, uniform(0.01, 350.0), uniform(0.0, 1.0)); }));
+        out.push_back(kind("two phases above 350 degC", false, [](auto uniform) {
+            return ktl::state(Pair::tx, uniform(350.0, 374.0), uniform(0.0, 1.0));
+        }));
+        return out;
+    }();
+    return all;
+}
+
+struct Task {
+    const char* name;
+    Pair pair;
+    Property a, b;
+    std::vector<Property> wanted;
+};
+
+std::vector<Task> tasks() {
+    using P = Property;
+    std::vector<Task> out{
+        {"p,t to v,h,s,cp", Pair::pt, P::p, P::t, {P::v, P::h, P::s, P::cp}},
+        {"p,h to t,v,s", Pair::ph, P::p, P::h, {P::t, P::v, P::s}},
+        {"p,s to t,v,h", Pair::ps, P::p, P::s, {P::t, P::v, P::h}},
+        {"h,s to p,t", Pair::hs, P::h, P::s, {P::p, P::t}},
+        {"p,t to viscosity, conductivity", Pair::pt, P::p, P::t, {P::viscosity, P::conductivity}},
+    };
+    const std::array<std::tuple<const char*, Pair, P, P>, 13> others{{
+        {"p,u to p,t", Pair::pu, P::p, P::u},
+        {"p,v to p,t", Pair::pv, P::p, P::v},
+        {"p,x to p,t", Pair::px, P::p, P::x},
+        {"t,v to p,t", Pair::tv, P::t, P::v},
+        {"t,h to p,t", Pair::th, P::t, P::h},
+        {"t,s to p,t", Pair::ts, P::t, P::s},
+        {"t,u to p,t", Pair::tu, P::t, P::u},
+        {"t,x to p,t", Pair::tx, P::t, P::x},
+        {"s,x to p,t", Pair::sx, P::s, P::x},
+        {"u,s to p,t", Pair::us, P::u, P::s},
+        {"v,h to p,t", Pair::vh, P::v, P::h},
+        {"v,s to p,t", Pair::vs, P::v, P::s},
+        {"v,u to p,t", Pair::vu, P::v, P::u},
+    }};
+    for (const auto& [name, pair, a, b] : others) out.push_back({name, pair, a, b, {P::p, P::t}});
+    return out;
+}
+
+/// Columns of one task on one kind of state.
+struct Columns {
+    std::vector<double> a, b;
+    std::vector<std::vector<double>> results;
+    std::vector<double*> outputs;
+    std::vector<ktl::Status> status = std::vector<ktl::Status>(rows);
+
+    Columns(const Task& task, const Kind& of) : results(task.wanted.size(), std::vector<double>(rows)) {
+        for (const ktl::State& s : of.states) {
+            a.push_back(s.get(task.a));
+            b.push_back(s.get(task.b));
+        }
+        for (auto& column : results) outputs.push_back(column.data());
+    }
+};
+
+void batch(benchmark::State& bench, const Task& task, const Kind& of, unsigned threads) {
+    Columns c(task, of);
+    const ktl::BatchOptions options{.threads = threads};
+    run_rows(bench, rows, [&] { ktl::batch(task.pair, c.a, c.b, task.wanted, c.outputs, c.status, options); });
+}
+
+/// One call after the other, each with every property that is computed when asked for.
+void single(benchmark::State& bench, const Task& task, const Kind& of) {
+    const Columns c(task, of);
+    run_rows(bench, rows, [&] {
+        for (std::size_t i = 0; i < rows; ++i) benchmark::DoNotOptimize(ktl::state(task.pair, c.a[i], c.b[i]));
+    });
+}
+
+void line(benchmark::State& bench, bool pressure) {
+    std::vector<double> x;
+    for (const ktl::State& s : kinds()[3].states) x.push_back(pressure ? s.t() : s.p());
+    std::vector<double> y(rows);
+    run_rows(bench, rows, [&] {
+        if (pressure)
+            ktl::saturation_pressure(x, y);
+        else
+            ktl::saturation_temperature(x, y);
+        benchmark::DoNotOptimize(y.data());
+    });
+}
+
+void yardstick_of(benchmark::State& bench, decltype(&yardstick_lanes) kernel) {
+    std::vector<double> x;
+    for (const ktl::State& s : kinds()[0].states) x.push_back(0.4 + 1.0e-3 * s.t());
+    std::vector<double> y(rows);
+    run_rows(bench, rows, [&] {
+        kernel(x.data(), rows, y.data());
+        benchmark::DoNotOptimize(y.data());
+    });
+}
+
+/// Whether states of that kind have both values, and one state alone.
+bool fits(const Task& task, const Kind& of) {
+    const bool of_quality = task.b == Property::x;
+    return of.single ? !of_quality : task.pair != Pair::pt;
+}
+
+[[maybe_unused]] const bool registered = [] {
+    benchmark::RegisterBenchmark("yardstick, one number at a time", yardstick_of, yardstick_scalar);
+#ifdef KTL_LANES
+    if (__builtin_cpu_supports("avx512dq"))
+        benchmark::RegisterBenchmark("yardstick, AVX-512", yardstick_of, yardstick_lanes);
+#endif
+    for (const Task& task : tasks()) {
+        for (const Kind& of : kinds()) {
+            if (!fits(task, of)) continue;
+            for (const unsigned threads : {1U, 2U}) {
+                const std::string name =
+                    std::string(task.name) + ", " + of.name + ", threads " + std::to_string(threads);
+                benchmark::RegisterBenchmark(name.c_str(), batch, task, std::cref(of), threads)->UseRealTime();
+            }
+        }
+    }
+    for (const Task& task : tasks()) {
+        if (task.wanted.size() < 3) continue;
+        for (const Kind& of : kinds()) {
+            if (!fits(task, of)) continue;
+            const std::string name = std::string("state(") + task.name + "), " + of.name;
+            benchmark::RegisterBenchmark(name.c_str(), single, task, std::cref(of));
+        }
+    }
+    benchmark::RegisterBenchmark("saturation_pressure, column", line, true);
+    benchmark::RegisterBenchmark("saturation_temperature, column", line, false);
+    return true;
+}();
+
+} // namespace

@@ -1,0 +1,184 @@
+// The form of the first guesses: polynomials of one or two given values, each seen through a scale that makes the
+// function smooth. The program tools/first_guesses fits them; guesses_data.hpp holds them.
+#pragma once
+
+#include "front/constants.hpp"
+#include "regions/number.hpp"
+
+#include <cstddef>
+#include <cstdint>
+#include <ktl/steam.hpp>
+#include <utility>
+
+namespace ktl::engine::guesses {
+
+/// A row's class: which equations hold for it, and which polynomials start their inversion.
+enum class Class : std::uint8_t {
+    water,             ///< sub-region 1
+    steam_thin,        ///< sub-region 2 up to thin_limit
+    steam,             ///< sub-region 2 between the two others
+    steam_dense,       ///< sub-region 2 below the entropy dense_limit
+    liquid_like,       ///< sub-region 3 below the critical entropy; p, t: below the critical temperature
+    vapour_like,       ///< sub-region 3 above the critical entropy; p, t: below the critical temperature
+    wet_liquid,        ///< two phases up to 350 degC, below the entropy wet_limit (pairs without p and t; else none)
+    wet,               ///< two phases up to 350 degC
+    wet_near_critical, ///< two phases above 350 degC
+    search,            ///< left to the exact search
+};
+inline constexpr std::size_t class_count = 10;
+
+/// Where steam and the states near the critical point are split into classes: p in bar, s in kJ/(kg K).
+inline constexpr double thin_limit = 40.0;
+inline constexpr double dense_limit = 5.85;
+inline constexpr double middle_entropy = 4.443;
+inline constexpr double wet_limit = 3.7;
+/// Least depth below the line of saturated water at which the guess of a mixture begins, kJ/kg.
+inline constexpr double least_depth = 1.0e-6;
+inline constexpr double wet_volume_limit = 0.01; ///< in place of wet_limit for pairs with v, m3/kg
+/// Lowest temperature of steam at thin_limit, less a trifle.
+inline constexpr double thin_temperature = 250.3;
+
+/// Lines between classes: a curve of the pair's second value over its first, for h, s; u, s and volume pairs see
+/// guesses.hpp.
+enum class Border : std::uint8_t {
+    liquid,      ///< saturated water up to 350 degC
+    vapour,      ///< saturated steam up to 350 degC
+    near_liquid, ///< saturated water above 350 degC
+    near_vapour, ///< saturated steam above 350 degC
+    isotherm,    ///< water at 350 degC
+    boundary,    ///< the 2/3 boundary
+    middle,      ///< sub-region 3 at middle_entropy
+    thin,        ///< steam at thin_limit
+    dense,       ///< steam at dense_limit
+    tie,         ///< mixtures at 350 degC
+};
+
+/// In h, s and u, s the 2/3 boundary is a curve of s over this combination, which rises along it from 350 to 590 degC.
+template <class T>
+constexpr T across(const T& energy, const T& s) {
+    return energy - 600.0 * s;
+}
+
+/// The second variable of a region is always t; the first is p up to 350 degC and in steam, v in sub-region 3.
+enum class Unknown : std::uint8_t { first, t };
+
+/// How a polynomial sees a value.
+enum class Scale : std::uint8_t {
+    linear,
+    log,
+    root,
+    reciprocal,
+    below_critical_p,   ///< sqrt(1 - p/pca), zero above
+    below_critical_t,   ///< sqrt(1 - theta), zero above
+    above_least_volume, ///< sqrt(v - least_volume), zero below
+};
+
+/// Volume of saturated water at 4 degC, m3/kg, less a trifle.
+inline constexpr double least_volume = 0.00099999;
+
+template <Scale scale, class T>
+constexpr T scaled(const T& x) {
+    if constexpr (scale == Scale::linear) return x;
+    if constexpr (scale == Scale::log) return log(x);
+    if constexpr (scale == Scale::root) return sqrt(x);
+    if constexpr (scale == Scale::reciprocal) return 1.0 / x;
+    if constexpr (scale == Scale::below_critical_p) {
+        const T below = 1.0 - x * (1.0 / ktl_lc.pca);
+        return sqrt(choose(below < 0.0, T(0.0), below));
+    }
+    if constexpr (scale == Scale::below_critical_t) {
+        const T below = 1.0 - (x + ktl_lc.tza) * (1.0 / ktl_lc.tca);
+        return sqrt(choose(below < 0.0, T(0.0), below));
+    }
+    if constexpr (scale == Scale::above_least_volume) {
+        const T above = x - least_volume;
+        return sqrt(choose(above < 0.0, T(0.0), above));
+    }
+}
+
+/// The value whose scaled form is x; the scales of results are linear, log, root and reciprocal.
+template <Scale scale, class T>
+constexpr T unscaled(const T& x) {
+    if constexpr (scale == Scale::linear) return x;
+    if constexpr (scale == Scale::log) return exp(x);
+    if constexpr (scale == Scale::root) return x * x;
+    if constexpr (scale == Scale::reciprocal) return 1.0 / x;
+}
+
+/// Carries an interval to -1..1.
+struct Span {
+    double middle = 0.0, slope = 1.0;
+    template <class T>
+    constexpr T operator()(const T& x) const {
+        return (x - middle) * slope;
+    }
+    [[nodiscard]] constexpr double low() const { return middle - 1.0 / slope; }
+    [[nodiscard]] constexpr double high() const { return middle + 1.0 / slope; }
+};
+
+/// y(x), a polynomial of n coefficients.
+template <std::size_t n>
+struct Curve {
+    Scale x, y;
+    Span span;
+    double c[n];
+};
+
+template <const auto& curve, class T>
+constexpr T polynomial(const T& u) {
+    constexpr std::size_t n = std::size(curve.c);
+    T sum(curve.c[n - 1]);
+    for (std::size_t i = n - 1; i-- > 0;) sum = curve.c[i] + u * sum;
+    return unscaled<curve.y>(sum);
+}
+
+template <const auto& curve, class T>
+constexpr T value(const T& x) {
+    return polynomial<curve>(curve.span(scaled<curve.x>(x)));
+}
+
+/// y(x), over linear and logarithmic scales held at its end values outside the interval of the fit.
+template <const auto& curve, class T>
+constexpr T held(const T& x) {
+    const T u = curve.span(scaled<curve.x>(x));
+    if constexpr (curve.x >= Scale::below_critical_p)
+        return polynomial<curve>(u);
+    else
+        return polynomial<curve>(choose(u < -1.0, T(-1.0), choose(u < 1.0, u, T(1.0))));
+}
+
+/// z(a, b), the sum of c[i][j] a^i b^j, i < na, j < nb, i + j <= total.
+template <std::size_t na, std::size_t nb, std::size_t total>
+struct Surface {
+    Scale a, b, z;
+    Span a_span, b_span;
+    double c[na][nb];
+
+    [[nodiscard]] static constexpr std::size_t rows() { return na; }
+    [[nodiscard]] static constexpr std::size_t columns(std::size_t i) {
+        return nb + i <= total + 1 ? nb : total + 1 - i;
+    }
+};
+
+template <const auto& surface, std::size_t i, class T>
+constexpr T row(const T& b) {
+    constexpr std::size_t n = surface.columns(i);
+    T sum(surface.c[i][n - 1]);
+    for (std::size_t j = n - 1; j-- > 0;) sum = surface.c[i][j] + b * sum;
+    return sum;
+}
+
+template <const auto& surface, class T>
+constexpr T value(const T& a, const T& b) {
+    const T x = surface.a_span(scaled<surface.a>(a));
+    const T y = surface.b_span(scaled<surface.b>(b));
+    constexpr std::size_t n = surface.rows();
+    T sum = row<surface, n - 1>(y);
+    const auto horner_rows = [&]<std::size_t... k>(std::index_sequence<k...>) {
+        ((sum = row<surface, n - 2 - k>(y) + x * sum), ...);
+    };
+    horner_rows(std::make_index_sequence<n - 1>());
+    return unscaled<surface.z>(sum);
+}
+
+} // namespace ktl::engine::guesses

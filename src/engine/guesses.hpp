@@ -1,0 +1,201 @@
+// First guesses of the inversions: the class of a row, and the variables of its region, close enough that two Newton
+// steps reach rounding for nearly all states.
+//
+// Templates on the number type (double, vector lanes). Nothing branches on a value; a row out of range, or not a
+// number, gets some class and some guess, which the checks of the inversion refuse.
+//
+//     const double c = classify<Pair::ph>(p, h);               // class of every row, a whole number
+//     guess<Pair::ph>(Class::water, p, h, first, t);           // rows of one class
+//
+// first, t: p, t in water and steam, v, t in sub-region 3. A given value is passed through. In two phases t alone is
+// guessed; first is not touched. docs/guesses.md holds the errors reached.
+#pragma once
+
+#include "engine/guesses_data.hpp"
+
+namespace ktl::engine::guesses {
+
+/// Letters of a pair, in the order of the two values.
+template <Pair pair>
+inline constexpr auto letters = [] {
+    constexpr const char* names[pair_count]{"pt", "ph", "ps", "pu", "pv", "px", "tv", "th", "ts",
+                                            "tu", "tx", "sx", "hs", "us", "vh", "vs", "vu"};
+    struct Letters {
+        char a, b;
+    };
+    constexpr const char* word = names[static_cast<std::size_t>(pair)];
+    return Letters{word[0], word[1]};
+}();
+
+template <class T>
+constexpr T number(Class c) {
+    return T(static_cast<double>(c));
+}
+
+template <Pair pair, Border line, class T>
+constexpr T at(const T& x) {
+    return held<border<pair, line>>(x);
+}
+
+/// Saturation temperature, degC, under p (bar).
+template <class T>
+constexpr T saturation_temperature(const T& p) {
+    return value<saturation_curve>(p);
+}
+/// Saturated volumes of sub-region 3, m3/kg, at t (degC) from 350 up.
+template <class T>
+constexpr T liquid_volume(const T& t) {
+    return value<liquid_volume_curve>(t);
+}
+template <class T>
+constexpr T vapour_volume(const T& t) {
+    return value<vapour_volume_curve>(t);
+}
+
+/// Pairs of p.
+template <Pair pair, class T>
+T classify_by_pressure(const T& p, const T& b) {
+    const auto is = [](Class c) { return number<T>(c); };
+    const auto steam = choose(p < thin_limit, is(Class::steam_thin),
+                              choose(b < at<pair, Border::dense>(p), is(Class::steam_dense), is(Class::steam)));
+    const auto low = choose(b < at<pair, Border::liquid>(p), is(Class::water),
+                            choose(b > at<pair, Border::vapour>(p), steam, is(Class::wet)));
+    const auto under =
+        choose(b < at<pair, Border::near_liquid>(p), is(Class::liquid_like),
+               choose(b > at<pair, Border::near_vapour>(p), is(Class::vapour_like), is(Class::wet_near_critical)));
+    const auto over = choose(b < at<pair, Border::middle>(p), is(Class::liquid_like), is(Class::vapour_like));
+    const auto near = choose(p < ktl_lc.pca, under, over);
+    const auto high = choose(b < at<pair, Border::isotherm>(p), is(Class::water),
+                             choose(b < at<pair, Border::boundary>(p), near, steam));
+    return choose(p < ktl_lc.p1, low, high);
+}
+
+/// Pairs of t.
+template <Pair pair, class T>
+T classify_by_temperature(const T& t, const T& b) {
+    const auto is = [](Class c) { return number<T>(c); };
+    const auto steam = choose(t < thin_temperature, is(Class::steam_thin),
+                              choose(b > at<pair, Border::thin>(t), is(Class::steam_thin),
+                                     choose(b < at<pair, Border::dense>(t), is(Class::steam_dense), is(Class::steam))));
+    const auto low = choose(b < at<pair, Border::liquid>(t), is(Class::water),
+                            choose(b > at<pair, Border::vapour>(t), steam, is(Class::wet)));
+    const auto under =
+        choose(b < at<pair, Border::near_liquid>(t), is(Class::liquid_like),
+               choose(b > at<pair, Border::near_vapour>(t), is(Class::vapour_like), is(Class::wet_near_critical)));
+    const auto over = choose(b < at<pair, Border::middle>(t), is(Class::liquid_like), is(Class::vapour_like));
+    const auto near = choose(t < ktl_lc.tc, under, over);
+    const auto high = choose(b < at<pair, Border::boundary>(t), near, steam);
+    return choose(t > ktl_lc.t1, choose(t < ktl_lc.t3max, high, steam), low);
+}
+
+/// h, s; u, s and the pairs of v: curves of the energy (v, s: of s) over q = s or v. At given q single phases lie above
+/// the saturation line, and water below its isotherm of 350 degC.
+template <Pair pair, class T>
+T classify_by_two(const T& a, const T& b) {
+    constexpr bool by_s = letters<pair>.a != 'v';
+    const T& q = by_s ? b : a;
+    const T& y = by_s ? a : b;
+    const auto is = [](Class c) { return number<T>(c); };
+    constexpr double liquid_end = border<pair, Border::tie>.span.low(); // q of the phases at 350 degC
+    constexpr double vapour_end = border<pair, Border::tie>.span.high();
+    constexpr double critical = by_s ? middle_entropy : ktl_lc.vca;
+
+    const auto near_line = choose(q < critical, at<pair, Border::near_liquid>(q), at<pair, Border::near_vapour>(q));
+    const auto line = choose(q < liquid_end, at<pair, Border::liquid>(q),
+                             choose(q < vapour_end, near_line, at<pair, Border::vapour>(q)));
+
+    const auto wet = choose(q < (by_s ? wet_limit : wet_volume_limit), is(Class::wet_liquid), is(Class::wet));
+    const auto between = choose(y < at<pair, Border::tie>(q), wet, is(Class::wet_near_critical));
+    const auto two_phase = choose(q < liquid_end, wet, choose(q < vapour_end, between, wet));
+
+    // Steam, liquid-like and vapour-like states part at other curves by s and by v.
+    const auto less_dense = choose(y < at<pair, Border::thin>(q), is(Class::steam_thin), is(Class::steam));
+    const auto parted = [&](const auto& steam, const auto& near) {
+        if constexpr (by_s)
+            return choose(q < at<pair, Border::boundary>(across(y, q)), near, steam);
+        else
+            return choose(q < vapour_end, choose(y < at<pair, Border::boundary>(q), near, steam), steam);
+    };
+    const auto single = [&] {
+        if constexpr (by_s) {
+            return parted(choose(q < dense_limit, is(Class::steam_dense), less_dense),
+                          choose(q < middle_entropy, is(Class::liquid_like), is(Class::vapour_like)));
+        } else {
+            const auto side = choose(y < at<pair, Border::middle>(q), is(Class::liquid_like), is(Class::vapour_like));
+            return parted(choose(y < at<pair, Border::dense>(q), is(Class::steam_dense), less_dense),
+                          choose(q < critical, side, is(Class::vapour_like)));
+        }
+    }();
+    const auto one_phase =
+        choose(q < liquid_end, choose(y < at<pair, Border::isotherm>(q), is(Class::water), single), single);
+    return choose(y < line, two_phase, one_phase);
+}
+
+/// The class of the row, as a whole number; of px, tx and sx, which need none, and p, t, which its own rule divides: wet.
+template <Pair pair, class T>
+T classify(const T& a, const T& b) {
+    constexpr auto given = letters<pair>;
+    if constexpr (given.a == 'p')
+        return classify_by_pressure<pair>(a, b);
+    else if constexpr (given.a == 't')
+        return classify_by_temperature<pair>(a, b);
+    else
+        return classify_by_two<pair>(a, b);
+}
+
+/// How far h, u of s lies below the line of saturated water, or b itself where the class takes it as it is.
+template <Pair pair, Class c, class T>
+constexpr T first_value(const T& a, const T& b) {
+    if constexpr (c == Class::wet_liquid && (pair == Pair::hs || pair == Pair::us)) {
+        const T depth = at<pair, Border::liquid>(b) - a;
+        return choose(depth < least_depth, T(least_depth), depth);
+    } else {
+        return a;
+    }
+}
+
+template <Pair pair, Class c, class T>
+void guess(const T& a, const T& b, T& first, T& t) {
+    constexpr auto given = letters<pair>;
+    constexpr bool by_volume = c == Class::liquid_like || c == Class::vapour_like;
+    constexpr bool two_phase = c == Class::wet_liquid || c == Class::wet || c == Class::wet_near_critical;
+    if constexpr (given.a == 't')
+        t = a;
+    else if constexpr (given.b == 't')
+        t = b;
+    else if constexpr (two_phase && given.a == 'p')
+        t = saturation_temperature(a);
+    else
+        t = value<surface<pair, c, Unknown::t>>(first_value<pair, c>(a, b), b);
+
+    if constexpr (two_phase)
+        return;
+    else if constexpr (given.a == (by_volume ? 'v' : 'p'))
+        first = a;
+    else if constexpr (given.b == (by_volume ? 'v' : 'p'))
+        first = b;
+    else
+        first = value<surface<pair, c, Unknown::first>>(a, b);
+}
+
+/// First guess of a row of class c (not search).
+template <Pair pair, class T>
+void guess(Class c, const T& a, const T& b, T& first, T& t) {
+    switch (c) {
+    case Class::water: return guess<pair, Class::water>(a, b, first, t);
+    case Class::steam_thin: return guess<pair, Class::steam_thin>(a, b, first, t);
+    case Class::steam: return guess<pair, Class::steam>(a, b, first, t);
+    case Class::steam_dense: return guess<pair, Class::steam_dense>(a, b, first, t);
+    case Class::liquid_like: return guess<pair, Class::liquid_like>(a, b, first, t);
+    case Class::vapour_like: return guess<pair, Class::vapour_like>(a, b, first, t);
+    case Class::wet_liquid:
+        if constexpr (letters<pair>.a != 'p' && letters<pair>.a != 't')
+            return guess<pair, Class::wet_liquid>(a, b, first, t);
+        return;
+    case Class::wet: return guess<pair, Class::wet>(a, b, first, t);
+    case Class::wet_near_critical: return guess<pair, Class::wet_near_critical>(a, b, first, t);
+    case Class::search: return;
+    }
+}
+
+} // namespace ktl::engine::guesses

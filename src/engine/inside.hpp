@@ -1,0 +1,64 @@
+// Whether a state that Newton found lies in the sub-region that it was searched in, as 1 or 0. What does not goes to
+// the exact search, so these tests are strict: they take nothing that another sub-region may claim.
+#pragma once
+
+#include "engine/newton.hpp"
+
+namespace ktl::engine {
+
+/// 1 where the condition holds and so does the rest.
+template <class Condition, class T>
+T both(const Condition& condition, const T& rest) {
+    return choose(condition, rest, T(0.0));
+}
+
+/// A state of saturated water or steam may be off the line by rounding.
+inline constexpr double line_rounding = 1.0e-11;
+/// Beside 350 degC and the 2/3 boundary sub-region 3 overlaps its neighbours, which go before it: by less than this,
+/// in K and as a factor of the boundary's pressure.
+inline constexpr double overlap_t = 0.3;
+inline constexpr double overlap_p = 1.003;
+
+template <class T>
+T boundary_at(const T& t) {
+    return ktl_lc.pca * region2::boundary(T((t + ktl_lc.tza) * (1.0 / ktl_lc.tca)));
+}
+
+template <class T>
+T inside_water(const T& p, const T& t) {
+    const T on_line = both(p >= saturation::terms(t).p * (1.0 - line_rounding), T(1.0));
+    const T within = both(p <= ktl_lc.pmax, both(t >= ktl_lc.tmin, both(t <= ktl_lc.t1max, T(1.0))));
+    return on_line * within;
+}
+
+template <class T>
+T inside_steam(const T& p, const T& t) {
+    const T beyond = choose(t < ktl_lc.t3max, boundary_at(t), T(ktl_lc.pmax));
+    const T limit = choose(t > ktl_lc.t1max, beyond, saturation::terms(t).p * (1.0 + line_rounding));
+    const T within = both(p >= ktl_lc.pmin, both(t >= ktl_lc.tmin, both(t <= ktl_lc.tmax, T(1.0))));
+    return both(p <= limit, both(p <= ktl_lc.pmax, within));
+}
+
+/// Sub-region 3, stable: below the critical temperature either denser than the critical point and above the saturation
+/// pressure or thinner and below it.
+template <class T>
+T inside_near_critical(const T& v, const T& t, double margin_t, double margin_p) {
+    const auto terms = region3::terms(v, t);
+    const T p = region3::pressure(terms);
+    const T stable = both(region3::free_energy_volume_curvature(terms) > 0.0, T(1.0));
+    const T ps = saturation::terms(t).p;
+    const T side = choose(v < ktl_lc.vca, both(p >= ps, T(1.0)), both(p <= ps, T(1.0)));
+    const T off_dome = choose(t < ktl_lc.tc, side, T(1.0));
+    const T within = both(t >= ktl_lc.t3min + margin_t, both(t <= ktl_lc.t3max, both(p <= ktl_lc.pmax, T(1.0))));
+    return both(p >= boundary_at(t) * margin_p, within) * stable * off_dome;
+}
+
+/// Two phases up to 350 degC, or above.
+template <bool high, class T>
+T inside_wet(const T& x, const T& t) {
+    const T mixed = both(x >= 0.0, both(x <= 1.0, T(1.0)));
+    if constexpr (high) return mixed * both(t > ktl_lc.t3min, both(t < ktl_lc.tc, T(1.0)));
+    return mixed * both(t >= ktl_lc.tmin, both(t <= ktl_lc.t3min, T(1.0)));
+}
+
+} // namespace ktl::engine

@@ -1,0 +1,52 @@
+// The work of the engine over columns, compiled once for each kind of machine. All of them give the same bits.
+#pragma once
+
+#include "engine/derived.hpp"
+#include "engine/guesses.hpp"
+
+#include <array>
+
+namespace ktl::engine {
+
+/// The kinds of states that have equations of their own.
+enum class Kind : std::uint8_t { water, steam, near_critical, wet, wet_near_critical };
+inline constexpr std::size_t kind_count = 5;
+inline constexpr std::size_t depth_count = 4;
+
+/// Columns end at a whole number of these: the lanes of the widest registers.
+inline constexpr std::size_t widest = 8;
+
+/// Columns of states in the variables of their regions, as in Solution. settled is 1 where the search came to a state of
+/// its kind, else 0. liquid and vapour belong to two phases.
+struct Columns {
+    double *first, *t, *liquid, *vapour, *settled;
+};
+
+struct Kernels {
+    const char* name;  ///< the instruction set
+    std::size_t lanes; ///< doubles in a register
+
+    using Classify = void (*)(const double* a, const double* b, std::size_t n, double* classes);
+    using Guess = void (*)(guesses::Class c, const double* a, const double* b, std::size_t n, const Columns& out);
+    using Solve = void (*)(const double* a, const double* b, std::size_t n, const Columns& inout);
+    using Evaluate = void (*)(const Columns& states, std::size_t n, const Property* properties, std::size_t count,
+                              double* const* outputs);
+    using Line = void (*)(const double* x, std::size_t n, double* y);
+
+    // The length n of all of them is a multiple of lanes; properties of two-phase kinds are of_mixtures().
+    std::array<Classify, pair_count> classify;
+    std::array<Guess, pair_count> guess;
+    std::array<std::array<Solve, kind_count>, pair_count> solve; ///< from guesses in inout; null where none is needed
+    std::array<std::array<Evaluate, depth_count>, kind_count> evaluate;
+    Line saturation_pressure, saturation_slope, saturation_temperature; ///< not-a-number off the line
+};
+
+/// Those of one lane, which every machine has.
+const Kernels& scalar_kernels() noexcept;
+/// Null where the library was built without them.
+const Kernels* avx2_kernels() noexcept;
+const Kernels* avx512_kernels() noexcept;
+/// The widest that this machine runs.
+const Kernels& kernels() noexcept;
+
+} // namespace ktl::engine

@@ -1,0 +1,11 @@
+#include "engine/kernel_bodies.hpp"
+#include "engine/lanes.hpp"
+
+namespace ktl::engine {
+
+const Kernels* avx2_kernels() noexcept {
+    static constexpr Kernels of_lanes = table<HWY_NAMESPACE::Lanes>("avx2");
+    return &of_lanes;
+}
+
+} // namespace ktl::engine

@@ -1,0 +1,164 @@
+// Two-phase states for one number or for lanes: the saturated phases at a temperature, and searches for the
+// temperature of a mixture. Below 350 degC both phases follow from the saturation pressure; above, their volumes are
+// found along with it.
+#pragma once
+
+#include "engine/newton.hpp"
+
+namespace ktl::engine {
+
+/// A two-phase state; liquid and vapour as in Solution, converged 1 or 0.
+template <class T>
+struct Mixed {
+    T x, t, liquid, vapour, converged;
+};
+
+/// Saturation pressure, bar, and its slope, bar/K.
+template <class T>
+struct LinePoint {
+    T p, slope;
+};
+template <class T>
+LinePoint<T> line_at(const T& t) {
+    const auto terms = saturation::terms(t);
+    return {terms.p, terms.p * saturation::log_slope(terms) * (1.0 / ktl_lc.tca)};
+}
+
+/// One saturated phase next to the saturation line: how far its variable is off, the slope of that variable along the
+/// line, and properties brought onto the line to first order.
+template <Body body, class T>
+struct Side {
+    decltype(terms_of<body>(T(), T())) terms;
+    T first, t, off, along;
+
+    Side(const LinePoint<T>& line, const T& at_first, const T& at_t)
+        : terms(terms_of<body>(at_first, at_t)), first(at_first), t(at_t) {
+        if constexpr (body == Body::near_critical) {
+            const Slopes<T> p = slopes<body, Quantity::pressure>(terms, first, t);
+            const T softness = 1.0 / p.by_first;
+            off = (line.p - p.y) * softness;
+            along = (line.slope - p.by_t) * softness;
+        } else {
+            off = T(0.0);
+            along = line.slope;
+        }
+    }
+
+    /// The property on the line and its slope along it.
+    template <Quantity Y>
+    Step<T> property() const {
+        if constexpr (body == Body::near_critical && Y == Quantity::volume)
+            return {first + off, along};
+        else {
+            const Slopes<T> y = slopes<body, Y>(terms, first, t);
+            return {y.y + y.by_first * off, y.by_t + y.by_first * along};
+        }
+    }
+};
+
+/// Both saturated volumes above 350 degC at a given temperature, from first guesses.
+template <class T>
+Mixed<T> saturated_volumes(const LinePoint<T>& line, const T& t, const T& liquid, const T& vapour) {
+    Mixed<T> m{T(0.0), t, liquid, vapour, T(0.0)};
+    for (int pass = 0; pass < most_passes; ++pass) {
+        const Side<Body::near_critical, T> water(line, m.liquid, t);
+        const Side<Body::near_critical, T> steam(line, m.vapour, t);
+        const auto open = m.converged < 0.5;
+        m.liquid = choose(open, m.liquid + water.off, m.liquid);
+        m.vapour = choose(open, m.vapour + steam.off, m.vapour);
+        const T small = choose(abs(water.off) < small_first * m.liquid,
+                               choose(abs(steam.off) < small_first * m.vapour, T(1.0), T(0.0)), T(0.0));
+        m.converged = choose(open, small, m.converged);
+        if (all_set(m.converged)) break;
+    }
+    return m;
+}
+
+/// A mixture's property: those of the phases and their slopes along the saturation line.
+template <class T>
+struct Blend {
+    Step<T> water, steam; // value in first, slope in t
+
+    [[nodiscard]] T at(const T& x) const { return water.first + x * (steam.first - water.first); }
+    [[nodiscard]] T along(const T& x) const { return water.t + x * (steam.t - water.t); }
+    [[nodiscard]] T by_quality() const { return steam.first - water.first; }
+    [[nodiscard]] T quality(const T& value) const { return (value - water.first) / by_quality(); }
+};
+
+/// Both phases beside the line at one temperature: sub-regions 1 and 2 (high false), or sub-region 3 twice.
+template <bool high, class T>
+struct Phases {
+    static constexpr Body water_body = high ? Body::near_critical : Body::water;
+    static constexpr Body steam_body = high ? Body::near_critical : Body::steam;
+    Side<water_body, T> water;
+    Side<steam_body, T> steam;
+
+    Phases(const LinePoint<T>& line, const Mixed<T>& m)
+        : water(line, high ? m.liquid : line.p, m.t), steam(line, high ? m.vapour : line.p, m.t) {}
+
+    template <Quantity Y>
+    Blend<T> blend() const {
+        return {water.template property<Y>(), steam.template property<Y>()};
+    }
+
+    /// Moves the state by dt along the line; tells whether that was little, as 1 or 0.
+    T move(Mixed<T>& m, const T& dt) const {
+        const auto open = m.converged < 0.5;
+        m.t = choose(open, m.t + dt, m.t);
+        T small = choose(abs(dt) < small_t, T(1.0), T(0.0));
+        if constexpr (high) {
+            small = choose(abs(water.off) < small_first * m.liquid, small, T(0.0));
+            small = choose(abs(steam.off) < small_first * m.vapour, small, T(0.0));
+            m.liquid = choose(open, m.liquid + water.off + water.along * dt, m.liquid);
+            m.vapour = choose(open, m.vapour + steam.off + steam.along * dt, m.vapour);
+        }
+        return choose(open, small, m.converged);
+    }
+};
+
+/// Up to 350 degC the phases' variable is the saturation pressure.
+template <bool high, class T>
+void settle(Mixed<T>& m) {
+    if constexpr (!high) m.liquid = m.vapour = saturation::terms(m.t).p;
+}
+
+/// Quality of the mixture at the temperature of m that has Y = value.
+template <bool high, Quantity Y, class T>
+void mix_at_temperature(Mixed<T>& m, const T& value) {
+    const Phases<high, T> phases(line_at(m.t), m);
+    m.x = phases.template blend<Y>().quality(value);
+}
+
+/// Newton for the temperature of the mixture with A = a and B = b, from the guesses in m.
+template <bool high, Quantity A, Quantity B, class T>
+void mix(Mixed<T>& m, const T& a, const T& b) {
+    m.converged = T(0.0);
+    for (int pass = 0; pass < most_passes; ++pass) {
+        const Phases<high, T> phases(line_at(m.t), m);
+        const Blend<T> y = phases.template blend<A>();
+        const Blend<T> z = phases.template blend<B>();
+        const T x = y.quality(a);
+        const T dxdt = -y.along(x) / y.by_quality();
+        const T dt = (b - z.at(x)) / (z.along(x) + dxdt * z.by_quality());
+        m.x = choose(m.converged < 0.5, x + dxdt * dt, m.x);
+        m.converged = phases.move(m, dt);
+        if (all_set(m.converged)) break;
+    }
+    settle<high>(m);
+}
+
+/// Newton for the temperature of the mixture of quality x with Y = value.
+template <bool high, Quantity Y, class T>
+void mix_of_quality(Mixed<T>& m, const T& value, const T& x) {
+    m.converged = T(0.0);
+    m.x = x;
+    for (int pass = 0; pass < most_passes; ++pass) {
+        const Phases<high, T> phases(line_at(m.t), m);
+        const Blend<T> y = phases.template blend<Y>();
+        m.converged = phases.move(m, (value - y.at(x)) / y.along(x));
+        if (all_set(m.converged)) break;
+    }
+    settle<high>(m);
+}
+
+} // namespace ktl::engine

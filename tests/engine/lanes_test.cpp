@@ -1,0 +1,115 @@
+// The engine's equations: elementary functions, closed slopes, and the same bits from every set of kernels.
+#include "engine/block.hpp"
+#include "engine/bodies.hpp"
+#include "engine/scalar.hpp"
+#include "rows.hpp"
+#include "support/compare.hpp"
+#include "support/dual.hpp"
+#include "support/states.hpp"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using namespace ktl;
+using namespace ktl::engine;
+using ktl::test::Random;
+
+/// Largest error of f in units of the last place of the true value.
+template <class Function, class Exact>
+long double worst_ulp(Function f, Exact exact, double low, double high) {
+    Random random(3);
+    long double worst = 0.0L;
+    for (int i = 0; i < 200000; ++i) {
+        const double x = random.between(low, high);
+        const long double truth = exact(static_cast<long double>(x));
+        const long double unit = std::ldexp(1.0L, std::ilogb(truth) - 52);
+        worst = std::fmax(worst, std::fabs(f(x) - truth) / unit);
+    }
+    return worst;
+}
+
+TEST(Elementary, FunctionsAreWithinOneUnitOfTheLastPlace) {
+    const auto e = [](double x) { return exponential(Scalar(x)).value; };
+    const auto l = [](double x) { return logarithm(Scalar(x)).value; };
+    EXPECT_LT(worst_ulp(
+                  e, [](long double x) { return std::exp(x); }, -708.0, 709.0),
+              1.0L);
+    EXPECT_LT(worst_ulp(
+                  e, [](long double x) { return std::exp(x); }, -1.0, 1.0),
+              1.0L);
+    EXPECT_LT(worst_ulp(
+                  l, [](long double x) { return std::log(x); }, 0.5, 2.0),
+              1.0L);
+    EXPECT_LT(worst_ulp(
+                  l, [](long double x) { return std::log(x); }, 1.0e-6, 1.0e6),
+              1.0L);
+}
+
+/// The slopes and second-order properties of a phase against derivatives by dual numbers of its v, s and h (region 3: p,
+/// s, h), which are equations of their own.
+template <Body body>
+void check_phase(double first, double t) {
+    using D = test::Dual<double>;
+    const auto values = [&](D x, D y) { return phase_at<body>(x, y); };
+    const Thermo<Scalar> found = phase_at<body>(Scalar(first), Scalar(t));
+    const Thermo<D> by_first = values(D(first, 1.0), D(t, 0.0));
+    const Thermo<D> by_t = values(D(first, 0.0), D(t, 1.0));
+    // (dy/dp) at t and (dy/dt) at p, whatever the variables are.
+    const auto dp = [&](D Thermo<D>::*y) { return (by_first.*y).d / by_first.p.d; };
+    const auto dt = [&](D Thermo<D>::*y) { return (by_t.*y).d - dp(y) * by_t.p.d; };
+    const double vp = dp(&Thermo<D>::v), vt = dt(&Thermo<D>::v), sp = dp(&Thermo<D>::s), st = dt(&Thermo<D>::s);
+    const double kelvin = t + 273.15;
+    const std::string at = test::named("body ", static_cast<int>(body), " at ", first, ", ", t);
+    EXPECT_TRUE(test::close(at + " dv/dt", found.dvdt.value, vt, 1e-9, 1e-6));
+    EXPECT_TRUE(test::close(at + " dv/dp", found.dvdp.value, vp, 1e-9));
+    EXPECT_TRUE(test::close(at + " cp", found.cp.value, kelvin * st, 1e-6));
+    EXPECT_TRUE(test::close(at + " cv", found.cv.value, kelvin * (st - sp * vt / vp), 1e-5));
+    const double dvdp_at_s = vp - vt * sp / st;
+    EXPECT_TRUE(test::close(at + " w2", found.w2.value, -1.0e5 * found.v.value * found.v.value / dvdp_at_s, 1e-5));
+}
+
+TEST(Phases, HaveTheSlopesOfTheirEquations) {
+    Random random(11);
+    for (int i = 0; i < 300; ++i) {
+        const auto water = test::random_liquid(random);
+        check_phase<Body::water>(water.first, water.t);
+        const auto steam = test::random_steam(random);
+        check_phase<Body::steam>(steam.first, steam.t);
+        const auto near_critical = test::random_near_critical(random);
+        check_phase<Body::near_critical>(near_critical.first, near_critical.t);
+    }
+}
+
+TEST(Kernels, GiveTheSameBitsOnEveryMachine) {
+    constexpr std::array properties{
+        Property::p,           Property::t, Property::v,  Property::h,         Property::s,
+        Property::x,           Property::u, Property::cp, Property::viscosity, Property::speed_of_sound,
+        Property::conductivity};
+    if (kernels().lanes == 1) GTEST_SKIP() << "this machine or this build has no vector lanes";
+    Random random(5);
+    for (std::size_t k = 0; k < pair_count; ++k) {
+        const auto pair = static_cast<Pair>(k);
+        const test::Rows rows(random, pair, 509);
+        const auto solved_by = [&](const Kernels& set) {
+            std::vector<double> out(properties.size() * rows.a.size());
+            std::vector<double*> columns;
+            for (std::size_t i = 0; i < properties.size(); ++i) columns.push_back(out.data() + i * rows.a.size());
+            std::vector<Status> status(rows.a.size());
+            solve_block(set, pair, rows.a.data(), rows.b.data(), rows.a.size(), properties, columns.data(),
+                        status.data());
+            for (const Status s : status) out.push_back(static_cast<double>(s));
+            return out;
+        };
+        const std::vector<double> one = solved_by(scalar_kernels());
+        for (const Kernels* set : {avx2_kernels(), &kernels()}) {
+            if (set == nullptr || set->lanes > kernels().lanes) continue;
+            const std::vector<double> many = solved_by(*set);
+            for (std::size_t i = 0; i < one.size(); ++i)
+                ASSERT_TRUE(test::same_bits(one[i], many[i]))
+                    << set->name << ", pair " << test::letters[k] << ", row " << i % rows.a.size();
+        }
+    }
+}
+
+} // namespace
