@@ -28,11 +28,12 @@ struct Isobar {
     [[nodiscard]] double residual(int region, double first, double t) const {
         return property(y, region, first, t) - value;
     }
+    [[nodiscard]] double tolerance(int region) const { return search_tolerance(y, region, value, source); }
 
     /// Temperature in sub-region 1 or 2 between a and b, whose residual is fb.
     [[nodiscard]] FoundState between(int region, double a, double b, double fb) const {
         const auto f = [&](double t) { return residual(region, p, t); };
-        return {region, p, solvers::enclose(f, a, f(a), b, fb, search_tolerance(value)).x, {}};
+        return {region, p, solvers::enclose(f, a, f(a), b, fb, tolerance(region)).x, {}};
     }
 
     /// Steam of sub-region 2 from the temperature a on, where the residual is fa.
@@ -77,7 +78,7 @@ FoundState wet_state(const Isobar& line, const Saturated& phases, double f_water
     const FoundState wet = mixture(phases, f_water / (f_water - f_steam));
     if (line.y != Quantity::volume || wet.first > least_quality || phases.t > expanding) return wet;
     const FoundState cold = water_by_volume(line, phases.t, f_water, ktl_lc.tmin);
-    return std::fabs(line.residual(KTL_LIQUID, cold.first, cold.t)) <= search_tolerance(line.value) ? cold : wet;
+    return std::fabs(line.residual(KTL_LIQUID, cold.first, cold.t)) <= line.tolerance(KTL_LIQUID) ? cold : wet;
 }
 
 /// Up to p1: water of sub-region 1, mixture, steam of sub-region 2.
@@ -124,8 +125,10 @@ FoundState high(const Isobar& line, double lowest) {
     if (f2 <= 0.0) return line.steam_from(tl, f2);
     const double v1 = volume(region1::terms(line.p, ktl_lc.t1max));
     const double v2 = volume(region2::terms(line.p, tl));
-    const FoundState found = middle(line, v1 / outside, v2 * outside);
+    FoundState found = middle(line, v1 / outside, v2 * outside);
     if (found.wet()) return found;
+    // Only rounding puts saturated steam at 350 degC below it.
+    if (found.region == KTL_NEAR_CRITICAL_STEAM) found.t = std::max(found.t, ktl_lc.t3min);
     if (found.t < ktl_lc.t3min) {
         const double past = ktl_lc.t1max + reach;
         return line.between(KTL_LIQUID, ktl_lc.t1max, past, line.residual(KTL_LIQUID, line.p, past));

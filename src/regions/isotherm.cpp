@@ -25,6 +25,7 @@ struct Isotherm {
     region3::Terms<double> terms3{}; // of temperature, once prepared
 
     [[nodiscard]] double residual(int region, double z) const { return property(y, region, z, t) - value; }
+    [[nodiscard]] double tolerance(int region) const { return search_tolerance(y, region, value, source); }
 
     [[nodiscard]] double residual3(double v) const {
         auto s = terms3;
@@ -81,7 +82,7 @@ FoundState first_from(const Isotherm& line, int region, double a, double fa, dou
         end = turning_point(line, region, a, b);
         f_end = end == b ? fb : f(end);
     }
-    return {region, solvers::enclose(f, a, fa, end, f_end, search_tolerance(line.value)).x, line.t, {}};
+    return {region, solvers::enclose(f, a, fa, end, f_end, line.tolerance(region)).x, line.t, {}};
 }
 
 FoundState water(const Isotherm& line, double ps, double f_water) {
@@ -100,7 +101,7 @@ FoundState low(const Isotherm& line) {
     const FoundState wet = mixture(phases, f_water / (f_water - f_steam));
     if (wet.first > least_quality || line.y == Quantity::volume) return wet;
     const FoundState compressed = water(line, ps, f_water);
-    return std::fabs(line.residual(KTL_LIQUID, compressed.first)) <= search_tolerance(line.value) ? compressed : wet;
+    return std::fabs(line.residual(KTL_LIQUID, compressed.first)) <= line.tolerance(KTL_LIQUID) ? compressed : wet;
 }
 
 /// Volume at pmax, the densest state of the isotherm.
@@ -157,7 +158,7 @@ BothSides water_on_isotherm(Quantity y, double t, double value, Phases source) {
     const double turn = turning_point(line, KTL_LIQUID, ps, ktl_lc.pmax);
     const auto f = [&](double p) { return line.residual(KTL_LIQUID, p); };
     const auto between = [&](double a, double b) {
-        return FoundState{KTL_LIQUID, solvers::enclose(f, a, b, search_tolerance(value)).x, t, {}};
+        return FoundState{KTL_LIQUID, solvers::enclose(f, a, b, line.tolerance(KTL_LIQUID)).x, t, {}};
     };
     return {between(ps, turn), turn == ktl_lc.pmax ? FoundState{} : between(turn, ktl_lc.pmax)};
 }

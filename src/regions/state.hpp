@@ -127,6 +127,14 @@ double boundary_temperature(double p);
 /// equations.
 inline double search_tolerance(double y) { return 1.0e-14 * std::fabs(y) + 1.0e-15; }
 
+/// The same for a quantity of one region. Enthalpy and entropy of sub-region 1 are rounded by up to 2e-12 of them and
+/// 2e-10 kJ/kg, 8e-13 kJ/(kg K): searches with the outermost phases are content with that.
+inline double search_tolerance(Quantity y, int region, double value, Phases source) {
+    const bool plain = region != KTL_LIQUID || source == Phases::of_entry || y == Quantity::volume;
+    if (plain) return search_tolerance(value);
+    return 2.0e-12 * std::fabs(value) + (y == Quantity::entropy ? 8.0e-13 : 2.0e-10);
+}
+
 /// A value just outside a limit that rounding alone may have put there.
 inline constexpr double rounding = 1.0e-9;
 

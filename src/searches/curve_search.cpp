@@ -24,9 +24,13 @@ double rough_tolerance(Quantity y) { return y == Quantity::entropy ? 3.0e-3 : 3.
 /// is one unbroken line although entropy first rises and then falls with pressure at 0.01 degC.
 constexpr double below_tmin = -1.0;
 
+/// Share of the allowed deviation with which a search ends at once: where a line is almost level a state may have all
+/// that is allowed although another has the values better.
+constexpr double well_met(Phases source) { return source == Phases::outermost ? 0.2 : 1.0; }
+
 /// The corrected state where it lies in its region, inside or at least as far in as asked.
-FoundState corrected_in_place(const FoundState& start, const Given& given, Place least) {
-    const FoundState state = confirmed(corrected(start, given), given);
+FoundState corrected_in_place(const FoundState& start, const Given& given, Place least, double share = 1.0) {
+    const FoundState state = confirmed(corrected(start, given), given, share);
     return state.found() && place_of(state, given.source) >= least ? state : FoundState{};
 }
 
@@ -51,19 +55,22 @@ FoundState search(const Given& given, Quantity y, double value, double a, double
     const double fa = f(a);
     const double fb = f(b);
     const auto rough = solvers::enclose(f, a, fa, b, fb, rough_tolerance(y));
-    FoundState found = corrected_in_place(at(rough.x), given, Place::inside);
+    const double share = well_met(given.source);
+    FoundState found = corrected_in_place(at(rough.x), given, Place::inside, share);
     if (found.found()) return found;
 
-    const auto fine = solvers::enclose(f, a, fa, b, fb, search_tolerance(value));
+    const auto fine = solvers::enclose(f, a, fa, b, fb, search_tolerance(y, KTL_LIQUID, value, given.source));
     const FoundState best = at(fine.x);
-    found = confirmed(best, given);
-    if (found.found()) return found;
     const FoundState other = at(fine.other);
-    for (const Place least : {Place::inside, Place::beside}) {
-        for (const FoundState& side : {best, other}) {
-            found = corrected_in_place(side, given, least);
-            if (!found.found()) found = corrected_in_place(across(side), given, least);
-            if (found.found()) return found;
+    for (const double allowed : {share, 1.0}) {
+        found = confirmed(best, given, allowed);
+        if (found.found()) return found;
+        for (const Place least : {Place::inside, Place::beside}) {
+            for (const FoundState& side : {best, other}) {
+                found = corrected_in_place(side, given, least, allowed);
+                if (!found.found()) found = corrected_in_place(across(side), given, least, allowed);
+                if (found.found()) return found;
+            }
         }
     }
     return {};
@@ -73,9 +80,17 @@ FoundState search(const Given& given, Quantity y, double value, double a, double
 /// hardly depend on the pressure: the search may end at one where the temperature is below tmin.
 FoundState coldest_water(const Given& given, double s) {
     if (s > 0.01) return {};
-    const FoundState compressed = confirmed(on_isotherm(Quantity::entropy, ktl_lc.tmin, s, given.source), given);
-    if (compressed.found()) return compressed;
-    return confirmed({KTL_LIQUID, saturation::terms(ktl_lc.tmin).p, ktl_lc.tmin, {}}, given);
+    const FoundState starts[] = {on_isotherm(Quantity::entropy, ktl_lc.tmin, s, given.source),
+                                 {KTL_LIQUID, saturation::terms(ktl_lc.tmin).p, ktl_lc.tmin, {}},
+                                 water_on_isotherm(Quantity::entropy, ktl_lc.tmin, s, given.source).preferred};
+    for (const double allowed : {well_met(given.source), 1.0}) {
+        for (const FoundState& start : starts)
+            if (const FoundState state = confirmed(start, given, allowed); state.found()) return state;
+        for (const FoundState& start : starts)
+            if (const FoundState state = corrected_in_place(start, given, Place::inside, allowed); state.found())
+                return state;
+    }
+    return {};
 }
 
 } // namespace

@@ -19,8 +19,8 @@ double allowance(Quantity y, double value, int region, Phases source) {
     return std::fmax(relative * std::fabs(value), least * (outermost ? 1.0e-10 : 1.0e-8));
 }
 
-bool has(const FoundState& state, Quantity y, double value, Phases source) {
-    return std::fabs(state.value(y) - value) <= allowance(y, value, state.region, source);
+bool has(const FoundState& state, Quantity y, double value, Phases source, double share) {
+    return std::fabs(state.value(y) - value) <= share * allowance(y, value, state.region, source);
 }
 
 /// Quantity of any region but KTL_WET_NEAR_CRITICAL, with its derivatives by both variables.
@@ -43,11 +43,13 @@ bool in_closed(double value, double low, double high) {
 }
 
 /// Water of low pressure has its pressure from two energies to a few digits only, so the test against the
-/// saturation pressure is a loose one.
-Place place_of_water(const FoundState& state) {
+/// saturation pressure is a loose one there.
+Place place_of_water(const FoundState& state, Phases source) {
     const double past = state.t;
     if (!(past <= ktl_lc.t1max + 0.5)) return Place::outside;
-    const bool compressed = in_closed(state.first, saturation::terms(past).p * (1.0 - 1.0e-6), ktl_lc.pmax);
+    const double ps = saturation::terms(past).p;
+    const double slack = source == Phases::of_entry ? 1.0e-6 * ps : 1.0e-9 * ps + 1.0e-8;
+    const bool compressed = in_closed(state.first, ps - slack, ktl_lc.pmax);
     if (!compressed) return Place::outside;
     return past <= ktl_lc.t1max ? Place::inside : Place::beside;
 }
@@ -95,7 +97,7 @@ bool bring_within(double& value, double low, double high) {
     return true;
 }
 
-FoundState confirmed(FoundState state, const Given& given) {
+FoundState confirmed(FoundState state, const Given& given, double share) {
     if (!state.found() || !finite(state.first, state.t)) return {};
     const double t = held_at(state.t, ktl_lc.tmin, state.wet() ? ktl_lc.tc : ktl_lc.tmax, 1.0e-6);
     if (state.wet() && t != state.t) state.phases = saturated_at(t, given.source);
@@ -112,8 +114,8 @@ FoundState confirmed(FoundState state, const Given& given) {
         in_range = in_range && state.first >= ktl_lc.v3min * 0.999 &&
                    in_closed(state.value(Quantity::pressure), ktl_lc.pmin, ktl_lc.pmax);
     }
-    in_range = in_range && has(state, given.first, given.first_value, given.source) &&
-               has(state, given.second, given.second_value, given.source);
+    in_range = in_range && has(state, given.first, given.first_value, given.source, share) &&
+               has(state, given.second, given.second_value, given.source, share);
     return in_range ? state : FoundState{};
 }
 
@@ -148,7 +150,7 @@ FoundState corrected(const FoundState& start, const Given& given) {
 
 Place place_of(const FoundState& state, Phases source) {
     switch (state.region) {
-    case KTL_LIQUID: return place_of_water(state);
+    case KTL_LIQUID: return place_of_water(state, source);
     case KTL_STEAM: return place_of_steam(state);
     case KTL_NEAR_CRITICAL_STEAM:
     case KTL_NEAR_CRITICAL_LIQUID: return place_near_critical(state, source);

@@ -26,8 +26,8 @@ bool finite(double a, double b);
 bool bring_within(double& value, double low, double high);
 
 /// The state, brought to a limit of the range that it passes by a hair (1e-6); no state where it lies further out
-/// or where its properties are not the given values.
-FoundState confirmed(FoundState state, const Given& given);
+/// or where its properties are not the given values to the given share of what is allowed.
+FoundState confirmed(FoundState state, const Given& given, double share = 1.0);
 
 /// Twelve Newton steps at most, in both variables, from start towards the state that has the given values, in
 /// the equations of the region of start. Whether they arrive is for confirmed() to say. No state for a mixture

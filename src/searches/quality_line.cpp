@@ -31,18 +31,31 @@ struct QualityLine {
     }
     [[nodiscard]] double residual(double t, int region) const { return at(t, region).value(Quantity::entropy) - s; }
 
+    /// The mixture at t with volumes between those at t and at its neighbour on the other side of the root: so close
+    /// to the critical point that the volumes change visibly from one temperature to the next.
+    [[nodiscard]] FoundState between_neighbours(double t, double beside, int region) const {
+        FoundState state = at(t, region);
+        const FoundState other = at(beside, region);
+        const double share = residual(t, region) / (residual(t, region) - residual(beside, region));
+        state.phases.liquid += share * (other.phases.liquid - state.phases.liquid);
+        state.phases.steam += share * (other.phases.steam - state.phases.steam);
+        return confirmed(state, {Quantity::entropy, s, Quantity::entropy, s, source});
+    }
+
     [[nodiscard]] FoundState root(double a, double fa, double b, double fb, int region) const {
         const auto f = [&](double t) { return residual(t, region); };
         const auto found = solvers::enclose(f, a, fa, b, fb, search_tolerance(s));
         FoundState state = checked(found.x, region);
         // Near the critical point the saturated volumes of the entry scatter from one temperature to the next:
         // one of the neighbours has the entropy.
+        if (source == Phases::outermost && !state.found()) return between_neighbours(found.x, found.other, region);
         for (int n = 1; n <= most_neighbours && region == KTL_WET_NEAR_CRITICAL && !state.found(); ++n)
             state = checked(found.x + (n % 2 == 0 ? n : -n) * neighbour, region);
         return state;
     }
     [[nodiscard]] FoundState checked(double t, int region) const {
-        return confirmed(at(t, region), {Quantity::entropy, s, Quantity::entropy, s, source});
+        const double share = source == Phases::outermost ? 0.1 : 1.0;
+        return confirmed(at(t, region), {Quantity::entropy, s, Quantity::entropy, s, source}, share);
     }
 };
 

@@ -1,8 +1,6 @@
 #include "draw.hpp"
 
 #include "front/constants.hpp"
-#include "regions/state.hpp"
-
 #include <algorithm>
 #include <cmath>
 
@@ -11,6 +9,7 @@ namespace sweep {
 namespace {
 
 using ktl::ktl_lc;
+using ktl::Phases;
 
 constexpr double entry_eps = 1.0e-8;
 
@@ -38,13 +37,20 @@ double entry_steam_volume(double t, double ps) {
     return ktl_i2(ktl_a3, t, ps, a, b, entry_eps);
 }
 
-Values wet(int region, double x, double t) {
+Values wet(int region, double x, double t, Phases source) {
     const double ps = ktl_pt(t);
     if (region == KTL_WET) return mixed(water(ps, t), steam(ps, t), ps, x);
-    return mixed(near_critical(entry_water_volume(t, ps), t), near_critical(entry_steam_volume(t, ps), t), ps, x);
+    if (source == Phases::of_entry)
+        return mixed(near_critical(entry_water_volume(t, ps), t), near_critical(entry_steam_volume(t, ps), t), ps, x);
+    const ktl::Saturated phases = ktl::saturated_at(t, source);
+    Values values = mixed(near_critical(phases.liquid, t), near_critical(phases.steam, t), ps, x);
+    values.u = values.h - 100.0 * ps * values.v;
+    return values;
 }
 
-Values wet(double x, double t) { return wet(t > ktl_lc.t3min ? KTL_WET_NEAR_CRITICAL : KTL_WET, x, t); }
+Values wet(double x, double t, Phases source) {
+    return wet(t > ktl_lc.t3min ? KTL_WET_NEAR_CRITICAL : KTL_WET, x, t, source);
+}
 
 /// Volume between a (above p) and b (below p) by bisection alone.
 double bisected(double p, double t, double a, double b) {
@@ -151,7 +157,20 @@ Values evaluate(int region, double first, double t) {
     case KTL_STEAM: return steam(first, t);
     case KTL_NEAR_CRITICAL_STEAM:
     case KTL_NEAR_CRITICAL_LIQUID: return near_critical(first, t);
-    default: return wet(region, first, t);
+    default: return wet(region, first, t, Phases::of_entry);
+    }
+}
+
+bool suits(int region, const Values& got) {
+    constexpr double hair = 1.0e-9;
+    switch (region) {
+    case KTL_LIQUID: return got.t <= 350.5 && (got.t > 350.0 || got.p >= ktl_pt(got.t) * (1.0 - 1.0e-6));
+    case KTL_STEAM: return got.t > 350.0 || got.p <= ktl_pt(got.t) * (1.0 + 1.0e-7);
+    case KTL_NEAR_CRITICAL_STEAM: return got.t > ktl_lc.tc - hair || got.v >= 0.00317 * (1.0 - hair);
+    case KTL_NEAR_CRITICAL_LIQUID: return got.t <= ktl_lc.tc + hair && (got.v <= ktl_lc.vca * (1.0 + hair) || got.p >= ktl_pt(std::min(got.t, ktl_lc.tc)));
+    case KTL_WET_NEAR_CRITICAL: return got.t >= 350.0 && got.x >= 0.0 && got.x <= 1.0;
+    case KTL_WET: return got.t <= 350.5 && got.x >= 0.0 && got.x <= 1.0;
+    default: return false;
     }
 }
 
@@ -160,7 +179,7 @@ Values at_pressure_temperature(double p, double t) {
     return p <= ktl::boundary_pressure(t) ? steam(p, t) : near_critical_at(p, t);
 }
 
-Values draw(Random& random, int kind) {
+Values draw(Random& random, int kind, Phases source) {
     const double t_water = random.uniform(ktl_lc.tmin, ktl_lc.t1max);
     const double t_steam = random.uniform(ktl_lc.tmin, ktl_lc.tmax);
     const double t_dense = random.uniform(ktl_lc.t3min + 1e-9, ktl_lc.t3max);
@@ -177,11 +196,11 @@ Values draw(Random& random, int kind) {
         return near_critical_at(random.uniform(ktl::boundary_pressure(t), 250.0), t);
     }
     case 7: return around_critical(random);
-    case 8: return wet(share, random.uniform(ktl_lc.tmin, ktl_lc.tc));
-    case 9: return wet(share, random.uniform(348.0, ktl_lc.tc));
+    case 8: return wet(share, random.uniform(ktl_lc.tmin, ktl_lc.tc), source);
+    case 9: return wet(share, random.uniform(348.0, ktl_lc.tc), source);
     case 10: {
         const double t = std::min(border_temperature(random), ktl_lc.tc);
-        return wet(border_quality(random), t);
+        return wet(border_quality(random), t, source);
     }
     default: {
         const double t = border_temperature(random);
@@ -190,7 +209,7 @@ Values draw(Random& random, int kind) {
     }
 }
 
-Values draw_at_border(Random& random, int kind) {
+Values draw_at_border(Random& random, int kind, Phases source) {
     const double past = std::nextafter(ktl_lc.t3min, ktl_lc.tc);
     Values a{};
     Values b{};
@@ -204,8 +223,8 @@ Values draw_at_border(Random& random, int kind) {
         b = opposite(a.p, t, a.v);
     } else {
         const double x = random.uniform(0.0, 1.0);
-        a = wet(KTL_WET, x, ktl_lc.t3min);
-        b = wet(KTL_WET_NEAR_CRITICAL, x, past);
+        a = wet(KTL_WET, x, ktl_lc.t3min, source);
+        b = wet(KTL_WET_NEAR_CRITICAL, x, past, source);
     }
     const double share = random.uniform(0.0, 1.0);
     const auto between = [&](double Values::*member) { return a.*member + share * (b.*member - a.*member); };

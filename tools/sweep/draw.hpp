@@ -1,6 +1,8 @@
 // Random states of the whole range and of its borders, evaluated by the named routines.
 #pragma once
 
+#include "regions/state.hpp"
+
 #include <array>
 #include <cstdint>
 #include <ktl/ktlftn.h>
@@ -31,13 +33,16 @@ private:
 Values evaluate(int region, double first, double t);
 
 /// One state of the valid range. kind cycles through the sub-regions, the neighbourhood of the critical point, the
-/// mixtures and the borders.
-Values draw(Random& random, int kind);
+/// mixtures and the borders. Mixtures above 350 degC have saturated phases from the given source.
+Values draw(Random& random, int kind, ktl::Phases source = ktl::Phases::of_entry);
 inline constexpr int kinds = 12;
 
 /// Values between those of two neighbouring states, one on each side of a border between sub-regions: of 350 degC
 /// in water and in mixtures, and of the 2/3 boundary, in turn. They lie in a gap or an overlap, or between both.
-Values draw_at_border(Random& random, int kind);
+Values draw_at_border(Random& random, int kind, ktl::Phases source = ktl::Phases::of_entry);
+
+/// True where the region number suits the state, rounding at the borders aside.
+bool suits(int region, const Values& got);
 
 /// Properties of the single-phase state at p and t.
 Values at_pressure_temperature(double p, double t);

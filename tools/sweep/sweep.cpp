@@ -3,9 +3,11 @@
 //   ktl_sweep states COUNT [SEED]    solves COUNT states of the range through all finders and prints a table
 //   ktl_sweep borders COUNT [SEED]   the same for values between the two sides of the borders between sub-regions
 //   ktl_sweep refused COUNT [SEED]   offers COUNT pairs that name no state
+//   ktl_sweep engine COUNT [SEED]    solves COUNT states through ktl::state() for all pairs, on all processors
 //
-// Exit status 1 where a finder fails, the known limits of ktlrpt and ktlrph excepted.
+// Exit status 1 where a finder fails, the known limits of ktlrpt and ktlrph excepted, or ktl::state().
 #include "draw.hpp"
+#include "engine.hpp"
 #include "refused.hpp"
 #include "regions/number.hpp"
 
@@ -60,21 +62,6 @@ double deviation(const Values& wanted, const Values& got, double Values::*member
     return std::isnan(difference) ? INFINITY : difference;
 }
 
-/// True where the region number suits the state, rounding at the borders aside.
-bool suits(int region, const Values& got) {
-    constexpr double tc = 374.15;
-    constexpr double hair = 1.0e-9;
-    switch (region) {
-    case KTL_LIQUID: return got.t <= 350.5 && got.p >= ktl_pt(got.t) * (1.0 - 1.0e-6);
-    case KTL_STEAM: return got.t > 350.0 || got.p <= ktl_pt(got.t) * (1.0 + 1.0e-7);
-    case KTL_NEAR_CRITICAL_STEAM: return got.t > tc - hair || got.v >= 0.00317 * (1.0 - hair);
-    case KTL_NEAR_CRITICAL_LIQUID: return got.t <= tc + hair && got.v <= 0.00317 * (1.0 + hair);
-    case KTL_WET_NEAR_CRITICAL: return got.t >= 350.0 && got.x >= 0.0 && got.x <= 1.0;
-    case KTL_WET: return got.t <= 350.5 && got.x >= 0.0 && got.x <= 1.0;
-    default: return false;
-    }
-}
-
 struct Tally {
     long states = 0, solved = 0, saturated = 0, reports = 0;
     double worst = 0.0, sum_of_squares = 0.0;
@@ -98,7 +85,7 @@ void solve(const Finder& finder, const Values& state, Tally& tally) {
     if (region >= KTL_LIQUID && region <= KTL_WET) {
         const Values got = sweep::evaluate(region, first, second);
         off = std::fmax(deviation(state, got, finder.first), deviation(state, got, finder.second));
-        if (!finder.given && !suits(region, got)) off = INFINITY;
+        if (!finder.given && !sweep::suits(region, got)) off = INFINITY;
     }
     // A single-phase state on the saturation line, taken for a mixture with the pressure in place of its quality.
     const bool saturated =
@@ -176,8 +163,8 @@ int sweep_refused(long count, std::uint64_t seed) {
 
 int main(int argc, char** argv) {
     const std::string_view mode = argc > 2 ? argv[1] : "";
-    if (mode != "states" && mode != "borders" && mode != "refused") {
-        std::fprintf(stderr, "usage: ktl_sweep states|borders|refused COUNT [SEED]\n");
+    if (mode != "states" && mode != "borders" && mode != "refused" && mode != "engine") {
+        std::fprintf(stderr, "usage: ktl_sweep states|borders|refused|engine COUNT [SEED]\n");
         return EXIT_FAILURE;
     }
     std::FILE* nowhere = std::fopen("/dev/null", "w");
@@ -188,5 +175,6 @@ int main(int argc, char** argv) {
     ktlerr.maxer = 2147483647;
     const long count = std::strtol(argv[2], nullptr, 10);
     const std::uint64_t seed = argc > 3 ? std::strtoull(argv[3], nullptr, 10) : 1U;
+    if (mode == "engine") return sweep::sweep_engine(count, seed);
     return mode == "refused" ? sweep_refused(count, seed) : sweep_states(count, seed, mode == "borders");
 }
