@@ -3,7 +3,7 @@
 set -eu
 
 packages="
-    g++ clang cmake ninja-build make
+    g++ clang libclang-rt-dev cmake ninja-build make
     libcli11-dev libcsv-dev
     gfortran pkg-config mandoc
     libgtest-dev libbenchmark-dev

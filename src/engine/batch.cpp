@@ -31,7 +31,8 @@ Fault fault_of(const Columns& c) {
     if (static_cast<std::size_t>(c.pair) >= pair_count) return Fault::unknown_pair;
     if (c.b.size() != c.a.size() || c.status.size() != c.a.size()) return Fault::lengths_differ;
     if (c.outputs.size() != c.properties.size()) return Fault::columns_differ;
-    if (std::find(c.outputs.begin(), c.outputs.end(), nullptr) != c.outputs.end()) return Fault::columns_differ;
+    if (!c.a.empty() && std::find(c.outputs.begin(), c.outputs.end(), nullptr) != c.outputs.end())
+        return Fault::columns_differ;
     const auto unknown = [](Property y) { return static_cast<std::size_t>(y) >= property_count; };
     return std::any_of(c.properties.begin(), c.properties.end(), unknown) ? Fault::unknown_property : Fault::none;
 }
@@ -125,8 +126,7 @@ private:
 /// The calling thread is one of the threads. What cannot be started is done without.
 void run_on_threads(Run& run, unsigned wanted) noexcept {
     if (wanted == 0) wanted = std::max(1U, std::thread::hardware_concurrency());
-    const std::size_t helpers =
-        std::min({std::size_t{wanted}, most_threads, std::max(run.chunks(), std::size_t{1})}) - 1;
+    const std::size_t helpers = std::min({std::size_t{wanted}, most_threads, run.chunks()}) - 1;
     std::array<std::thread, most_threads> threads;
     try {
         for (std::size_t i = 0; i < helpers; ++i) threads[i] = std::thread(&Run::work, &run);
@@ -143,6 +143,7 @@ BatchResult batch(Pair pair, std::span<const double> a, std::span<const double> 
                   std::span<double* const> outputs, std::span<Status> status, const BatchOptions& options) noexcept {
     const Columns columns{pair, a, b, properties, outputs, status};
     if (const Fault fault = fault_of(columns); fault != Fault::none) return {.fault = fault};
+    if (a.empty()) return {};
     Run run(columns, options);
     run_on_threads(run, options.threads);
     return run.finish();

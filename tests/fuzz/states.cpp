@@ -1,0 +1,89 @@
+// One state: any request is answered, a solved one has the given values, an unsolved one has none.
+#include "given.hpp"
+
+namespace {
+
+using namespace ktl;
+using fuzz::promise;
+
+double reached(const State& state, char letter) {
+    switch (letter) {
+    case 'p': return state.p();
+    case 't': return state.t();
+    case 'v': return state.v();
+    case 'h': return state.h();
+    case 's': return state.s();
+    case 'u': return state.u();
+    default: return state.x();
+    }
+}
+
+bool reproduces(const State& state, char letter, double given) {
+    const double least = letter == 'p' || letter == 'v' ? 0.0 : 1.0;
+    return std::fabs(reached(state, letter) - given) <= 1.0e-9 * std::fmax(std::fabs(given), least);
+}
+
+bool stands(const Phase& phase) { return phase.v() > 0.0 && std::isfinite(phase.h()); }
+
+void check(Pair pair, double a, double b, const State& state) {
+    const auto index = static_cast<std::size_t>(pair);
+    promise(sentence(state.status()) != nullptr, "sentence", pair, a, b);
+    const bool open = state.status() == Status::undetermined;
+    if (!state) {
+        for (std::size_t i = 0; i < property_count; ++i) {
+            const auto y = static_cast<Property>(i);
+            const bool stays = y == Property::region || (open && (y == Property::p || y == Property::t));
+            promise(stays || std::isnan(state.get(y)), "a value of an unsolved state", pair, a, b);
+        }
+        promise(open || state.region() == Region::none, "a region of an unsolved state", pair, a, b);
+    } else {
+        promise(reproduces(state, fuzz::letters[index][0], a), "first value", pair, a, b);
+        promise(reproduces(state, fuzz::letters[index][1], b), "second value", pair, a, b);
+        for (const Property y : {Property::p, Property::t, Property::v, Property::h, Property::s, Property::u})
+            promise(std::isfinite(state.get(y)), "a missing value", pair, a, b);
+        promise(state.two_phase() == !std::isnan(state.x()), "quality", pair, a, b);
+    }
+    const bool phases = open || state.two_phase();
+    promise(stands(state.liquid()) == phases && stands(state.vapour()) == phases, "phases", pair, a, b);
+}
+
+void check_saturation(double given) {
+    const double p = saturation_pressure(given);
+    const double t = saturation_temperature(given);
+    promise(std::isnan(p) || std::fabs(saturation_temperature(p) - given) <= 1.0e-9 * std::fmax(given, 1.0),
+            "saturation temperature", Pair::px, given, 0.0);
+    // The lowest pressure belongs to a temperature a little below the lowest one.
+    promise(!(t >= 0.01) || std::fabs(saturation_pressure(t) - given) <= 1.0e-9 * given, "saturation pressure",
+            Pair::tx, given, 0.0);
+    for (const Saturation& s : {saturation_at_temperature(given), saturation_at_pressure(given)}) {
+        const bool solved = s.status == Status::solved;
+        promise(solved == stands(s.liquid) && solved == stands(s.vapour) && solved == !std::isnan(s.slope),
+                "saturated phases", Pair::px, given, 0.0);
+    }
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    fuzz::Bytes bytes(data, size);
+    const auto pair = static_cast<Pair>(bytes.byte() % (pair_count + 1));
+    const auto index = static_cast<std::size_t>(pair);
+    if (index == pair_count) {
+        check_saturation(fuzz::given(bytes, bytes.byte() % 2 != 0 ? 'p' : 't'));
+        return 0;
+    }
+    const double a = fuzz::given(bytes, fuzz::letters[index][0]);
+    const double b = fuzz::given(bytes, fuzz::letters[index][1]);
+    const State found = state(pair, a, b);
+    check(pair, a, b, found);
+    const int count = states(pair, a, b);
+    promise(count >= 0 && count <= 3 && (count > 0) == static_cast<bool>(found), "count", pair, a, b);
+    for (int number = 0; number < count; ++number) {
+        const State one = state(pair, a, b, number);
+        promise(static_cast<bool>(one), "a state that was counted", pair, a, b);
+        check(pair, a, b, one);
+    }
+    const int other = static_cast<int>(static_cast<std::uint32_t>(bytes.word()));
+    if (other < 0 || other >= count) promise(!state(pair, a, b, other), "a state beyond the count", pair, a, b);
+    return 0;
+}
