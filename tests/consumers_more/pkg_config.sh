@@ -14,7 +14,7 @@ if [ "$kind" = static ]; then
 else
     flags=$(pkg-config --cflags --libs "$package")
 fi
-# shellcheck disable=SC2086  # a list of words
-"$compiler" -o "$program" "$source" $flags
+# shellcheck disable=SC2086  # lists of words
+$compiler -o "$program" "$source" $flags
 if [ "$kind" = static ]; then unset LD_LIBRARY_PATH; fi
 sh "$(dirname "$0")/../bindings/run.sh" "$approved" "$program"

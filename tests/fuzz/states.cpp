@@ -18,6 +18,7 @@ double reached(const State& state, char letter) {
     }
 }
 
+/// To 1e-9, by which a value may also lie past a limit of the range.
 bool reproduces(const State& state, char letter, double given) {
     const double least = letter == 'p' || letter == 'v' ? 0.0 : 1.0;
     return std::fabs(reached(state, letter) - given) <= 1.0e-9 * std::fmax(std::fabs(given), least);
