@@ -1,4 +1,5 @@
-# Every routine of the header has a Fortran name, a place in the module and a manual page, and none has one more.
+# Every routine of ktlftn.h has a Fortran name, a place in the module and a manual page, and none has one more. Every
+# call of steam.h has a manual page.
 file(STRINGS ${SOURCE}/include/ktl/ktlftn.h lines REGEX "^KTL_API [a-z]+ [a-z0-9_]+\\(")
 list(TRANSFORM lines REPLACE "^KTL_API [a-z]+ ([a-z0-9_]+)\\(.*" "\\1" OUTPUT_VARIABLE routines)
 # For C and C++ alone: Fortran texts have lengths, and Fortran opens its units itself.
@@ -23,8 +24,11 @@ list(TRANSFORM pages REPLACE "^\\.Nm ([a-z0-9_]+).*" "\\1")
 
 set(wanted_doors ${routines})
 list(REMOVE_ITEM wanted_doors ${not_fortran})
+file(READ ${SOURCE}/include/ktl/steam.h steam)
+string(REGEX MATCHALL "KTL_API [a-z_* ]+ ktl_[a-z_]+\\(" calls "${steam}")
+list(TRANSFORM calls REPLACE ".* (ktl_[a-z_]+)\\(" "\\1")
 # Records and the routines that return pointers.
-set(wanted_pages ${routines} ktlerr ktl_cu ktl_nt ktl_constants ktl_set_line_writer)
+set(wanted_pages ${routines} ${calls} ktlerr ktl_cu ktl_nt ktl_constants ktl_set_line_writer)
 function(compare what found wanted)
     list(SORT found)
     list(SORT wanted)
@@ -36,6 +40,7 @@ compare("routines.def" "${doors}" "${wanted_doors}")
 compare("the module" "${module}" "${wanted_doors}")
 compare("the manual pages" "${pages}" "${wanted_pages}")
 list(LENGTH routines count)
-if(count LESS 35)
-    message(SEND_ERROR "only ${count} routines found in the header")
+list(LENGTH calls count_calls)
+if(count LESS 35 OR count_calls LESS 10)
+    message(SEND_ERROR "only ${count} routines and ${count_calls} calls found in the headers")
 endif()
