@@ -26,7 +26,7 @@ constexpr double below_tmin = -1.0;
 
 /// Share of the allowed deviation with which a search ends at once: where a line is almost level a state may have all
 /// that is allowed although another has the values better.
-constexpr double well_met(Phases source) { return source == Phases::outermost ? 0.2 : 1.0; }
+constexpr double well_met(Phases source) { return source == Phases::outermost ? 0.4 : 1.0; }
 
 /// The corrected state where it lies in its region, inside or at least as far in as asked.
 FoundState corrected_in_place(const FoundState& start, const Given& given, Place least, double share = 1.0) {
@@ -48,9 +48,10 @@ FoundState across(const FoundState& start) {
     return {cool ? KTL_LIQUID : KTL_STEAM, start.value(Quantity::pressure), start.t, {}};
 }
 
-/// The search along a line: at(z) is the state at z, a and b the ends.
-template <class At>
-FoundState search(const Given& given, Quantity y, double value, double a, double b, At&& at) {
+/// The search along a line: at(z) is the state at z, a and b the ends; beside_line(share) a state that the line may
+/// miss by rounding, with that share of the allowed deviation.
+template <class At, class BesideLine>
+FoundState search(const Given& given, Quantity y, double value, double a, double b, At&& at, BesideLine&& beside_line) {
     const auto f = [&](double z) { return at(z).value(y) - value; };
     const double fa = f(a);
     const double fb = f(b);
@@ -72,24 +73,26 @@ FoundState search(const Given& given, Quantity y, double value, double a, double
                 if (found.found()) return found;
             }
         }
+        found = beside_line(allowed);
+        if (found.found()) return found;
     }
     return {};
 }
 
 /// Water of entropy s at tmin, compressed or saturated. Along the isentropes of the coldest water the energies
-/// hardly depend on the pressure: the search may end at one where the temperature is below tmin.
-FoundState coldest_water(const Given& given, double s) {
+/// hardly depend on the pressure: the search may end at one where the temperature is below tmin. The last start is
+/// water a little above tmin under about the lowest pressure.
+FoundState coldest_water(const Given& given, double s, double share) {
     if (s > 0.01) return {};
     const FoundState starts[] = {on_isotherm(Quantity::entropy, ktl_lc.tmin, s, given.source),
                                  {KTL_LIQUID, saturation::terms(ktl_lc.tmin).p, ktl_lc.tmin, {}},
-                                 water_on_isotherm(Quantity::entropy, ktl_lc.tmin, s, given.source).preferred};
-    for (const double allowed : {well_met(given.source), 1.0}) {
-        for (const FoundState& start : starts)
-            if (const FoundState state = confirmed(start, given, allowed); state.found()) return state;
-        for (const FoundState& start : starts)
-            if (const FoundState state = corrected_in_place(start, given, Place::inside, allowed); state.found())
-                return state;
-    }
+                                 water_on_isotherm(Quantity::entropy, ktl_lc.tmin, s, given.source).preferred,
+                                 on_isobar(Quantity::entropy, 1.001 * ktl_lc.pmin, s, given.source)};
+    for (const FoundState& start : starts)
+        if (const FoundState state = confirmed(start, given, share); state.found()) return state;
+    for (const FoundState& start : starts)
+        if (const FoundState state = corrected_in_place(start, given, Place::inside, share); state.found())
+            return state;
     return {};
 }
 
@@ -103,8 +106,8 @@ FoundState on_isentrope(Quantity y, double value, double s, Phases source) {
         highest = on_isotherm(Quantity::entropy, ktl_lc.tmax, s, source).first;
     const auto at = [&](double z) { return on_isobar(Quantity::entropy, std::exp(z), s, source, below_tmin); };
     const Given given{y, value, Quantity::entropy, s, source};
-    const FoundState found = search(given, y, value, std::log(ktl_lc.pmin), std::log(highest), at);
-    return found.found() ? found : coldest_water(given, s);
+    const auto beside_line = [&](double share) { return coldest_water(given, s, share); };
+    return search(given, y, value, std::log(ktl_lc.pmin), std::log(highest), at, beside_line);
 }
 
 FoundState on_isochore(Quantity y, double value, double v, Phases source) {
@@ -117,7 +120,8 @@ FoundState on_isochore(Quantity y, double value, double v, Phases source) {
     if (v < property(Quantity::volume, KTL_STEAM, ktl_lc.pmax, ktl_lc.tmax))
         hottest = on_isobar(Quantity::volume, ktl_lc.pmax, v, source).t;
     const auto at = [&](double t) { return on_isotherm(Quantity::volume, t, v, source); };
-    return search({Quantity::volume, v, y, value, source}, y, value, coldest, hottest, at);
+    const auto beside_line = [](double) { return FoundState{}; };
+    return search({Quantity::volume, v, y, value, source}, y, value, coldest, hottest, at, beside_line);
 }
 
 } // namespace ktl::searches

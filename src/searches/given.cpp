@@ -42,6 +42,12 @@ bool in_closed(double value, double low, double high) {
     return value >= low - rounding * std::fabs(low) && value <= high + rounding * std::fabs(high);
 }
 
+/// Greatest pressure of water. At the end of the range, 1000 bar and 350 degC, sub-region 1 covers its gap to
+/// sub-region 3 by going on past both limits, past that of pressure by less than 1 %.
+double greatest_pressure(const FoundState& water, Phases source) {
+    return source == Phases::outermost && water.t > ktl_lc.t1max ? 1.01 * ktl_lc.pmax : ktl_lc.pmax;
+}
+
 /// Water of low pressure has its pressure from two energies to a few digits only, so the test against the
 /// saturation pressure is a loose one there.
 Place place_of_water(const FoundState& state, Phases source) {
@@ -49,7 +55,7 @@ Place place_of_water(const FoundState& state, Phases source) {
     if (!(past <= ktl_lc.t1max + 0.5)) return Place::outside;
     const double ps = saturation::terms(past).p;
     const double slack = source == Phases::of_entry ? 1.0e-6 * ps : 1.0e-9 * ps + 1.0e-8;
-    const bool compressed = in_closed(state.first, ps - slack, ktl_lc.pmax);
+    const bool compressed = in_closed(state.first, ps - slack, greatest_pressure(state, source));
     if (!compressed) return Place::outside;
     return past <= ktl_lc.t1max ? Place::inside : Place::beside;
 }
@@ -108,7 +114,8 @@ FoundState confirmed(FoundState state, const Given& given, double share) {
         in_range = in_range && state.first >= 0.0 && state.first <= 1.0;
     } else if (state.region == KTL_LIQUID || state.region == KTL_STEAM) {
         state.first = held_at(state.first, ktl_lc.pmin, ktl_lc.pmax, 1.0e-6 * state.first);
-        in_range = in_range && state.first >= ktl_lc.pmin && state.first <= ktl_lc.pmax;
+        const double highest = state.region == KTL_LIQUID ? greatest_pressure(state, given.source) : ktl_lc.pmax;
+        in_range = in_range && state.first >= ktl_lc.pmin && state.first <= highest;
     } else {
         // Well below its least volume the equations of sub-region 3 turn back to lower pressures.
         in_range = in_range && state.first >= ktl_lc.v3min * 0.999 &&
