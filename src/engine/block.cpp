@@ -17,6 +17,7 @@ constexpr std::array<Kind, guesses::class_count - 1> kind_of{Kind::water, Kind::
                                                              Kind::steam, Kind::near_critical, Kind::near_critical,
                                                              Kind::wet,   Kind::wet,           Kind::wet_near_critical};
 static_assert(std::is_sorted(kind_of.begin(), kind_of.end()));
+constexpr auto wet_kind = static_cast<std::size_t>(Kind::wet);
 constexpr std::size_t search_class = static_cast<std::size_t>(Class::search);
 
 constexpr std::size_t padded(std::size_t n) { return (n + widest - 1) / widest * widest; }
@@ -44,10 +45,15 @@ public:
         sort();
         std::size_t begin = 0;
         for (std::size_t c = 0; c < search_class;) {
-            std::size_t end_class = c + 1;
-            while (end_class < search_class && kind_of[end_class] == kind_of[c]) ++end_class;
-            const std::size_t count = counts_of(c, end_class);
-            if (count != 0) solve_kind(begin, c, end_class, count, properties, outputs, status);
+            std::size_t end_class = c;
+            std::size_t count = 0;
+            for (; end_class < search_class && kind_of[end_class] == kind_of[c]; ++end_class)
+                count += counts_[end_class];
+            if (count != 0) {
+                gather(begin, count);
+                find(kind_of[c], c, end_class, count, begin, properties, outputs);
+                close(begin, count, properties, outputs, status);
+            }
             begin += count;
             c = end_class;
         }
@@ -56,13 +62,7 @@ public:
     }
 
 private:
-    [[nodiscard]] std::size_t counts_of(std::size_t begin, std::size_t end) const {
-        std::size_t sum = 0;
-        for (std::size_t c = begin; c < end; ++c) sum += counts_[c];
-        return sum;
-    }
-
-    /// Counts the rows of each class and orders them by class; rows keep their order within one.
+    /// Orders the rows by class; rows keep their order within one. A block of one class is in order already.
     void sort() {
         std::copy_n(a_, n_, rows_.a.begin());
         std::copy_n(b_, n_, rows_.b.begin());
@@ -70,13 +70,23 @@ private:
         pad(rows_.b, n_);
         kernels_.classify[index_](rows_.a.data(), rows_.b.data(), padded(n_), rows_.first.data());
         std::array<std::uint8_t, block_rows> classes;
+        unsigned present = 0;
         for (std::size_t i = 0; i < n_; ++i) {
-            classes[i] = static_cast<std::uint8_t>(rows_.first[i]);
-            ++counts_[classes[i]];
+            const auto c = static_cast<unsigned>(static_cast<int>(rows_.first[i]));
+            classes[i] = static_cast<std::uint8_t>(c);
+            present |= 1U << c;
         }
-        std::array<std::size_t, guesses::class_count> next{};
-        for (std::size_t c = 1; c < next.size(); ++c) next[c] = next[c - 1] + counts_[c - 1];
-        for (std::size_t i = 0; i < n_; ++i) order_[next[classes[i]]++] = static_cast<std::uint16_t>(i);
+        in_order_ = (present & (present - 1U)) == 0;
+        std::size_t end = 0;
+        for (std::size_t c = 0; c < guesses::class_count; ++c) {
+            if ((present >> c & 1U) == 0) continue;
+            const std::size_t begin = end;
+            for (std::size_t i = 0; i < n_; ++i) {
+                order_[end] = static_cast<std::uint16_t>(i);
+                end += classes[i] == c ? 1 : 0;
+            }
+            counts_[c] = end - begin;
+        }
     }
 
     /// Repeats the last row up to a whole number of lanes.
@@ -84,28 +94,47 @@ private:
         for (std::size_t i = n; i < padded(n); ++i) column[i] = column[n - 1];
     }
 
-    void solve_kind(std::size_t begin, std::size_t c, std::size_t end_class, std::size_t count,
-                    std::span<const Property> properties, double* const* outputs, Status* status) {
-        const Kind kind = kind_of[c];
+    /// Brings the rows of one kind together; a block in order stands so.
+    void gather(std::size_t begin, std::size_t count) {
+        if (in_order_) return;
         for (std::size_t i = 0; i < count; ++i) rows_.a[i] = a_[order_[begin + i]];
         for (std::size_t i = 0; i < count; ++i) rows_.b[i] = b_[order_[begin + i]];
         pad(rows_.a, count);
         pad(rows_.b, count);
-        find(kind, c, end_class, count);
-        evaluate(kind, begin, count, properties, outputs);
-        for (std::size_t i = 0; i < count; ++i) {
-            const std::size_t row = order_[begin + i];
-            if (rows_.settled[i] > 0.5) {
-                status[row] = Status::solved;
-                ++solved_;
-            } else {
-                search_row(row, properties, outputs, status);
-            }
+    }
+
+    /// Searches the states of one kind and evaluates their properties.
+    void find(Kind kind, std::size_t c, std::size_t end_class, std::size_t count, std::size_t begin,
+              std::span<const Property> properties, double* const* outputs) {
+        const bool direct = in_order_ && padded(n_) == n_;
+        std::array<Property, property_count> wanted;
+        std::array<double*, property_count> columns;
+        std::size_t used = 0;
+        Depth depth = Depth::variables;
+        for (std::size_t k = 0; k < properties.size(); ++k) {
+            if (kind >= Kind::wet && !of_mixtures(properties[k])) continue;
+            depth = std::max(depth, depth_of(properties[k]));
+            wanted[used] = properties[k];
+            columns[used++] = direct ? outputs[k] : results_[k].data();
+        }
+        const auto level = static_cast<std::size_t>(depth);
+        const auto number = static_cast<std::size_t>(kind);
+        const Kernels::Mix mix = kind < Kind::wet ? nullptr : kernels_.mix[index_][number - wet_kind][level];
+        if (mix != nullptr) {
+            mix(rows_.a.data(), rows_.b.data(), padded(count), rows_.from(0), wanted.data(), used, columns.data());
+        } else {
+            search_in_lanes(number, c, end_class, count);
+            kernels_.evaluate[number][level](rows_.from(0), padded(count), wanted.data(), used, columns.data());
+        }
+        for (std::size_t k = 0; k < properties.size(); ++k) {
+            double* column = direct ? outputs[k] : results_[k].data();
+            fill(kind, count, properties[k], column);
+            if (!direct) scatter(begin, count, column, outputs[k]);
         }
     }
 
     /// First guesses class by class, each in whole lanes that the next class may write over; then the search.
-    void find(Kind kind, std::size_t c, std::size_t end_class, std::size_t count) {
+    void search_in_lanes(std::size_t kind, std::size_t c, std::size_t end_class, std::size_t count) {
         for (std::size_t begin = 0; c < end_class; begin += counts_[c++]) {
             if (counts_[c] == 0) continue;
             kernels_.guess[index_](static_cast<Class>(c), rows_.a.data() + begin, rows_.b.data() + begin,
@@ -113,42 +142,43 @@ private:
         }
         pad(rows_.first, count);
         pad(rows_.t, count);
-        const Kernels::Solve newton = kernels_.solve[index_][static_cast<std::size_t>(kind)];
+        const Kernels::Solve newton = kernels_.solve[index_][kind];
         if (newton != nullptr)
             newton(rows_.a.data(), rows_.b.data(), padded(count), rows_.from(0));
         else
             std::fill_n(rows_.settled.begin(), count, 1.0);
     }
 
-    void evaluate(Kind kind, std::size_t begin, std::size_t count, std::span<const Property> properties,
-                  double* const* outputs) {
-        std::array<Property, property_count> wanted;
-        std::array<double*, property_count> columns;
-        std::size_t used = 0;
-        Depth depth = Depth::volume;
-        for (std::size_t k = 0; k < properties.size(); ++k) {
-            if (kind >= Kind::wet && !of_mixtures(properties[k])) continue;
-            depth = std::max(depth, depth_of(properties[k]));
-            wanted[used] = properties[k];
-            columns[used++] = results_[k].data();
-        }
-        kernels_.evaluate[static_cast<std::size_t>(kind)][static_cast<std::size_t>(depth)](
-            rows_.from(0), padded(count), wanted.data(), used, columns.data());
-        for (std::size_t k = 0; k < properties.size(); ++k) deliver(kind, begin, count, properties[k], k, outputs[k]);
-    }
-
-    /// One column of results to its rows.
-    void deliver(Kind kind, std::size_t begin, std::size_t count, Property property, std::size_t k, double* output) {
+    /// What the kernels do not give: the region, and not-a-number for what mixtures do not have.
+    void fill(Kind kind, std::size_t count, Property property, double* column) const {
         if (property == Property::region) {
             for (std::size_t i = 0; i < count; ++i)
-                results_[k][i] = static_cast<double>(region_of(kind, rows_.first[i], rows_.t[i]));
+                column[i] = static_cast<double>(region_of(kind, rows_.first[i], rows_.t[i]));
         } else if (kind >= Kind::wet && !of_mixtures(property)) {
-            std::fill_n(results_[k].begin(), count, not_a_number);
+            std::fill_n(column, count, not_a_number);
         }
-        if (count == n_)
-            std::copy_n(results_[k].begin(), n_, output);
+    }
+
+    void scatter(std::size_t begin, std::size_t count, const double* column, double* output) const {
+        if (in_order_)
+            std::copy_n(column, count, output);
         else
-            for (std::size_t i = 0; i < count; ++i) output[order_[begin + i]] = results_[k][i];
+            for (std::size_t i = 0; i < count; ++i) output[order_[begin + i]] = column[i];
+    }
+
+    /// Gives the rows of one kind their status; those that the lanes left open go to the exact search.
+    void close(std::size_t begin, std::size_t count, std::span<const Property> properties, double* const* outputs,
+               Status* status) {
+        std::size_t settled = 0;
+        for (std::size_t i = 0; i < count; ++i) settled += rows_.settled[i] > 0.5 ? 1 : 0;
+        solved_ += settled;
+        if (in_order_)
+            std::fill_n(status, count, Status::solved);
+        else
+            for (std::size_t i = 0; i < count; ++i) status[order_[begin + i]] = Status::solved;
+        if (settled == count) return;
+        for (std::size_t i = 0; i < count; ++i)
+            if (!(rows_.settled[i] > 0.5)) search_row(order_[begin + i], properties, outputs, status);
     }
 
     void search_row(std::size_t row, std::span<const Property> properties, double* const* outputs, Status* status) {
@@ -163,8 +193,9 @@ private:
     std::size_t index_, n_;
     const double *a_, *b_;
     std::size_t solved_ = 0;
+    bool in_order_ = false;
     std::array<std::size_t, guesses::class_count> counts_{};
-    std::array<std::uint16_t, block_rows> order_;
+    std::array<std::uint16_t, block_rows + 1> order_;
     Rows rows_;
     alignas(64) std::array<Column, property_count> results_;
 };

@@ -23,22 +23,43 @@ auto terms_of(const T& first, const T& t) {
 template <Body body, class T>
 Thermo<T> phase_at(const T& first, const T& t) {
     if constexpr (body == Body::near_critical)
-        return from_helmholtz(first, t);
+        return from_helmholtz(terms_of<body>(first, t), first, t);
     else
         return from_gibbs(terms_of<body>(first, t), first, t);
 }
 
-/// The mixture of two phases on the saturation line.
+/// Both phases on the saturation line: sub-regions 1 and 2 up to 350 degC, above (high) sub-region 3 twice.
+template <class T>
+struct SaturatedPhases {
+    Thermo<T> water, steam;
+
+    [[nodiscard]] T mixed(T Thermo<T>::*y, const T& x) const { return water.*y + x * (steam.*y - water.*y); }
+    [[nodiscard]] T quality(T Thermo<T>::*y, const T& value) const {
+        return (value - water.*y) / (steam.*y - water.*y);
+    }
+};
 template <bool high, class T>
-Thermo<T> mixture_at(const T& x, const T& t, const T& liquid, const T& vapour) {
-    constexpr Body water_body = high ? Body::near_critical : Body::water;
-    constexpr Body steam_body = high ? Body::near_critical : Body::steam;
-    const Thermo<T> water = phase_at<water_body>(liquid, t);
-    const Thermo<T> steam = phase_at<steam_body>(vapour, t);
+SaturatedPhases<T> saturated_at(const T& t, const T& liquid, const T& vapour) {
+    if constexpr (high)
+        return {phase_at<Body::near_critical>(liquid, t), phase_at<Body::near_critical>(vapour, t)};
+    else
+        return {phase_at<Body::water>(liquid, t), phase_at<Body::steam>(vapour, t)};
+}
+
+/// Their mixture of quality x.
+template <class T>
+Thermo<T> mixture_of(const SaturatedPhases<T>& phases, const T& x, const T& p) {
     const T none(not_a_number);
-    const T p = high ? saturation::terms(t).p : liquid;
-    const auto mixed = [&](T Thermo<T>::*y) { return water.*y + x * (steam.*y - water.*y); };
-    return {p, t, mixed(&Thermo<T>::v), mixed(&Thermo<T>::h), mixed(&Thermo<T>::s), none, none, none, none, none};
+    return {p,
+            phases.water.t,
+            phases.mixed(&Thermo<T>::v, x),
+            phases.mixed(&Thermo<T>::h, x),
+            phases.mixed(&Thermo<T>::s, x),
+            none,
+            none,
+            none,
+            none,
+            none};
 }
 
 } // namespace ktl::engine

@@ -43,10 +43,14 @@ T derived(Property property, const Thermo<T>& y) {
 }
 
 /// What a property is made of: the parts of Thermo that an evaluation for it must fill.
-enum class Depth { volume, energies, heat_capacity, everything };
+enum class Depth { variables, volume, energies, heat_capacity, everything };
 
 constexpr Depth depth_of(Property property) {
     switch (property) {
+    case Property::p:
+    case Property::t:
+    case Property::x:
+    case Property::region: return Depth::variables;
     case Property::h:
     case Property::s:
     case Property::u:

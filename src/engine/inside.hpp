@@ -16,8 +16,8 @@ T both(const Condition& condition, const T& rest) {
 inline constexpr double line_rounding = 1.0e-11;
 /// Beside 350 degC and the 2/3 boundary sub-region 3 overlaps its neighbours, which go before it: by less than this,
 /// in K and as a factor of the boundary's pressure.
-inline constexpr double overlap_t = 0.3;
-inline constexpr double overlap_p = 1.003;
+inline constexpr double overlap_t = 0.15;
+inline constexpr double overlap_p = 1.001;
 
 template <class T>
 T boundary_at(const T& t) {

@@ -45,18 +45,34 @@ inline constexpr double expanding_water = 10.0;
 
 // ---- Homogeneous states ----------------------------------------------------------------------------------------------
 
-template <Pair pair, class T>
-T inside(Body body, const T& first, const T& t) {
+/// 1 where the state is the one that the pair's rule takes of several. At constant t the enthalpy of water and of dense
+/// sub-region 3 first falls, then rises with pressure: the falling side goes first. Cold water is left to the search.
+template <Pair pair, Body body, class T>
+T first_of_several(const T& first, const T& t) {
+    if constexpr (body == Body::steam)
+        return T(1.0);
+    else if constexpr (pair == Pair::th) {
+        const Slopes<T> h = slopes<body, Quantity::enthalpy>(terms_of<body>(first, t), first, t);
+        if constexpr (body == Body::water)
+            return both(h.by_first < 0.0, T(1.0));
+        else
+            return both(h.by_first > 0.0, T(1.0));
+    } else if constexpr (body == Body::water && (pair == Pair::pv || pair == Pair::ts || pair == Pair::tu)) {
+        return both(t > expanding_water, T(1.0));
+    } else {
+        return T(1.0);
+    }
+}
+
+template <Pair pair, Body body, class T>
+T inside(const T& first, const T& t) {
     constexpr bool exact = pair == Pair::pt;
-    constexpr bool may_turn = pair == Pair::pv || pair == Pair::ts || pair == Pair::tu;
-    switch (body) {
-    case Body::water: {
-        const T in = inside_water(first, t);
-        return may_turn ? both(t > expanding_water, in) : in;
-    }
-    case Body::steam: return inside_steam(first, t);
-    default: return inside_near_critical(first, t, exact ? 0.0 : overlap_t, exact ? 1.0 : overlap_p);
-    }
+    if constexpr (body == Body::water)
+        return inside_water(first, t);
+    else if constexpr (body == Body::steam)
+        return inside_steam(first, t);
+    else
+        return inside_near_critical(first, t, exact ? 0.0 : overlap_t, exact ? 1.0 : overlap_p);
 }
 
 template <Pair pair, Body body, class T>
@@ -68,7 +84,8 @@ template <Pair pair, Body body, class T>
         const Found<T> found = newton<body, Q::a, Q::b>(x, y, T::load(c.first + i), T::load(c.t + i));
         found.first.store(c.first + i);
         found.t.store(c.t + i);
-        (found.converged * inside<pair>(body, found.first, found.t)).store(c.settled + i);
+        const T taken = inside<pair, body>(found.first, found.t) * first_of_several<pair, body>(found.first, found.t);
+        (found.converged * taken).store(c.settled + i);
     }
 }
 
@@ -76,22 +93,98 @@ template <Pair pair, Body body, class T>
 
 constexpr bool has_pressure(Pair pair) { return pair >= Pair::ph && pair <= Pair::px; }
 constexpr bool has_temperature(Pair pair) { return pair >= Pair::tv && pair <= Pair::tx; }
+constexpr bool has_quality(Pair pair) { return pair == Pair::px || pair == Pair::tx || pair == Pair::sx; }
 
-/// Fills m for a pair that gives the temperature by itself or by the pressure.
+/// Least quality of a mixture: where water may go before one with hardly any steam, the search decides.
+template <Pair pair>
+inline constexpr double least_quality_of =
+    pair == Pair::pv || pair == Pair::th || pair == Pair::ts || pair == Pair::tu ? 2.0e-6 : 0.0;
+
+/// 1 where the mixture is stable beyond doubt and the pair's own.
 template <Pair pair, bool high, class T>
-void mix_given_line(Mixed<T>& m, const T& a, const T& b) {
-    m.t = has_pressure(pair) ? saturation::temperature(a) : a;
-    m.converged = T(1.0);
-    if constexpr (high)
-        m = saturated_volumes(line_at(m.t), m.t, guesses::liquid_volume(m.t), guesses::vapour_volume(m.t));
-    if constexpr (pair == Pair::px || pair == Pair::tx)
+T inside(const Mixed<T>& m) {
+    T in = inside_wet<high>(m.x, m.t) * both(m.x >= least_quality_of<pair>, T(1.0));
+    if constexpr (high) {
+        constexpr bool by_line = has_pressure(pair) || has_temperature(pair);
+        const T sides = both(m.liquid < ktl_lc.vca, both(m.vapour > ktl_lc.vca, T(1.0)));
+        in = in * sides * both(m.t < latest_mixture, T(1.0));
+        if constexpr (!by_line) in = in * both(m.t > ktl_lc.t3min + overlap_t, T(1.0));
+    }
+    return in * m.converged;
+}
+
+template <Quantity y, class T>
+constexpr T Thermo<T>::*part() {
+    if constexpr (y == Quantity::volume)
+        return &Thermo<T>::v;
+    else if constexpr (y == Quantity::enthalpy)
+        return &Thermo<T>::h;
+    else
+        return &Thermo<T>::s;
+}
+
+/// Quality at which the mixture has the value.
+template <Quantity y, class T>
+T quality(const SaturatedPhases<T>& phases, const T& value) {
+    if constexpr (y == Quantity::energy) {
+        const T u = energy(phases.water);
+        return (value - u) / (energy(phases.steam) - u);
+    } else {
+        return phases.quality(part<y, T>(), value);
+    }
+}
+
+/// A mixture with its phases, of a pair that gives the temperature by itself or by the pressure.
+template <class T>
+struct OnLine {
+    Mixed<T> m;
+    SaturatedPhases<T> phases;
+    T p;
+};
+template <Pair pair, bool high, Depth depth, class T>
+OnLine<T> on_line(const T& a, const T& b) {
+    OnLine<T> y;
+    Mixed<T>& m = y.m;
+    const T t = has_pressure(pair) ? saturation::temperature(a) : a;
+    if constexpr (high) {
+        const LinePoint<T> line = line_at(t);
+        m = saturated_volumes(line, t, guesses::liquid_volume(t), guesses::vapour_volume(t));
+        y.p = line.p;
+    } else {
+        y.p = has_pressure(pair) ? a : saturation::terms(t).p;
+        m = {T(0.0), t, y.p, y.p, T(1.0)};
+    }
+    if constexpr (!has_quality(pair) || depth != Depth::variables)
+        y.phases = engine::saturated_at<high>(m.t, m.liquid, m.vapour);
+    if constexpr (has_quality(pair))
         m.x = b;
     else
-        mix_at_temperature<high, Quantities<pair>::b>(m, b);
-    if constexpr (has_pressure(pair) && !high)
-        m.liquid = m.vapour = a;
+        m.x = quality<Quantities<pair>::b>(y.phases, b);
+    return y;
+}
+
+/// A mixture of any other pair, from the guess of its temperature.
+template <Pair pair, bool high, class T>
+Mixed<T> off_line(const T& a, const T& b, const T& t) {
+    Mixed<T> m{T(0.0), t, T(0.0), T(0.0), T(0.0)};
+    if constexpr (high) {
+        m.liquid = guesses::liquid_volume(t);
+        m.vapour = guesses::vapour_volume(t);
+    }
+    if constexpr (pair == Pair::sx)
+        mix_of_quality<high, Quantity::entropy>(m, a, b);
     else
-        settle<high>(m);
+        mix<high, Quantities<pair>::a, Quantities<pair>::b>(m, a, b);
+    return m;
+}
+
+template <Pair pair, bool high, class T>
+void store(const Mixed<T>& m, const Columns& c, std::size_t i) {
+    m.x.store(c.first + i);
+    m.t.store(c.t + i);
+    m.liquid.store(c.liquid + i);
+    m.vapour.store(c.vapour + i);
+    inside<pair, high>(m).store(c.settled + i);
 }
 
 template <Pair pair, bool high, class T>
@@ -99,31 +192,10 @@ template <Pair pair, bool high, class T>
     for (std::size_t i = 0; i < n; i += T::count) {
         const T x = T::load(a + i);
         const T y = T::load(b + i);
-        Mixed<T> m;
-        T margin = T(1.0);
-        if constexpr (has_pressure(pair) || has_temperature(pair)) {
-            mix_given_line<pair, high>(m, x, y);
-        } else {
-            m.t = T::load(c.t + i);
-            if constexpr (high) {
-                m.liquid = guesses::liquid_volume(m.t);
-                m.vapour = guesses::vapour_volume(m.t);
-            }
-            if constexpr (pair == Pair::sx)
-                mix_of_quality<high, Quantity::entropy>(m, x, y);
-            else
-                mix<high, Quantities<pair>::a, Quantities<pair>::b>(m, x, y);
-            if constexpr (high) margin = both(m.t > ktl_lc.t3min + overlap_t, T(1.0));
-        }
-        if constexpr (high) {
-            const T sides = both(m.liquid < ktl_lc.vca, both(m.vapour > ktl_lc.vca, T(1.0)));
-            margin = margin * sides * both(m.t < latest_mixture, T(1.0));
-        }
-        m.x.store(c.first + i);
-        m.t.store(c.t + i);
-        m.liquid.store(c.liquid + i);
-        m.vapour.store(c.vapour + i);
-        (m.converged * margin * inside_wet<high>(m.x, m.t)).store(c.settled + i);
+        if constexpr (has_pressure(pair) || has_temperature(pair))
+            store<pair, high>(on_line<pair, high, Depth::variables>(x, y).m, c, i);
+        else
+            store<pair, high>(off_line<pair, high>(x, y, T::load(c.t + i)), c, i);
     }
 }
 
@@ -139,30 +211,52 @@ Thermo<T> thermo_at(const Columns& c, std::size_t i) {
         return phase_at<Body::steam>(first, t);
     else if constexpr (kind == Kind::near_critical)
         return phase_at<Body::near_critical>(first, t);
-    else
-        return mixture_at<kind == Kind::wet_near_critical>(first, t, T::load(c.liquid + i), T::load(c.vapour + i));
+    else {
+        constexpr bool high = kind == Kind::wet_near_critical;
+        const T liquid = T::load(c.liquid + i);
+        const T p = high ? saturation::terms(t).p : liquid;
+        return mixture_of(engine::saturated_at<high>(t, liquid, T::load(c.vapour + i)), first, p);
+    }
 }
 
 /// Leaves away what no property of that depth needs, so that it is not computed.
 template <Depth depth, class T>
 Thermo<T> cut(const Thermo<T>& y) {
     const T none(not_a_number);
-    Thermo<T> out{y.p, y.t, y.v, none, none, none, none, none, none, none};
+    Thermo<T> out{y.p, y.t, none, none, none, none, none, none, none, none};
+    if constexpr (depth >= Depth::volume) out.v = y.v;
     if constexpr (depth >= Depth::energies) out.h = y.h, out.s = y.s;
     if constexpr (depth >= Depth::heat_capacity) out.cp = y.cp;
     return depth == Depth::everything ? y : out;
+}
+
+/// The wanted properties of the states from row i on; x is not-a-number in one phase.
+template <class T>
+void deliver(const Thermo<T>& y, const T& x, std::size_t i, const Property* wanted, std::size_t count,
+             double* const* outputs) {
+    for (std::size_t k = 0; k < count; ++k) {
+        const T value = wanted[k] == Property::x ? x : derived(wanted[k], y);
+        value.store(outputs[k] + i);
+    }
 }
 
 template <Kind kind, Depth depth, class T>
 [[gnu::flatten]] void evaluate(const Columns& states, std::size_t n, const Property* wanted, std::size_t count,
                                double* const* outputs) {
     for (std::size_t i = 0; i < n; i += T::count) {
-        const Thermo<T> y = cut<depth>(thermo_at<kind, T>(states, i));
-        for (std::size_t k = 0; k < count; ++k) {
-            const T value =
-                wanted[k] == Property::x && kind >= Kind::wet ? T::load(states.first + i) : derived(wanted[k], y);
-            value.store(outputs[k] + i);
-        }
+        const T x = kind >= Kind::wet ? T::load(states.first + i) : T(not_a_number);
+        deliver(cut<depth>(thermo_at<kind, T>(states, i)), x, i, wanted, count, outputs);
+    }
+}
+
+/// Search and evaluation of mixtures in one, where both need the saturated phases at the same place.
+template <Pair pair, bool high, Depth depth, class T>
+[[gnu::flatten]] void mix_and_evaluate(const double* a, const double* b, std::size_t n, const Columns& out,
+                                       const Property* wanted, std::size_t count, double* const* outputs) {
+    for (std::size_t i = 0; i < n; i += T::count) {
+        const OnLine<T> y = on_line<pair, high, depth>(T::load(a + i), T::load(b + i));
+        store<pair, high>(y.m, out, i);
+        deliver(cut<depth>(mixture_of(y.phases, y.m.x, y.p)), y.m.x, i, wanted, count, outputs);
     }
 }
 
@@ -259,12 +353,12 @@ void line_temperature(const double* p, std::size_t n, double* t) {
 
 template <Pair pair, class T>
 constexpr std::array<Kernels::Solve, kind_count> solve_kernels() {
-    constexpr bool of_quality = pair == Pair::px || pair == Pair::tx;
-    if constexpr (!ready(pair) && !of_quality && pair != Pair::pt)
+    constexpr bool of_line = pair == Pair::px || pair == Pair::tx;
+    if constexpr (!ready(pair) && !of_line && pair != Pair::pt)
         return {};
     else if constexpr (pair == Pair::pt)
         return {nullptr, nullptr, solve_body<pair, Body::near_critical, T>, nullptr, nullptr};
-    else if constexpr (of_quality)
+    else if constexpr (has_quality(pair))
         return {nullptr, nullptr, nullptr, solve_wet<pair, false, T>, solve_wet<pair, true, T>};
     else
         return {solve_body<pair, Body::water, T>, solve_body<pair, Body::steam, T>,
@@ -273,23 +367,35 @@ constexpr std::array<Kernels::Solve, kind_count> solve_kernels() {
 
 template <Kind kind, class T>
 constexpr std::array<Kernels::Evaluate, depth_count> evaluate_kernels() {
-    return {evaluate<kind, Depth::volume, T>, evaluate<kind, Depth::energies, T>,
+    return {evaluate<kind, Depth::variables, T>, evaluate<kind, Depth::volume, T>, evaluate<kind, Depth::energies, T>,
             evaluate<kind, Depth::heat_capacity, T>, evaluate<kind, Depth::everything, T>};
+}
+
+template <Pair pair, bool high, class T>
+constexpr std::array<Kernels::Mix, 3> mix_kernels() {
+    if constexpr (has_pressure(pair) || has_temperature(pair))
+        return {mix_and_evaluate<pair, high, Depth::variables, T>, mix_and_evaluate<pair, high, Depth::volume, T>,
+                mix_and_evaluate<pair, high, Depth::energies, T>};
+    else
+        return {};
 }
 
 template <class T, std::size_t... pair>
 constexpr Kernels table_of(const char* name, std::index_sequence<pair...>) {
-    return {name,
-            T::count,
-            {classify<static_cast<Pair>(pair), T>...},
-            {guess<static_cast<Pair>(pair), T>...},
-            {solve_kernels<static_cast<Pair>(pair), T>()...},
-            {evaluate_kernels<Kind::water, T>(), evaluate_kernels<Kind::steam, T>(),
-             evaluate_kernels<Kind::near_critical, T>(), evaluate_kernels<Kind::wet, T>(),
-             evaluate_kernels<Kind::wet_near_critical, T>()},
-            line_pressure<T>,
-            line_slope<T>,
-            line_temperature<T>};
+    using Mixes = std::array<std::array<Kernels::Mix, 3>, 2>;
+    return {
+        name,
+        T::count,
+        {classify<static_cast<Pair>(pair), T>...},
+        {guess<static_cast<Pair>(pair), T>...},
+        {solve_kernels<static_cast<Pair>(pair), T>()...},
+        {evaluate_kernels<Kind::water, T>(), evaluate_kernels<Kind::steam, T>(),
+         evaluate_kernels<Kind::near_critical, T>(), evaluate_kernels<Kind::wet, T>(),
+         evaluate_kernels<Kind::wet_near_critical, T>()},
+        {Mixes{mix_kernels<static_cast<Pair>(pair), false, T>(), mix_kernels<static_cast<Pair>(pair), true, T>()}...},
+        line_pressure<T>,
+        line_slope<T>,
+        line_temperature<T>};
 }
 
 template <class T>

@@ -11,7 +11,7 @@ namespace ktl::engine {
 /// The kinds of states that have equations of their own.
 enum class Kind : std::uint8_t { water, steam, near_critical, wet, wet_near_critical };
 inline constexpr std::size_t kind_count = 5;
-inline constexpr std::size_t depth_count = 4;
+inline constexpr std::size_t depth_count = 5;
 
 /// Columns end at a whole number of these: the lanes of the widest registers.
 inline constexpr std::size_t widest = 8;
@@ -31,6 +31,8 @@ struct Kernels {
     using Solve = void (*)(const double* a, const double* b, std::size_t n, const Columns& inout);
     using Evaluate = void (*)(const Columns& states, std::size_t n, const Property* properties, std::size_t count,
                               double* const* outputs);
+    using Mix = void (*)(const double* a, const double* b, std::size_t n, const Columns& out,
+                         const Property* properties, std::size_t count, double* const* outputs);
     using Line = void (*)(const double* x, std::size_t n, double* y);
 
     // The length n of all of them is a multiple of lanes; properties of two-phase kinds are of_mixtures().
@@ -38,6 +40,8 @@ struct Kernels {
     std::array<Guess, pair_count> guess;
     std::array<std::array<Solve, kind_count>, pair_count> solve; ///< from guesses in inout; null where none is needed
     std::array<std::array<Evaluate, depth_count>, kind_count> evaluate;
+    /// Two phases of pairs that give p or t: search and evaluation in one; null for other pairs. By kind, from wet on.
+    std::array<std::array<std::array<Mix, 3>, 2>, pair_count> mix;
     Line saturation_pressure, saturation_slope, saturation_temperature; ///< not-a-number off the line
 };
 

@@ -40,8 +40,7 @@ Thermo<T> from_gibbs(const Terms& terms, const T& p, const T& t) {
 /// From the Helmholtz function of sub-region 3 at v (m3/kg), t. At the critical point, where dp/dv is zero, cp, dvdt
 /// and dvdp are infinite.
 template <class T>
-Thermo<T> from_helmholtz(const T& v, const T& t) {
-    const auto terms = region3::terms(v, t);
+Thermo<T> from_helmholtz(const region3::Terms<T>& terms, const T& v, const T& t) {
     const auto groups = region3::volume_groups(terms);
     const T slope = region3::free_energy_slope(terms, groups);
     const T mixed = region3::free_energy_mixed(terms);

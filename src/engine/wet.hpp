@@ -122,13 +122,6 @@ void settle(Mixed<T>& m) {
     if constexpr (!high) m.liquid = m.vapour = saturation::terms(m.t).p;
 }
 
-/// Quality of the mixture at the temperature of m that has Y = value.
-template <bool high, Quantity Y, class T>
-void mix_at_temperature(Mixed<T>& m, const T& value) {
-    const Phases<high, T> phases(line_at(m.t), m);
-    m.x = phases.template blend<Y>().quality(value);
-}
-
 /// Newton for the temperature of the mixture with A = a and B = b, from the guesses in m.
 template <bool high, Quantity A, Quantity B, class T>
 void mix(Mixed<T>& m, const T& a, const T& b) {
