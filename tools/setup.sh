@@ -7,6 +7,7 @@ packages="
     libcli11-dev libcsv-dev
     gfortran pkg-config mandoc
     libgtest-dev libbenchmark-dev
+    libeigen3-dev
 "
 
 missing=""

@@ -13,9 +13,9 @@ namespace {
 using guesses::Class;
 
 /// The kind of each class; the classes of one kind follow one another. Class::search has none.
-constexpr std::array<Kind, guesses::class_count - 1> kind_of{Kind::water, Kind::steam,         Kind::steam,
-                                                             Kind::steam, Kind::near_critical, Kind::near_critical,
-                                                             Kind::wet,   Kind::wet,           Kind::wet_near_critical};
+constexpr std::array<Kind, guesses::class_count - 1> kind_of{
+    Kind::water,         Kind::steam,         Kind::steam, Kind::steam, Kind::near_critical,
+    Kind::near_critical, Kind::near_critical, Kind::wet,   Kind::wet,   Kind::wet_near_critical};
 static_assert(std::is_sorted(kind_of.begin(), kind_of.end()));
 constexpr auto wet_kind = static_cast<std::size_t>(Kind::wet);
 constexpr std::size_t search_class = static_cast<std::size_t>(Class::search);

@@ -18,22 +18,21 @@ enum class Class : std::uint8_t {
     steam_thin,        ///< sub-region 2 up to thin_limit
     steam,             ///< sub-region 2 between the two others
     steam_dense,       ///< sub-region 2 below the entropy dense_limit
-    liquid_like,       ///< sub-region 3 below the critical entropy; p, t: below the critical temperature
-    vapour_like,       ///< sub-region 3 above the critical entropy; p, t: below the critical temperature
+    liquid_like,       ///< sub-region 3 below middle_entropy; p, t: below the critical temperature, above ps(t)
+    vapour_like,       ///< sub-region 3 above middle_entropy; p, t: below the critical temperature, below ps(t)
+    supercritical,     ///< p, t alone: sub-region 3 from the critical temperature up
     wet_liquid,        ///< two phases up to 350 degC, below the entropy wet_limit (pairs without p and t; else none)
     wet,               ///< two phases up to 350 degC
     wet_near_critical, ///< two phases above 350 degC
     search,            ///< left to the exact search
 };
-inline constexpr std::size_t class_count = 10;
+inline constexpr std::size_t class_count = 11;
 
 /// Where steam and the states near the critical point are split into classes: p in bar, s in kJ/(kg K).
 inline constexpr double thin_limit = 40.0;
 inline constexpr double dense_limit = 5.85;
 inline constexpr double middle_entropy = 4.443;
-inline constexpr double wet_limit = 3.7;
-/// Least depth below the line of saturated water at which the guess of a mixture begins, kJ/kg.
-inline constexpr double least_depth = 1.0e-6;
+inline constexpr double wet_limit = 3.78;
 inline constexpr double wet_volume_limit = 0.01; ///< in place of wet_limit for pairs with v, m3/kg
 /// Lowest temperature of steam at thin_limit, less a trifle.
 inline constexpr double thin_temperature = 250.3;
@@ -67,6 +66,7 @@ enum class Scale : std::uint8_t {
     linear,
     log,
     root,
+    fourth_root,
     reciprocal,
     below_critical_p,   ///< sqrt(1 - p/pca), zero above
     below_critical_t,   ///< sqrt(1 - theta), zero above
@@ -81,6 +81,7 @@ constexpr T scaled(const T& x) {
     if constexpr (scale == Scale::linear) return x;
     if constexpr (scale == Scale::log) return log(x);
     if constexpr (scale == Scale::root) return sqrt(x);
+    if constexpr (scale == Scale::fourth_root) return sqrt(sqrt(x));
     if constexpr (scale == Scale::reciprocal) return 1.0 / x;
     if constexpr (scale == Scale::below_critical_p) {
         const T below = 1.0 - x * (1.0 / ktl_lc.pca);
@@ -179,6 +180,61 @@ constexpr T value(const T& a, const T& b) {
     };
     horner_rows(std::make_index_sequence<n - 1>());
     return unscaled<surface.z>(sum);
+}
+
+// ---- What the polynomials of a class see of the two given values -----------------------------------------------------
+
+/// Least depth below the line of saturated water at which the guess of a mixture begins, kJ/kg.
+inline constexpr double least_depth = 1.0e-6;
+
+/// Goes on beyond the end of the line of saturated water at 350 degC, kJ/kg.
+template <class T>
+constexpr T beyond_liquid(const T& s) {
+    const T z = s - 3.78;
+    return 1672.0 + z * (624.0 + 68.0 * z);
+}
+
+/// For x > 0; a trifle above zero elsewhere.
+template <class T>
+constexpr T cube_root(const T& x) {
+    const T positive = choose(x > 1.0e-30, x, T(1.0e-30));
+    return exp(log(positive) * (1.0 / 3.0));
+}
+
+/// Reduced density less one of a fluid whose isotherms t above the critical temperature tc are third-degree parabolas,
+/// excess = 2.6 (t - tc) y + 40 y^3 (bar), at the excess over the pressure at the critical density.
+template <class T>
+constexpr T model_density(const T& excess, const T& t) {
+    constexpr double cubic = 40.0, linear = 2.6;
+    const T m = (t - ktl_lc.tc) * (linear / cubic / 3.0);
+    const T q = choose(excess < 0.0, -excess, excess) * (0.5 / cubic);
+    const T root = cube_root(q + sqrt(q * q + m * m * m));
+    const T y = root - m / root;
+    return choose(excess < 0.0, -y, y);
+}
+
+template <class T>
+struct Seen {
+    T a, b;
+};
+
+/// lines: liquid(s), saturated water of the pair; saturation(t), the pressure of the line from 350 degC up; isochore(t),
+/// the pressure at the critical volume.
+///
+/// - h, s and u, s: in a mixture the lines of constant t are nearly tangents of the line of saturated water; t is smooth
+///   in the root of the depth below it.
+/// - p, t near the critical point: v is smooth in the cube root of the distance from the saturation pressure, and in the
+///   density of the model.
+template <class Lines, class T>
+constexpr Seen<T> seen(Pair pair, Class c, const Lines& lines, const T& a, const T& b) {
+    if ((pair == Pair::hs || pair == Pair::us) && (c == Class::wet || c == Class::wet_liquid)) {
+        const T depth = (c == Class::wet ? beyond_liquid(b) : lines.liquid(b)) - a;
+        return {choose(depth < least_depth, T(least_depth), depth), b};
+    }
+    if (pair == Pair::pt && c == Class::liquid_like) return {cube_root(a - lines.saturation(b)), b};
+    if (pair == Pair::pt && c == Class::vapour_like) return {cube_root(lines.saturation(b) - a), b};
+    if (pair == Pair::pt && c == Class::supercritical) return {model_density(a - lines.isochore(b), b), b};
+    return {a, b};
 }
 
 } // namespace ktl::engine::guesses

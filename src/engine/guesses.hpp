@@ -13,6 +13,8 @@
 
 #include "engine/guesses_data.hpp"
 
+#include <type_traits>
+
 namespace ktl::engine::guesses {
 
 /// Letters of a pair, in the order of the two values.
@@ -26,6 +28,10 @@ inline constexpr auto letters = [] {
     constexpr const char* word = names[static_cast<std::size_t>(pair)];
     return Letters{word[0], word[1]};
 }();
+
+/// True of a polynomial that was fitted.
+template <const auto& y>
+inline constexpr bool fitted = !std::is_same_v<decltype(y), const None&>;
 
 template <class T>
 constexpr T number(Class c) {
@@ -109,7 +115,10 @@ T classify_by_two(const T& a, const T& b) {
     const auto two_phase = choose(q < liquid_end, wet, choose(q < vapour_end, between, wet));
 
     // Steam, liquid-like and vapour-like states part at other curves by s and by v.
-    const auto less_dense = choose(y < at<pair, Border::thin>(q), is(Class::steam_thin), is(Class::steam));
+    const auto thin = [&](const T& limit) { return choose(y < limit, is(Class::steam_thin), is(Class::steam)); };
+    const auto less_dense = choose(
+        q < border<pair, Border::thin>.span.low(), is(Class::steam),
+        choose(q > border<pair, Border::thin>.span.high(), is(Class::steam_thin), thin(at<pair, Border::thin>(q))));
     const auto parted = [&](const auto& steam, const auto& near) {
         if constexpr (by_s)
             return choose(q < at<pair, Border::boundary>(across(y, q)), near, steam);
@@ -135,7 +144,9 @@ T classify_by_two(const T& a, const T& b) {
 template <Pair pair, class T>
 T classify(const T& a, const T& b) {
     constexpr auto given = letters<pair>;
-    if constexpr (given.a == 'p')
+    if constexpr (!fitted<border<pair, Border::liquid>>)
+        return number<T>(Class::search);
+    else if constexpr (given.a == 'p')
         return classify_by_pressure<pair>(a, b);
     else if constexpr (given.a == 't')
         return classify_by_temperature<pair>(a, b);
@@ -143,39 +154,65 @@ T classify(const T& a, const T& b) {
         return classify_by_two<pair>(a, b);
 }
 
-/// How far h, u of s lies below the line of saturated water, or b itself where the class takes it as it is.
-template <Pair pair, Class c, class T>
-constexpr T first_value(const T& a, const T& b) {
-    if constexpr (c == Class::wet_liquid && (pair == Pair::hs || pair == Pair::us)) {
-        const T depth = at<pair, Border::liquid>(b) - a;
-        return choose(depth < least_depth, T(least_depth), depth);
-    } else {
-        return a;
+template <Pair pair>
+struct Lines {
+    template <class T>
+    constexpr T liquid(const T& s) const {
+        if constexpr (fitted<border<pair, Border::liquid>>)
+            return at<pair, Border::liquid>(s);
+        else
+            return s;
+    }
+    template <class T>
+    constexpr T saturation(const T& t) const {
+        return value<near_saturation_curve>(t);
+    }
+    template <class T>
+    constexpr T isochore(const T& t) const {
+        return value<isochore_curve>(t);
+    }
+};
+
+constexpr bool two_phase(Class c) { return c >= Class::wet_liquid && c <= Class::wet_near_critical; }
+constexpr bool near_critical(Class c) { return c >= Class::liquid_like && c <= Class::supercritical; }
+
+/// Where an unknown of a class comes from: it is given, a polynomial stands, or there is no guess.
+enum class Source : std::uint8_t { given, fitted, none };
+template <Pair pair, Class c, Unknown unknown>
+constexpr Source source() {
+    constexpr char letter = unknown == Unknown::t ? 't' : near_critical(c) ? 'v' : 'p';
+    if (letters<pair>.a == letter || letters<pair>.b == letter) return Source::given;
+    return fitted<surface<pair, c, unknown>> ? Source::fitted : Source::none;
+}
+
+/// True where guess() has something to give for rows of the class.
+template <Pair pair, Class c>
+constexpr bool guessed() {
+    if (two_phase(c) && letters<pair>.a == 'p') return true;
+    if (c == Class::supercritical && pair != Pair::pt) return false;
+    return source<pair, c, Unknown::t>() != Source::none &&
+           (two_phase(c) || source<pair, c, Unknown::first>() != Source::none);
+}
+
+template <Pair pair, Class c, Unknown unknown, class T>
+void guess_one(const T& a, const T& b, T& out) {
+    constexpr char letter = unknown == Unknown::t ? 't' : near_critical(c) ? 'v' : 'p';
+    constexpr Source from = source<pair, c, unknown>();
+    if constexpr (from == Source::fitted) {
+        const Seen<T> by = seen(pair, c, Lines<pair>{}, a, b);
+        out = value<surface<pair, c, unknown>>(by.a, by.b);
+    } else if constexpr (from == Source::given) {
+        out = letters<pair>.a == letter ? a : b;
     }
 }
 
 template <Pair pair, Class c, class T>
 void guess(const T& a, const T& b, T& first, T& t) {
-    constexpr auto given = letters<pair>;
-    constexpr bool by_volume = c == Class::liquid_like || c == Class::vapour_like;
-    constexpr bool two_phase = c == Class::wet_liquid || c == Class::wet || c == Class::wet_near_critical;
-    if constexpr (given.a == 't')
-        t = a;
-    else if constexpr (given.b == 't')
-        t = b;
-    else if constexpr (two_phase && given.a == 'p')
+    if constexpr (two_phase(c) && letters<pair>.a == 'p')
         t = saturation_temperature(a);
     else
-        t = value<surface<pair, c, Unknown::t>>(first_value<pair, c>(a, b), b);
-
-    if constexpr (two_phase)
-        return;
-    else if constexpr (given.a == (by_volume ? 'v' : 'p'))
-        first = a;
-    else if constexpr (given.b == (by_volume ? 'v' : 'p'))
-        first = b;
-    else
-        first = value<surface<pair, c, Unknown::first>>(a, b);
+        guess_one<pair, c, Unknown::t>(a, b, t);
+    if constexpr (!two_phase(c)) guess_one<pair, c, Unknown::first>(a, b, first);
 }
 
 /// First guess of a row of class c (not search).
@@ -188,10 +225,8 @@ void guess(Class c, const T& a, const T& b, T& first, T& t) {
     case Class::steam_dense: return guess<pair, Class::steam_dense>(a, b, first, t);
     case Class::liquid_like: return guess<pair, Class::liquid_like>(a, b, first, t);
     case Class::vapour_like: return guess<pair, Class::vapour_like>(a, b, first, t);
-    case Class::wet_liquid:
-        if constexpr (letters<pair>.a != 'p' && letters<pair>.a != 't')
-            return guess<pair, Class::wet_liquid>(a, b, first, t);
-        return;
+    case Class::supercritical: return guess<pair, Class::supercritical>(a, b, first, t);
+    case Class::wet_liquid: return guess<pair, Class::wet_liquid>(a, b, first, t);
     case Class::wet: return guess<pair, Class::wet>(a, b, first, t);
     case Class::wet_near_critical: return guess<pair, Class::wet_near_critical>(a, b, first, t);
     case Class::search: return;

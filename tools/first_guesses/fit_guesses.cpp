@@ -1,0 +1,192 @@
+// Fits the first guesses of the inversions and writes them: ktl_fit_guesses FILE.
+#include "newton.hpp"
+#include "tables.hpp"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdio>
+#include <fstream>
+#include <iostream>
+#include <map>
+
+namespace {
+
+using namespace first_guesses;
+namespace guesses = ktl::engine::guesses;
+
+constexpr std::size_t curve_points = 2000, surface_points = 6000;
+
+/// Printed names; the order is that of the enumerations.
+constexpr std::string_view class_names[]{"water",       "steam_thin",       "steam",         "steam_dense",
+                                         "liquid_like", "vapour_like",      "supercritical", "wet_liquid",
+                                         "wet",         "wet_near_critical"};
+constexpr std::string_view border_names[]{"liquid",   "vapour", "near_liquid", "near_vapour", "isotherm",
+                                          "boundary", "middle", "thin",        "dense",       "tie"};
+std::string_view word(Class c) { return class_names[static_cast<std::size_t>(c)]; }
+std::string_view word(Border b) { return border_names[static_cast<std::size_t>(b)]; }
+
+void note_error(std::ostream& out, const Polynomial& y) {
+    std::array<char, 80> text{};
+    std::snprintf(text.data(), text.size(), "; // error %.2g, rms %.2g\n", y.greatest, y.rms);
+    out << text.data();
+}
+
+std::string curve_type(const Polynomial& y) { return "Curve<" + std::to_string(y.shape.na) + ">"; }
+std::string surface_type(const Polynomial& y) {
+    return "Surface<" + std::to_string(y.shape.na) + ", " + std::to_string(y.shape.nb) + ", " +
+           std::to_string(y.shape.total) + ">";
+}
+
+struct Fitted {
+    std::map<std::pair<Pair, Border>, Polynomial> borders;
+    Polynomial near_saturation, isochore;
+};
+
+Polynomial fit_border(Pair pair, const BorderItem& item) {
+    std::vector<Point> points;
+    for (const State& state : line(pair, item.border, curve_points)) {
+        const Values given = plane(pair, item.border, state);
+        points.push_back({given.x, 0.0, given.y});
+    }
+    return fit(curve(item.x, item.y, item.n), points);
+}
+
+void write_borders(std::ostream& out, Fitted& fitted) {
+    for (const BorderItem& item : border_items)
+        for (std::size_t k = 0; k < ktl::pair_count; ++k) {
+            const auto pair = static_cast<Pair>(k);
+            if (item.pairs.find(name(pair)) == item.pairs.npos) continue;
+            const Polynomial y = fit_border(pair, item);
+            fitted.borders.emplace(std::pair{pair, item.border}, y);
+            out << "template <>\ninline constexpr " << curve_type(y) << " border<Pair::" << name(pair)
+                << ", Border::" << word(item.border) << ">" << y.curve_text();
+            note_error(out, y);
+        }
+}
+
+/// tsat(p), the saturated volumes of sub-region 3, and what divides it.
+void write_saturation(std::ostream& out, Fitted& fitted) {
+    std::vector<Point> temperature, liquid, vapour, pressure, isochore;
+    for (std::size_t k = 0; k < curve_points; ++k) {
+        const double along = static_cast<double>(k) / static_cast<double>(curve_points - 1);
+        const double t = ktl::ktl_lc.tmin + along * (ktl::ktl_lc.tc - ktl::ktl_lc.tmin);
+        temperature.push_back({saturation_pressure(t), 0.0, t});
+        const double near = ktl::ktl_lc.t1 + along * (2.0 - along) * (last_apart - ktl::ktl_lc.t1);
+        const Volumes v = saturated_volumes(near);
+        liquid.push_back({near, 0.0, v.liquid});
+        vapour.push_back({near, 0.0, v.vapour});
+        pressure.push_back({near, 0.0, saturation_pressure(near)});
+        const double above = ktl::ktl_lc.tc + along * (ktl::ktl_lc.t3max - ktl::ktl_lc.tc);
+        isochore.push_back({above, 0.0, phase(Region::near_critical_steam, ktl::ktl_lc.vca, above).p});
+    }
+    const auto write = [&out](const char* what, const Polynomial& y) {
+        out << "inline constexpr " << curve_type(y) << ' ' << what << y.curve_text();
+        note_error(out, y);
+    };
+    fitted.near_saturation = fit(curve(Scale::linear, Scale::linear, 5), pressure);
+    fitted.isochore = fit(curve(Scale::linear, Scale::linear, 5), isochore);
+    write("near_saturation_curve", fitted.near_saturation);
+    write("isochore_curve", fitted.isochore);
+    write("saturation_curve", fit(curve(Scale::log, Scale::linear, 11), temperature));
+    write("liquid_volume_curve", fit(curve(Scale::below_critical_t, Scale::log, 12), liquid));
+    write("vapour_volume_curve", fit(curve(Scale::below_critical_t, Scale::log, 12), vapour));
+}
+
+/// The lines as seen() asks for them.
+struct FittedLines {
+    Pair pair;
+    const Fitted& fitted;
+    [[nodiscard]] double liquid(double s) const { return fitted.borders.at({pair, Border::liquid})(s); }
+    [[nodiscard]] double saturation(double t) const { return fitted.near_saturation(t); }
+    [[nodiscard]] double isochore(double t) const { return fitted.isochore(t); }
+};
+
+/// Gives each point the weight of a miss: the root of the residual that one Newton step leaves of it, against the median
+/// of all, within bounds.
+void weigh(const SurfaceItem& item, const std::vector<State>& states, std::vector<Point>& points) {
+    constexpr double bound = 8.0, part = 1.0e-3;
+    double low = 1.0e300, high = -1.0e300;
+    for (const Point& point : points) {
+        low = std::min(low, scaled(item.shape.z, point.z));
+        high = std::max(high, scaled(item.shape.z, point.z));
+    }
+    std::vector<double> weights;
+    for (std::size_t k = 0; k < points.size(); ++k) {
+        const State& state = states[k];
+        const auto given = name(item.pair);
+        Trial trial{state.first, state.t};
+        if (state.region == Region::wet_near_critical) {
+            const Volumes v = saturated_volumes(state.t);
+            trial.liquid = v.liquid, trial.vapour = v.vapour;
+        }
+        double& missed = item.unknown == Unknown::t ? trial.t : trial.first;
+        missed = unscaled(item.shape.z, scaled(item.shape.z, missed) + part * (high - low));
+        const double a = state(given[0]), b = state(given[1]);
+        const Trial next =
+            state.two_phase() ? step_wet(state.region, given, a, b, trial) : step(state.region, given, a, b, trial);
+        const double left = residual(state.region, given, a, b, next);
+        weights.push_back(std::isfinite(left) ? std::sqrt(left) : 1.0);
+    }
+    std::vector<double> sorted = weights;
+    std::nth_element(sorted.begin(), sorted.begin() + static_cast<std::ptrdiff_t>(sorted.size() / 2), sorted.end());
+    const double median = std::max(sorted[sorted.size() / 2], 1.0e-14);
+    for (std::size_t k = 0; k < points.size(); ++k)
+        points[k].weight = std::clamp(weights[k] / median, 1.0 / bound, bound);
+}
+
+void write_surfaces(std::ostream& out, const Fitted& fitted) {
+    std::uint64_t seed = 1;
+    for (const SurfaceItem& item : surface_items) {
+        std::vector<Point> points;
+        const auto given = name(item.pair);
+        const FittedLines lines{item.pair, fitted};
+        const std::vector<State> states = draw(item.pair, item.where, surface_points, ++seed);
+        for (const State& state : states) {
+            const auto by = guesses::seen(item.pair, item.where, lines, state(given[0]), state(given[1]));
+            points.push_back({by.a, by.b, item.unknown == Unknown::t ? state.t : state.first});
+        }
+        weigh(item, states, points);
+        const Polynomial z = fit(item.shape, points);
+        out << "template <>\ninline constexpr " << surface_type(z) << " surface<Pair::" << given
+            << ", Class::" << word(item.where) << ", Unknown::" << (item.unknown == Unknown::t ? "t" : "first") << ">"
+            << z.surface_text();
+        note_error(out, z);
+    }
+}
+
+constexpr const char* head =
+    R"(// Written by tools/first_guesses/fit_guesses.cpp; run it again rather than edit. The notes give the greatest and the
+// root-mean-square error, in the unit of the result.
+// clang-format off
+#pragma once
+
+#include "engine/guess_form.hpp"
+
+namespace ktl::engine::guesses {
+
+/// Stands where nothing is fitted.
+struct None {};
+
+template <Pair pair, Border line>
+inline constexpr None border{};
+template <Pair pair, Class where, Unknown unknown>
+inline constexpr None surface{};
+
+)";
+
+} // namespace
+
+int main(int count, char** arguments) {
+    if (count != 2) {
+        std::cerr << "usage: ktl_fit_guesses FILE\n";
+        return 2;
+    }
+    std::ofstream out(arguments[1]);
+    out << head;
+    Fitted fitted;
+    write_saturation(out, fitted);
+    write_borders(out, fitted);
+    write_surfaces(out, fitted);
+    out << "\n} // namespace ktl::engine::guesses\n";
+    return out.flush() ? 0 : 1;
+}

@@ -1,0 +1,72 @@
+// States drawn from the sub-regions, and their properties by the region equations.
+#pragma once
+
+#include "engine/guess_form.hpp"
+#include "engine/thermo.hpp"
+
+#include <functional>
+#include <random>
+#include <string_view>
+#include <vector>
+
+namespace first_guesses {
+
+using ktl::Pair;
+using ktl::Region;
+using ktl::engine::guesses::Class;
+
+/// The letters of the pairs, in the order of the enumeration.
+inline constexpr std::string_view letters[ktl::pair_count]{"pt", "ph", "ps", "pu", "pv", "px", "tv", "th", "ts",
+                                                           "tu", "tx", "sx", "hs", "us", "vh", "vs", "vu"};
+inline std::string_view name(Pair pair) { return letters[static_cast<std::size_t>(pair)]; }
+
+struct State {
+    Region region = Region::none;
+    double first = 0.0; ///< p, v or quality
+    double p = 0.0, t = 0.0, v = 0.0, h = 0.0, s = 0.0, x = 0.0;
+
+    [[nodiscard]] double u() const { return h - 100.0 * p * v; }
+    [[nodiscard]] double operator()(char letter) const;
+    [[nodiscard]] bool two_phase() const { return region == Region::wet || region == Region::wet_near_critical; }
+};
+
+/// A homogeneous phase in the variables of its region, with all slopes.
+ktl::engine::Thermo<double> phase(Region region, double first, double t);
+State single(Region region, double first, double t);
+/// Two phases at t.
+State mixture(double t, double x);
+
+double saturation_pressure(double t);
+/// Saturated volumes of sub-region 3 at t: the outermost roots of p(v, t) = ps(t).
+struct Volumes {
+    double liquid, vapour;
+};
+Volumes saturated_volumes(double t);
+/// Volume of sub-region 3 at p, t, on the outer side of the saturated volumes.
+double volume3(double p, double t);
+
+/// Up to this temperature both outer roots stand apart from the critical volume.
+inline constexpr double last_apart = 374.1;
+
+class Random {
+public:
+    explicit Random(std::uint64_t seed) : bits_(seed) {}
+    double operator()() { return static_cast<double>(bits_() >> 11U) * 0x1p-53; }
+    double operator()(double low, double high) { return low + (high - low) * (*this)(); }
+
+private:
+    std::mt19937_64 bits_;
+};
+
+/// One state of the equations that the class uses, drawn over its whole range: even in t, and by halves even in p
+/// and in ln p (sub-region 3: in p and in ln v; two phases: in quality).
+State draw(Region region, Random& random);
+
+/// The region whose equations hold in the class; near the critical point that of steam.
+Region region_of(Class c);
+/// n states of a class of the pair.
+std::vector<State> draw(Pair pair, Class wanted, std::size_t n, std::uint64_t seed);
+/// The class where a state of the region belongs by its properties.
+Class class_of(Pair pair, const State& state);
+
+} // namespace first_guesses
