@@ -1,6 +1,6 @@
 #include "engine/block.hpp"
 
-#include "engine/kernels.hpp"
+#include "engine/row.hpp"
 #include "engine/state.hpp"
 
 #include <algorithm>
@@ -12,11 +12,6 @@ namespace {
 
 using guesses::Class;
 
-/// The kind of each class; the classes of one kind follow one another. Class::search has none.
-constexpr std::array<Kind, guesses::class_count - 1> kind_of{
-    Kind::water,         Kind::steam,         Kind::steam, Kind::steam, Kind::near_critical,
-    Kind::near_critical, Kind::near_critical, Kind::wet,   Kind::wet,   Kind::wet_near_critical};
-static_assert(std::is_sorted(kind_of.begin(), kind_of.end()));
 constexpr auto wet_kind = static_cast<std::size_t>(Kind::wet);
 constexpr std::size_t search_class = static_cast<std::size_t>(Class::search);
 
@@ -119,9 +114,10 @@ private:
         }
         const auto level = static_cast<std::size_t>(depth);
         const auto number = static_cast<std::size_t>(kind);
-        const Kernels::Mix mix = kind < Kind::wet ? nullptr : kernels_.mix[index_][number - wet_kind][level];
-        if (mix != nullptr) {
-            mix(rows_.a.data(), rows_.b.data(), padded(count), rows_.from(0), wanted.data(), used, columns.data());
+        const bool on_line = pair_ >= Pair::ph && pair_ <= Pair::tx;
+        if (kind >= Kind::wet && on_line) {
+            kernels_.mix[number - wet_kind][level](pair_, rows_.a.data(), rows_.b.data(), padded(count), rows_.from(0),
+                                                   wanted.data(), used, columns.data());
         } else {
             search_in_lanes(number, c, end_class, count);
             kernels_.evaluate[number][level](rows_.from(0), padded(count), wanted.data(), used, columns.data());
@@ -144,7 +140,7 @@ private:
         pad(rows_.t, count);
         const Kernels::Solve newton = kernels_.solve[index_][kind];
         if (newton != nullptr)
-            newton(rows_.a.data(), rows_.b.data(), padded(count), rows_.from(0));
+            newton(pair_, rows_.a.data(), rows_.b.data(), padded(count), rows_.from(0), margin_of(pair_));
         else
             std::fill_n(rows_.settled.begin(), count, 1.0);
     }
@@ -182,7 +178,7 @@ private:
     }
 
     void search_row(std::size_t row, std::span<const Property> properties, double* const* outputs, Status* status) {
-        const State found = Access::state(search(pair_, a_[row], b_[row], 0));
+        const State found = Access::state(search_row_again(pair_, a_[row], b_[row]));
         status[row] = found.status();
         solved_ += found ? 1 : 0;
         for (std::size_t k = 0; k < properties.size(); ++k) outputs[k][row] = found.get(properties[k]);
@@ -202,18 +198,6 @@ private:
 
 } // namespace
 
-Region region_of(Kind kind, double first, double t) noexcept {
-    switch (kind) {
-    case Kind::water: return Region::water;
-    case Kind::steam: return Region::steam;
-    case Kind::near_critical:
-        return first < ktl_lc.vca && t <= ktl_lc.tc ? Region::near_critical_water : Region::near_critical_steam;
-    case Kind::wet: return Region::wet;
-    case Kind::wet_near_critical: return Region::wet_near_critical;
-    }
-    return Region::none;
-}
-
 std::size_t solve_block(const Kernels& kernels, Pair pair, const double* a, const double* b, std::size_t n,
                         std::span<const Property> properties, double* const* outputs, Status* status) noexcept {
     return Block(kernels, pair, a, b, n).solve(properties, outputs, status);
@@ -222,26 +206,6 @@ std::size_t solve_block(const Kernels& kernels, Pair pair, const double* a, cons
 std::size_t solve_block(Pair pair, const double* a, const double* b, std::size_t n,
                         std::span<const Property> properties, double* const* outputs, Status* status) noexcept {
     return solve_block(kernels(), pair, a, b, n, properties, outputs, status);
-}
-
-Solution solve_row(Pair pair, double a, double b) noexcept {
-    const auto index = static_cast<std::size_t>(pair);
-    if (index >= pair_count) return {};
-    const Kernels& one = scalar_kernels();
-    double c = 0.0;
-    one.classify[index](&a, &b, 1, &c);
-    const auto of_class = static_cast<Class>(c);
-    if (of_class == Class::search) return search(pair, a, b, 0);
-    Solution found{Status::solved, Region::none, a, b, not_a_number, not_a_number};
-    double settled = 1.0;
-    const Columns columns{&found.first, &found.t, &found.liquid, &found.vapour, &settled};
-    one.guess[index](of_class, &a, &b, 1, columns);
-    const Kind kind = kind_of[static_cast<std::size_t>(c)];
-    const Kernels::Solve solve = one.solve[index][static_cast<std::size_t>(kind)];
-    if (solve != nullptr) solve(&a, &b, 1, columns);
-    if (!(settled > 0.5)) return search(pair, a, b, 0);
-    found.region = region_of(kind, found.first, found.t);
-    return found;
 }
 
 } // namespace ktl::engine

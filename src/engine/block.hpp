@@ -2,7 +2,6 @@
 #pragma once
 
 #include "engine/kernels.hpp"
-#include "engine/solution.hpp"
 
 namespace ktl::engine {
 
@@ -15,11 +14,5 @@ std::size_t solve_block(Pair pair, const double* a, const double* b, std::size_t
 /// The same on the given kernels: all give the same bits.
 std::size_t solve_block(const Kernels& kernels, Pair pair, const double* a, const double* b, std::size_t n,
                         std::span<const Property> properties, double* const* outputs, Status* status) noexcept;
-
-/// One row, the same way.
-Solution solve_row(Pair pair, double a, double b) noexcept;
-
-/// The region of a state of that kind at its own variables.
-Region region_of(Kind kind, double first, double t) noexcept;
 
 } // namespace ktl::engine

@@ -2,7 +2,7 @@
 // the exact search, so these tests are strict: they take nothing that another sub-region may claim.
 #pragma once
 
-#include "engine/newton.hpp"
+#include "engine/bodies.hpp"
 
 namespace ktl::engine {
 
@@ -15,9 +15,9 @@ T both(const Condition& condition, const T& rest) {
 /// A state of saturated water or steam may be off the line by rounding.
 inline constexpr double line_rounding = 1.0e-11;
 /// Beside 350 degC and the 2/3 boundary sub-region 3 overlaps its neighbours, which go before it: by less than this,
-/// in K and as a factor of the boundary's pressure.
+/// in K and relative to the boundary's pressure.
 inline constexpr double overlap_t = 0.15;
-inline constexpr double overlap_p = 1.001;
+inline constexpr double overlap_p = 0.001;
 
 template <class T>
 T boundary_at(const T& t) {
@@ -40,17 +40,18 @@ T inside_steam(const T& p, const T& t) {
 }
 
 /// Sub-region 3, stable: below the critical temperature either denser than the critical point and above the saturation
-/// pressure or thinner and below it.
+/// pressure or thinner and below it. margin 1 keeps off the overlap with other sub-regions, 0 does not.
 template <class T>
-T inside_near_critical(const T& v, const T& t, double margin_t, double margin_p) {
+T inside_near_critical(const T& v, const T& t, double margin) {
     const auto terms = region3::terms(v, t);
     const T p = region3::pressure(terms);
     const T stable = both(region3::free_energy_volume_curvature(terms) > 0.0, T(1.0));
     const T ps = saturation::terms(t).p;
     const T side = choose(v < ktl_lc.vca, both(p >= ps, T(1.0)), both(p <= ps, T(1.0)));
     const T off_dome = choose(t < ktl_lc.tc, side, T(1.0));
-    const T within = both(t >= ktl_lc.t3min + margin_t, both(t <= ktl_lc.t3max, both(p <= ktl_lc.pmax, T(1.0))));
-    return both(p >= boundary_at(t) * margin_p, within) * stable * off_dome;
+    const T within =
+        both(t >= ktl_lc.t3min + margin * overlap_t, both(t <= ktl_lc.t3max, both(p <= ktl_lc.pmax, T(1.0))));
+    return both(p >= boundary_at(t) * (1.0 + margin * overlap_p), within) * stable * off_dome;
 }
 
 /// Two phases up to 350 degC, or above.

@@ -8,32 +8,36 @@
 
 namespace ktl::engine {
 
-/// The two quantities of a pair; quality stands as none of the six.
-template <Pair pair>
-struct Quantities;
+/// The quantities of a pair; what stands for a quality has no meaning.
+constexpr Quantities quantities(Pair pair) {
+    using Q = Quantity;
+    constexpr std::array<Quantities, pair_count> all{{
+        {Q::pressure, Q::temperature},
+        {Q::pressure, Q::enthalpy},
+        {Q::pressure, Q::entropy},
+        {Q::pressure, Q::energy},
+        {Q::pressure, Q::volume},
+        {Q::pressure, Q::pressure},
+        {Q::temperature, Q::volume},
+        {Q::temperature, Q::enthalpy},
+        {Q::temperature, Q::entropy},
+        {Q::temperature, Q::energy},
+        {Q::temperature, Q::pressure},
+        {Q::entropy, Q::entropy},
+        {Q::enthalpy, Q::entropy},
+        {Q::energy, Q::entropy},
+        {Q::volume, Q::enthalpy},
+        {Q::volume, Q::entropy},
+        {Q::volume, Q::energy},
+    }};
+    return all[static_cast<std::size_t>(pair)];
+}
+constexpr bool has_pressure(Pair pair) { return pair >= Pair::ph && pair <= Pair::px; }
+constexpr bool has_temperature(Pair pair) { return pair >= Pair::tv && pair <= Pair::tx; }
+constexpr bool has_quality(Pair pair) { return pair == Pair::px || pair == Pair::tx || pair == Pair::sx; }
 
-#define KTL_QUANTITIES(pair, first, second)                                                                            \
-    template <>                                                                                                        \
-    struct Quantities<Pair::pair> {                                                                                    \
-        static constexpr Quantity a = Quantity::first, b = Quantity::second;                                           \
-    };
-KTL_QUANTITIES(pt, pressure, temperature)
-KTL_QUANTITIES(ph, pressure, enthalpy)
-KTL_QUANTITIES(ps, pressure, entropy)
-KTL_QUANTITIES(pu, pressure, energy)
-KTL_QUANTITIES(pv, pressure, volume)
-KTL_QUANTITIES(tv, temperature, volume)
-KTL_QUANTITIES(th, temperature, enthalpy)
-KTL_QUANTITIES(ts, temperature, entropy)
-KTL_QUANTITIES(tu, temperature, energy)
-KTL_QUANTITIES(hs, enthalpy, entropy)
-KTL_QUANTITIES(us, energy, entropy)
-KTL_QUANTITIES(vh, volume, enthalpy)
-KTL_QUANTITIES(vs, volume, entropy)
-KTL_QUANTITIES(vu, volume, energy)
-#undef KTL_QUANTITIES
+constexpr bool ready(Pair pair) { return pair <= Pair::ps || pair == Pair::hs; }
 
-constexpr bool ready(Pair pair) { return pair == Pair::ph || pair == Pair::ps || pair == Pair::hs; }
 /// p, t this close to the saturation line, relative in p, leave the quality open.
 inline constexpr double line_width = 1.0e-8;
 /// Temperature from which saturated volumes are left to the exact search, degC.
@@ -42,161 +46,149 @@ inline constexpr double latest_mixture = 374.1;
 inline constexpr double largest_value = 1.0e9;
 /// Temperature below which water is left to the exact search in pairs that may name two states there, degC.
 inline constexpr double expanding_water = 10.0;
+/// Quality below which a mixture is left to it: water may go before one with hardly any steam.
+inline constexpr double hardly_steam = 2.0e-6;
 
 // ---- Homogeneous states ----------------------------------------------------------------------------------------------
 
 /// 1 where the state is the one that the pair's rule takes of several. At constant t the enthalpy of water and of dense
 /// sub-region 3 first falls, then rises with pressure: the falling side goes first. Cold water is left to the search.
-template <Pair pair, Body body, class T>
-T first_of_several(const T& first, const T& t) {
-    if constexpr (body == Body::steam)
-        return T(1.0);
-    else if constexpr (pair == Pair::th) {
-        const Slopes<T> h = slopes<body, Quantity::enthalpy>(terms_of<body>(first, t), first, t);
-        if constexpr (body == Body::water)
-            return both(h.by_first < 0.0, T(1.0));
-        else
-            return both(h.by_first > 0.0, T(1.0));
-    } else if constexpr (body == Body::water && (pair == Pair::pv || pair == Pair::ts || pair == Pair::tu)) {
+template <Body body, class T>
+T first_of_several(Pair pair, const T& first, const T& t) {
+    if (body == Body::water && (pair == Pair::pv || pair == Pair::ts || pair == Pair::tu))
         return both(t > expanding_water, T(1.0));
-    } else {
-        return T(1.0);
-    }
+    if (body == Body::steam || pair != Pair::th) return T(1.0);
+    const T slope = slopes(Quantity::enthalpy, body_at<body>(first, t)).by_first;
+    return both((body == Body::water ? slope : -slope) < 0.0, T(1.0));
 }
 
-template <Pair pair, Body body, class T>
-T inside(const T& first, const T& t) {
-    constexpr bool exact = pair == Pair::pt;
+template <Body body, class T>
+T inside(const T& first, const T& t, double margin) {
     if constexpr (body == Body::water)
         return inside_water(first, t);
     else if constexpr (body == Body::steam)
         return inside_steam(first, t);
     else
-        return inside_near_critical(first, t, exact ? 0.0 : overlap_t, exact ? 1.0 : overlap_p);
+        return inside_near_critical(first, t, margin);
 }
 
-template <Pair pair, Body body, class T>
-[[gnu::flatten]] void solve_body(const double* a, const double* b, std::size_t n, const Columns& c) {
-    using Q = Quantities<pair>;
+template <Body body, class T>
+void solve_body(Pair pair, const double* a, const double* b, std::size_t n, const Columns& c, double margin) {
+    const Quantities given = quantities(pair);
     for (std::size_t i = 0; i < n; i += T::count) {
-        const T x = T::load(a + i);
-        const T y = T::load(b + i);
-        const Found<T> found = newton<body, Q::a, Q::b>(x, y, T::load(c.first + i), T::load(c.t + i));
+        const Found<T> found =
+            newton<body>(given, T::load(a + i), T::load(b + i), T::load(c.first + i), T::load(c.t + i));
         found.first.store(c.first + i);
         found.t.store(c.t + i);
-        const T taken = inside<pair, body>(found.first, found.t) * first_of_several<pair, body>(found.first, found.t);
+        const T taken = inside<body>(found.first, found.t, margin) * first_of_several<body>(pair, found.first, found.t);
         (found.converged * taken).store(c.settled + i);
     }
 }
 
-// ---- Two phases ------------------------------------------------------------------------------------------------------
-
-constexpr bool has_pressure(Pair pair) { return pair >= Pair::ph && pair <= Pair::px; }
-constexpr bool has_temperature(Pair pair) { return pair >= Pair::tv && pair <= Pair::tx; }
-constexpr bool has_quality(Pair pair) { return pair == Pair::px || pair == Pair::tx || pair == Pair::sx; }
-
-/// Least quality of a mixture: where water may go before one with hardly any steam, the search decides.
-template <Pair pair>
-inline constexpr double least_quality_of =
-    pair == Pair::pv || pair == Pair::th || pair == Pair::ts || pair == Pair::tu ? 2.0e-6 : 0.0;
-
-/// 1 where the mixture is stable beyond doubt and the pair's own.
-template <Pair pair, bool high, class T>
-T inside(const Mixed<T>& m) {
-    T in = inside_wet<high>(m.x, m.t) * both(m.x >= least_quality_of<pair>, T(1.0));
-    if constexpr (high) {
-        constexpr bool by_line = has_pressure(pair) || has_temperature(pair);
-        const T sides = both(m.liquid < ktl_lc.vca, both(m.vapour > ktl_lc.vca, T(1.0)));
-        in = in * sides * both(m.t < latest_mixture, T(1.0));
-        if constexpr (!by_line) in = in * both(m.t > ktl_lc.t3min + overlap_t, T(1.0));
-    }
-    return in * m.converged;
+/// For one pair, and for any.
+template <Pair pair, Body body, class T>
+[[gnu::flatten]] void solve_pair(Pair /*pair*/, const double* a, const double* b, std::size_t n, const Columns& c,
+                                 double margin) {
+    solve_body<body, T>(pair, a, b, n, c, margin);
+}
+template <Body body, class T>
+[[gnu::flatten]] void solve_any(Pair pair, const double* a, const double* b, std::size_t n, const Columns& c,
+                                double margin) {
+    solve_body<body, T>(pair, a, b, n, c, margin);
 }
 
-template <Quantity y, class T>
-constexpr T Thermo<T>::*part() {
-    if constexpr (y == Quantity::volume)
-        return &Thermo<T>::v;
-    else if constexpr (y == Quantity::enthalpy)
-        return &Thermo<T>::h;
-    else
-        return &Thermo<T>::s;
+// ---- Two phases ------------------------------------------------------------------------------------------------------
+
+/// 1 where the mixture is stable beyond doubt and the one that the pair's rule takes.
+template <bool high, class T>
+T inside(Pair pair, const Mixed<T>& m, double margin) {
+    const bool may_be_water = pair == Pair::pv || pair == Pair::th || pair == Pair::ts || pair == Pair::tu;
+    T in = inside_wet<high>(m.x, m.t) * both(m.x >= (may_be_water ? hardly_steam : 0.0), m.converged);
+    if constexpr (high) {
+        const T sides = both(m.liquid < ktl_lc.vca, both(m.vapour > ktl_lc.vca, T(1.0)));
+        in = in * sides * both(m.t < latest_mixture, T(1.0));
+        if (!has_pressure(pair) && !has_temperature(pair))
+            in = in * both(m.t > ktl_lc.t3min + margin * overlap_t, T(1.0));
+    }
+    return in;
 }
 
 /// Quality at which the mixture has the value.
-template <Quantity y, class T>
-T quality(const SaturatedPhases<T>& phases, const T& value) {
-    if constexpr (y == Quantity::energy) {
-        const T u = energy(phases.water);
-        return (value - u) / (energy(phases.steam) - u);
-    } else {
-        return phases.quality(part<y, T>(), value);
-    }
+template <class T>
+T quality(Quantity quantity, const SaturatedPhases<T>& phases, const T& value) {
+    const T water = slopes(quantity, phases.water).y;
+    return (value - water) / (slopes(quantity, phases.steam).y - water);
 }
 
-/// A mixture with its phases, of a pair that gives the temperature by itself or by the pressure.
+/// A mixture of a pair that gives the temperature by itself or by the pressure.
 template <class T>
 struct OnLine {
     Mixed<T> m;
-    SaturatedPhases<T> phases;
-    T p;
+    Thermo<T> bulk;
 };
-template <Pair pair, bool high, Depth depth, class T>
-OnLine<T> on_line(const T& a, const T& b) {
+/// Where neither quality nor wanted properties take the phases, they are not evaluated.
+template <bool high, Depth depth, class T>
+OnLine<T> on_line(Pair pair, const T& a, const T& b) {
     OnLine<T> y;
     Mixed<T>& m = y.m;
     const T t = has_pressure(pair) ? saturation::temperature(a) : a;
+    T p = a;
     if constexpr (high) {
         const LinePoint<T> line = line_at(t);
         m = saturated_volumes(line, t, guesses::liquid_volume(t), guesses::vapour_volume(t));
-        y.p = line.p;
+        p = line.p;
     } else {
-        y.p = has_pressure(pair) ? a : saturation::terms(t).p;
-        m = {T(0.0), t, y.p, y.p, T(1.0)};
+        if (has_temperature(pair)) p = saturation::terms(t).p;
+        m = {T(0.0), t, p, p, T(1.0)};
     }
-    if constexpr (!has_quality(pair) || depth != Depth::variables)
-        y.phases = engine::saturated_at<high>(m.t, m.liquid, m.vapour);
-    if constexpr (has_quality(pair))
+    if (has_quality(pair) && depth == Depth::variables) {
+        const T none(not_a_number);
         m.x = b;
-    else
-        m.x = quality<Quantities<pair>::b>(y.phases, b);
+        y.bulk = {p, t, none, none, none, none, none, none, none, none};
+    } else {
+        const SaturatedPhases<T> phases = phases_at<high>(m.t, m.liquid, m.vapour);
+        m.x = has_quality(pair) ? b : quality(quantities(pair).b, phases, b);
+        y.bulk = mixture_of(phases, m.x, p);
+    }
     return y;
 }
 
 /// A mixture of any other pair, from the guess of its temperature.
-template <Pair pair, bool high, class T>
-Mixed<T> off_line(const T& a, const T& b, const T& t) {
+template <bool high, class T>
+Mixed<T> off_line(Pair pair, const T& a, const T& b, const T& t) {
     Mixed<T> m{T(0.0), t, T(0.0), T(0.0), T(0.0)};
     if constexpr (high) {
         m.liquid = guesses::liquid_volume(t);
         m.vapour = guesses::vapour_volume(t);
     }
-    if constexpr (pair == Pair::sx)
-        mix_of_quality<high, Quantity::entropy>(m, a, b);
+    if (pair == Pair::sx)
+        mix_of_quality<high>(m, a, b);
     else
-        mix<high, Quantities<pair>::a, Quantities<pair>::b>(m, a, b);
+        mix<high>(m, quantities(pair), a, b);
     return m;
 }
 
-template <Pair pair, bool high, class T>
-void store(const Mixed<T>& m, const Columns& c, std::size_t i) {
+template <bool high, class T>
+void store(Pair pair, const Mixed<T>& m, const Columns& c, std::size_t i, double margin) {
     m.x.store(c.first + i);
     m.t.store(c.t + i);
     m.liquid.store(c.liquid + i);
     m.vapour.store(c.vapour + i);
-    inside<pair, high>(m).store(c.settled + i);
+    inside<high>(pair, m, margin).store(c.settled + i);
 }
 
-template <Pair pair, bool high, class T>
-[[gnu::flatten]] void solve_wet(const double* a, const double* b, std::size_t n, const Columns& c) {
-    for (std::size_t i = 0; i < n; i += T::count) {
-        const T x = T::load(a + i);
-        const T y = T::load(b + i);
-        if constexpr (has_pressure(pair) || has_temperature(pair))
-            store<pair, high>(on_line<pair, high, Depth::variables>(x, y).m, c, i);
-        else
-            store<pair, high>(off_line<pair, high>(x, y, T::load(c.t + i)), c, i);
-    }
+template <bool high, class T>
+[[gnu::flatten]] void solve_on_line(Pair pair, const double* a, const double* b, std::size_t n, const Columns& c,
+                                    double margin) {
+    for (std::size_t i = 0; i < n; i += T::count)
+        store<high>(pair, on_line<high, Depth::variables>(pair, T::load(a + i), T::load(b + i)).m, c, i, margin);
+}
+
+template <bool high, class T>
+[[gnu::flatten]] void solve_off_line(Pair pair, const double* a, const double* b, std::size_t n, const Columns& c,
+                                     double margin) {
+    for (std::size_t i = 0; i < n; i += T::count)
+        store<high>(pair, off_line<high>(pair, T::load(a + i), T::load(b + i), T::load(c.t + i)), c, i, margin);
 }
 
 // ---- Evaluation ------------------------------------------------------------------------------------------------------
@@ -215,7 +207,7 @@ Thermo<T> thermo_at(const Columns& c, std::size_t i) {
         constexpr bool high = kind == Kind::wet_near_critical;
         const T liquid = T::load(c.liquid + i);
         const T p = high ? saturation::terms(t).p : liquid;
-        return mixture_of(engine::saturated_at<high>(t, liquid, T::load(c.vapour + i)), first, p);
+        return mixture_of(phases_at<high>(t, liquid, T::load(c.vapour + i)), first, p);
     }
 }
 
@@ -250,13 +242,13 @@ template <Kind kind, Depth depth, class T>
 }
 
 /// Search and evaluation of mixtures in one, where both need the saturated phases at the same place.
-template <Pair pair, bool high, Depth depth, class T>
-[[gnu::flatten]] void mix_and_evaluate(const double* a, const double* b, std::size_t n, const Columns& out,
+template <bool high, Depth depth, class T>
+[[gnu::flatten]] void mix_and_evaluate(Pair pair, const double* a, const double* b, std::size_t n, const Columns& out,
                                        const Property* wanted, std::size_t count, double* const* outputs) {
     for (std::size_t i = 0; i < n; i += T::count) {
-        const OnLine<T> y = on_line<pair, high, depth>(T::load(a + i), T::load(b + i));
-        store<pair, high>(y.m, out, i);
-        deliver(cut<depth>(mixture_of(y.phases, y.m.x, y.p)), y.m.x, i, wanted, count, outputs);
+        const OnLine<T> y = on_line<high, depth>(pair, T::load(a + i), T::load(b + i));
+        store<high>(pair, y.m, out, i, 0.0);
+        deliver(cut<depth>(y.bulk), y.m.x, i, wanted, count, outputs);
     }
 }
 
@@ -268,7 +260,8 @@ T classify_pt(const T& p, const T& t) {
     using guesses::Class;
     const auto is = [](Class c) { return guesses::number<T>(c); };
     const T ps = saturation::terms(t).p;
-    const T near = choose(p > ps, is(Class::liquid_like), is(Class::vapour_like));
+    const T side = choose(p > ps, is(Class::liquid_like), is(Class::vapour_like));
+    const T near = choose(t < ktl_lc.tc, side, is(Class::supercritical));
     const T high = choose(t < ktl_lc.t3max, choose(p < boundary_at(t), is(Class::steam), near), is(Class::steam));
     const T low = choose(p > ps, is(Class::water), is(Class::steam));
     const T c = choose(t > ktl_lc.t1max, high, low);
@@ -315,10 +308,7 @@ template <Pair pair, class T>
     for (std::size_t i = 0; i < n; i += T::count) {
         T first(1.0);
         T t(1.0);
-        if constexpr (pair == Pair::pt)
-            first = T::load(a + i), t = T::load(b + i);
-        else if constexpr (ready(pair))
-            guesses::guess<pair>(c, T::load(a + i), T::load(b + i), first, t);
+        if constexpr (ready(pair)) guesses::guess<pair>(c, T::load(a + i), T::load(b + i), first, t);
         first.store(out.first + i);
         t.store(out.t + i);
     }
@@ -351,18 +341,28 @@ void line_temperature(const double* p, std::size_t n, double* t) {
 
 // ---- The table -------------------------------------------------------------------------------------------------------
 
+/// The pairs that programs ask most have searches of their own.
+template <Pair pair, Body body, class T>
+constexpr Kernels::Solve solve_kernel() {
+    constexpr bool often = pair == Pair::pt || pair == Pair::ph || pair == Pair::ps;
+    if constexpr (pair == Pair::pt && body != Body::near_critical)
+        return nullptr;
+    else if constexpr (often)
+        return solve_pair<pair, body, T>;
+    else
+        return solve_any<body, T>;
+}
+
 template <Pair pair, class T>
 constexpr std::array<Kernels::Solve, kind_count> solve_kernels() {
-    constexpr bool of_line = pair == Pair::px || pair == Pair::tx;
-    if constexpr (!ready(pair) && !of_line && pair != Pair::pt)
-        return {};
-    else if constexpr (pair == Pair::pt)
-        return {nullptr, nullptr, solve_body<pair, Body::near_critical, T>, nullptr, nullptr};
-    else if constexpr (has_quality(pair))
-        return {nullptr, nullptr, nullptr, solve_wet<pair, false, T>, solve_wet<pair, true, T>};
+    if constexpr (has_quality(pair) && pair != Pair::sx)
+        return {nullptr, nullptr, nullptr, solve_on_line<false, T>, solve_on_line<true, T>};
+    else if constexpr (has_pressure(pair) || has_temperature(pair))
+        return {solve_kernel<pair, Body::water, T>(), solve_kernel<pair, Body::steam, T>(),
+                solve_kernel<pair, Body::near_critical, T>(), solve_on_line<false, T>, solve_on_line<true, T>};
     else
-        return {solve_body<pair, Body::water, T>, solve_body<pair, Body::steam, T>,
-                solve_body<pair, Body::near_critical, T>, solve_wet<pair, false, T>, solve_wet<pair, true, T>};
+        return {solve_kernel<pair, Body::water, T>(), solve_kernel<pair, Body::steam, T>(),
+                solve_kernel<pair, Body::near_critical, T>(), solve_off_line<false, T>, solve_off_line<true, T>};
 }
 
 template <Kind kind, class T>
@@ -371,31 +371,26 @@ constexpr std::array<Kernels::Evaluate, depth_count> evaluate_kernels() {
             evaluate<kind, Depth::heat_capacity, T>, evaluate<kind, Depth::everything, T>};
 }
 
-template <Pair pair, bool high, class T>
+template <bool high, class T>
 constexpr std::array<Kernels::Mix, 3> mix_kernels() {
-    if constexpr (has_pressure(pair) || has_temperature(pair))
-        return {mix_and_evaluate<pair, high, Depth::variables, T>, mix_and_evaluate<pair, high, Depth::volume, T>,
-                mix_and_evaluate<pair, high, Depth::energies, T>};
-    else
-        return {};
+    return {mix_and_evaluate<high, Depth::variables, T>, mix_and_evaluate<high, Depth::volume, T>,
+            mix_and_evaluate<high, Depth::energies, T>};
 }
 
 template <class T, std::size_t... pair>
 constexpr Kernels table_of(const char* name, std::index_sequence<pair...>) {
-    using Mixes = std::array<std::array<Kernels::Mix, 3>, 2>;
-    return {
-        name,
-        T::count,
-        {classify<static_cast<Pair>(pair), T>...},
-        {guess<static_cast<Pair>(pair), T>...},
-        {solve_kernels<static_cast<Pair>(pair), T>()...},
-        {evaluate_kernels<Kind::water, T>(), evaluate_kernels<Kind::steam, T>(),
-         evaluate_kernels<Kind::near_critical, T>(), evaluate_kernels<Kind::wet, T>(),
-         evaluate_kernels<Kind::wet_near_critical, T>()},
-        {Mixes{mix_kernels<static_cast<Pair>(pair), false, T>(), mix_kernels<static_cast<Pair>(pair), true, T>()}...},
-        line_pressure<T>,
-        line_slope<T>,
-        line_temperature<T>};
+    return {name,
+            T::count,
+            {classify<static_cast<Pair>(pair), T>...},
+            {guess<static_cast<Pair>(pair), T>...},
+            {solve_kernels<static_cast<Pair>(pair), T>()...},
+            {evaluate_kernels<Kind::water, T>(), evaluate_kernels<Kind::steam, T>(),
+             evaluate_kernels<Kind::near_critical, T>(), evaluate_kernels<Kind::wet, T>(),
+             evaluate_kernels<Kind::wet_near_critical, T>()},
+            {mix_kernels<false, T>(), mix_kernels<true, T>()},
+            line_pressure<T>,
+            line_slope<T>,
+            line_temperature<T>};
 }
 
 template <class T>

@@ -28,20 +28,22 @@ struct Kernels {
 
     using Classify = void (*)(const double* a, const double* b, std::size_t n, double* classes);
     using Guess = void (*)(guesses::Class c, const double* a, const double* b, std::size_t n, const Columns& out);
-    using Solve = void (*)(const double* a, const double* b, std::size_t n, const Columns& inout);
+    using Solve = void (*)(Pair pair, const double* a, const double* b, std::size_t n, const Columns& inout,
+                           double margin);
     using Evaluate = void (*)(const Columns& states, std::size_t n, const Property* properties, std::size_t count,
                               double* const* outputs);
-    using Mix = void (*)(const double* a, const double* b, std::size_t n, const Columns& out,
+    using Mix = void (*)(Pair pair, const double* a, const double* b, std::size_t n, const Columns& out,
                          const Property* properties, std::size_t count, double* const* outputs);
     using Line = void (*)(const double* x, std::size_t n, double* y);
 
     // The length n of all of them is a multiple of lanes; properties of two-phase kinds are of_mixtures().
     std::array<Classify, pair_count> classify;
     std::array<Guess, pair_count> guess;
-    std::array<std::array<Solve, kind_count>, pair_count> solve; ///< from guesses in inout; null where none is needed
+    /// From guesses in inout; null where none is needed. margin 1: states of sub-region 3 beside another, which may claim
+    /// them, are not settled; 0: they are.
+    std::array<std::array<Solve, kind_count>, pair_count> solve;
     std::array<std::array<Evaluate, depth_count>, kind_count> evaluate;
-    /// Two phases of pairs that give p or t: search and evaluation in one; null for other pairs. By kind, from wet on.
-    std::array<std::array<std::array<Mix, 3>, 2>, pair_count> mix;
+    std::array<std::array<Mix, 3>, 2> mix; ///< for pairs that give p or t, by kind from wet on, and by depth
     Line saturation_pressure, saturation_slope, saturation_temperature; ///< not-a-number off the line
 };
 

@@ -1,9 +1,9 @@
-// Newton steps in the variables of a sub-region, for one number or for lanes. No step branches on a value: a lane that
-// has converged stays as it is while others go on, so that each lane's result is its own.
+// Newton steps in the variables of a sub-region, for one number or for lanes. No step branches on a lane's value: a lane
+// that has converged stays as it is while others go on, so that each lane's result is its own. The two quantities are
+// the same for all lanes; where they are known to the compiler, it leaves away what they do not need.
 #pragma once
 
 #include "engine/bodies.hpp"
-#include "engine/slopes.hpp"
 
 namespace ktl::engine {
 
@@ -13,50 +13,31 @@ struct Step {
     T first, t;
 };
 
-/// Solution of [[a1, a2], [b1, b2]] (first, t) = (ra, rb).
-template <class T>
-Step<T> linear(const T& a1, const T& a2, const T& b1, const T& b2, const T& ra, const T& rb) {
-    const T scale = 1.0 / (a1 * b2 - a2 * b1);
-    return {(ra * b2 - a2 * rb) * scale, (a1 * rb - ra * b1) * scale};
-}
+/// The two given quantities of a pair that has no quality.
+struct Quantities {
+    Quantity a, b;
+};
 
-template <Body body, Quantity Y, class T, class Terms>
-Slopes<T> slopes(const Terms& terms, const T& first, const T& t) {
-    if constexpr (body == Body::near_critical)
-        return helmholtz_slopes<Y>(terms, first, t);
-    else
-        return gibbs_slopes<Y>(terms, first, t);
-}
-
-/// True where a quantity is one of the variables of the sub-region.
-template <Body body>
-constexpr bool is_first(Quantity y) {
-    return y == (body == Body::near_critical ? Quantity::volume : Quantity::pressure);
-}
-
-/// One step towards A = a, B = b. A quantity that is a variable of the sub-region stands already.
-template <Body body, Quantity A, Quantity B, class T>
-Step<T> step(const T& a, const T& b, const T& first, const T& t) {
-    const auto terms = terms_of<body>(first, t);
-    constexpr bool a_is_first = is_first<body>(A);
-    constexpr bool a_is_t = A == Quantity::temperature;
-    if constexpr (a_is_first) {
-        const Slopes<T> y = slopes<body, B>(terms, first, t);
-        return {T(0.0), (b - y.y) / y.by_t};
-    } else if constexpr (is_first<body>(B)) {
-        const Slopes<T> y = slopes<body, A>(terms, first, t);
-        return {T(0.0), (a - y.y) / y.by_t};
-    } else if constexpr (a_is_t) {
-        const Slopes<T> y = slopes<body, B>(terms, first, t);
-        return {(b - y.y) / y.by_first, T(0.0)};
-    } else if constexpr (B == Quantity::temperature) {
-        const Slopes<T> y = slopes<body, A>(terms, first, t);
-        return {(a - y.y) / y.by_first, T(0.0)};
-    } else {
-        const Slopes<T> y = slopes<body, A>(terms, first, t);
-        const Slopes<T> z = slopes<body, B>(terms, first, t);
-        return linear(y.by_first, y.by_t, z.by_first, z.by_t, a - y.y, b - z.y);
+/// Step towards A = a, B = b at the state y of a sub-region. A quantity that is a variable there stands already.
+template <Body body, class State, class T>
+Step<T> step(Quantities given, const State& y, const T& a, const T& b) {
+    constexpr Quantity variable = body == Body::near_critical ? Quantity::volume : Quantity::pressure;
+    const auto [A, B] = given;
+    if (A == variable || B == variable) {
+        const Slopes<T> z = slopes(A == variable ? B : A, y);
+        return {T(0.0), ((A == variable ? b : a) - z.y) / z.by_t};
     }
+    if (A == Quantity::temperature || B == Quantity::temperature) {
+        const bool first = A == Quantity::temperature;
+        const Slopes<T> z = slopes(first ? B : A, y);
+        return {((first ? b : a) - z.y) / z.by_first, T(0.0)};
+    }
+    const Slopes<T> f = slopes(A, y);
+    const Slopes<T> g = slopes(B, y);
+    const T scale = 1.0 / (f.by_first * g.by_t - f.by_t * g.by_first);
+    const T df = a - f.y;
+    const T dg = b - g.y;
+    return {(df * g.by_t - f.by_t * dg) * scale, (f.by_first * dg - df * g.by_first) * scale};
 }
 
 /// A step this small, K, and relative in the first variable, leaves an error far below 1e-12: Newton squares it.
@@ -72,11 +53,11 @@ struct Found {
 };
 
 /// Newton from a first guess.
-template <Body body, Quantity A, Quantity B, class T>
-Found<T> newton(const T& a, const T& b, const T& first_guess, const T& t_guess) {
+template <Body body, class T>
+Found<T> newton(Quantities given, const T& a, const T& b, const T& first_guess, const T& t_guess) {
     Found<T> x{first_guess, t_guess, T(0.0)};
     for (int pass = 0; pass < most_passes; ++pass) {
-        const Step<T> d = step<body, A, B>(a, b, x.first, x.t);
+        const Step<T> d = step<body>(given, body_at<body>(x.first, x.t), a, b);
         const auto open = x.converged < 0.5;
         x.first = choose(open, x.first + d.first, x.first);
         x.t = choose(open, x.t + d.t, x.t);

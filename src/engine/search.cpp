@@ -7,6 +7,7 @@
 #include "engine/solution.hpp"
 
 #include "regions/curves.hpp"
+#include "regions/dual.hpp"
 #include "searches/curve_search.hpp"
 #include "searches/given.hpp"
 #include "searches/quality_line.hpp"
@@ -107,18 +108,23 @@ Solution of_quality(Quantity line, double value, double x) {
     return solution(mixture(by_pressure ? saturated_under(value, outermost) : saturated_at(value, outermost), x));
 }
 
-/// Why a line of constant pressure has no state: the value lies past the end that the search came to.
-Status past_end_of_isobar(const FoundState& end) {
-    constexpr double hair = 1.0e-6;
-    if (end.t <= ktl_lc.tmin + hair) return Status::temperature_low;
-    return end.t >= ktl_lc.tmax - hair ? Status::temperature_high : Status::no_state;
+/// Derivative of a property of water by its pressure (where by_pressure) or its temperature.
+double slope_of_water(Quantity y, double p, double t, bool by_pressure) {
+    const Dual slope = property(y, KTL_LIQUID, Dual(p, 1.0, 0.0), Dual(t, 0.0, 1.0));
+    return by_pressure ? slope.first : slope.second;
 }
-/// The same for a line of constant temperature.
-Status past_end_of_isotherm(const FoundState& end) {
-    constexpr double hair = 1.0e-6;
-    const double p = end.value(Quantity::pressure);
-    if (p <= ktl_lc.pmin * (1.0 + hair)) return Status::pressure_low;
-    return p >= ktl_lc.pmax * (1.0 - hair) ? Status::pressure_high : Status::no_state;
+
+/// The end of the isobar beyond which the value lies. The least volume of cold water is no end.
+Status past_end_of_isobar(Quantity y, double p, double value) {
+    if (value > property(y, KTL_STEAM, p, ktl_lc.tmax)) return Status::temperature_high;
+    const bool least = slope_of_water(y, p, ktl_lc.tmin, false) > 0.0;
+    return least && value < property(y, KTL_LIQUID, p, ktl_lc.tmin) ? Status::temperature_low : Status::no_state;
+}
+/// The end of the isotherm beyond which the value lies. Where a property of water turns its least value is no end.
+Status past_end_of_isotherm(Quantity y, double t, double value) {
+    if (value > property(y, KTL_STEAM, ktl_lc.pmin, t)) return Status::pressure_low;
+    const bool least = t > ktl_lc.t1max || slope_of_water(y, ktl_lc.pmax, t, true) < 0.0;
+    return least ? Status::pressure_high : Status::no_state;
 }
 
 Solution on_line(const Kind& kind, double a, double b) {
@@ -128,7 +134,7 @@ Solution on_line(const Kind& kind, double a, double b) {
     const FoundState end = isobar ? on_isobar(kind.second, a, b, outermost) : on_isotherm(kind.second, a, b, outermost);
     const FoundState found = searches::confirmed(end, {kind.first, a, kind.second, b, outermost});
     if (found.found()) return solution(found);
-    return failed(isobar ? past_end_of_isobar(end) : past_end_of_isotherm(end));
+    return failed(isobar ? past_end_of_isobar(kind.second, a, b) : past_end_of_isotherm(kind.second, a, b));
 }
 
 Solution on_quality_line(double s, double x) {

@@ -1,7 +1,7 @@
 #include "engine/state.hpp"
 
-#include "engine/block.hpp"
 #include "engine/bodies.hpp"
+#include "engine/row.hpp"
 
 namespace ktl {
 

@@ -1,5 +1,6 @@
 // Everything that the first and second derivatives of a sub-region's function give at one state: one evaluation in
-// closed form from which every property of a homogeneous phase follows, and every slope that an inversion needs.
+// closed form from which every property of a homogeneous phase follows, and every slope that an inversion needs. Where
+// a caller uses a part only, the compiler leaves the rest away.
 #pragma once
 
 #include "regions/region1.hpp"
@@ -37,29 +38,48 @@ Thermo<T> from_gibbs(const Terms& terms, const T& p, const T& t) {
     return y;
 }
 
-/// From the Helmholtz function of sub-region 3 at v (m3/kg), t. At the critical point, where dp/dv is zero, cp, dvdt
-/// and dvdp are infinite.
+/// Sub-region 3 in its own variables v (m3/kg), t. dpdv, dpdt: (dp/dv) at constant t, (dp/dt) at constant v.
 template <class T>
-Thermo<T> from_helmholtz(const region3::Terms<T>& terms, const T& v, const T& t) {
+struct Isochoric {
+    T v, t, p, h, s, cv, dpdv, dpdt;
+};
+
+/// From the Helmholtz function.
+template <class T>
+Isochoric<T> isochoric(const T& v, const T& t) {
+    const auto terms = region3::terms(v, t);
     const auto groups = region3::volume_groups(terms);
     const T slope = region3::free_energy_slope(terms, groups);
-    const T mixed = region3::free_energy_mixed(terms);
-    const T curvature = region3::free_energy_volume_curvature(terms);
-    Thermo<T> y;
     const T reduced = region3::reduced_pressure(terms);
-    y.p = ktl_lc.pca * reduced;
-    y.t = t;
+    Isochoric<T> y;
     y.v = v;
+    y.t = t;
+    y.p = ktl_lc.pca * reduced;
     y.h =
         ktl_lc.pvo10 * (region3::free_energy(terms, groups) - terms.theta * slope + terms.ex * reduced + ktl_lc.alpha0);
     y.s = ktl_lc.pvot * (-slope - ktl_lc.alpha1);
     y.cv = ktl_lc.pvot * (-terms.theta * region3::free_energy_curvature(terms));
-    const T work = ktl_lc.pvot * terms.theta * mixed * mixed;
-    const T softness = 1.0 / curvature;
-    y.cp = y.cv + work * softness;
-    y.w2 = 1.0e5 * ktl_lc.pca * ktl_lc.vca * terms.ex * terms.ex * (curvature + work / y.cv);
-    y.dvdt = -ktl_lc.vca / ktl_lc.tca * mixed * softness;
-    y.dvdp = -ktl_lc.vca / ktl_lc.pca * softness;
+    y.dpdv = -ktl_lc.pca / ktl_lc.vca * region3::free_energy_volume_curvature(terms);
+    y.dpdt = -ktl_lc.pca / ktl_lc.tca * region3::free_energy_mixed(terms);
+    return y;
+}
+
+/// At the critical point, where dp/dv is zero, cp, dvdt and dvdp are infinite.
+template <class T>
+Thermo<T> from_isochoric(const Isochoric<T>& s) {
+    const T softness = 1.0 / s.dpdv;
+    const T work = kilojoules * (s.t + ktl_lc.tza) * s.dpdt * s.dpdt;
+    Thermo<T> y;
+    y.p = s.p;
+    y.t = s.t;
+    y.v = s.v;
+    y.h = s.h;
+    y.s = s.s;
+    y.cp = s.cv - work * softness;
+    y.cv = s.cv;
+    y.w2 = 1.0e5 * s.v * s.v * (work / s.cv - s.dpdv);
+    y.dvdt = -s.dpdt * softness;
+    y.dvdp = softness;
     return y;
 }
 

@@ -28,31 +28,24 @@ LinePoint<T> line_at(const T& t) {
 /// line, and properties brought onto the line to first order.
 template <Body body, class T>
 struct Side {
-    decltype(terms_of<body>(T(), T())) terms;
-    T first, t, off, along;
+    decltype(body_at<body>(T(), T())) y;
+    T off, along;
 
-    Side(const LinePoint<T>& line, const T& at_first, const T& at_t)
-        : terms(terms_of<body>(at_first, at_t)), first(at_first), t(at_t) {
+    Side(const LinePoint<T>& line, const T& first, const T& t) : y(body_at<body>(first, t)) {
         if constexpr (body == Body::near_critical) {
-            const Slopes<T> p = slopes<body, Quantity::pressure>(terms, first, t);
-            const T softness = 1.0 / p.by_first;
-            off = (line.p - p.y) * softness;
-            along = (line.slope - p.by_t) * softness;
+            const T softness = 1.0 / y.dpdv;
+            off = (line.p - y.p) * softness;
+            along = (line.slope - y.dpdt) * softness;
         } else {
             off = T(0.0);
             along = line.slope;
         }
     }
 
-    /// The property on the line and its slope along it.
-    template <Quantity Y>
-    Step<T> property() const {
-        if constexpr (body == Body::near_critical && Y == Quantity::volume)
-            return {first + off, along};
-        else {
-            const Slopes<T> y = slopes<body, Y>(terms, first, t);
-            return {y.y + y.by_first * off, y.by_t + y.by_first * along};
-        }
+    /// The property on the line and its slope along it, as Step's t.
+    [[nodiscard]] Step<T> property(Quantity quantity) const {
+        const Slopes<T> z = slopes(quantity, y);
+        return {z.y + z.by_first * off, z.by_t + z.by_first * along};
     }
 };
 
@@ -96,9 +89,8 @@ struct Phases {
     Phases(const LinePoint<T>& line, const Mixed<T>& m)
         : water(line, high ? m.liquid : line.p, m.t), steam(line, high ? m.vapour : line.p, m.t) {}
 
-    template <Quantity Y>
-    Blend<T> blend() const {
-        return {water.template property<Y>(), steam.template property<Y>()};
+    [[nodiscard]] Blend<T> blend(Quantity quantity) const {
+        return {water.property(quantity), steam.property(quantity)};
     }
 
     /// Moves the state by dt along the line; tells whether that was little, as 1 or 0.
@@ -123,13 +115,13 @@ void settle(Mixed<T>& m) {
 }
 
 /// Newton for the temperature of the mixture with A = a and B = b, from the guesses in m.
-template <bool high, Quantity A, Quantity B, class T>
-void mix(Mixed<T>& m, const T& a, const T& b) {
+template <bool high, class T>
+void mix(Mixed<T>& m, Quantities given, const T& a, const T& b) {
     m.converged = T(0.0);
     for (int pass = 0; pass < most_passes; ++pass) {
         const Phases<high, T> phases(line_at(m.t), m);
-        const Blend<T> y = phases.template blend<A>();
-        const Blend<T> z = phases.template blend<B>();
+        const Blend<T> y = phases.blend(given.a);
+        const Blend<T> z = phases.blend(given.b);
         const T x = y.quality(a);
         const T dxdt = -y.along(x) / y.by_quality();
         const T dt = (b - z.at(x)) / (z.along(x) + dxdt * z.by_quality());
@@ -140,15 +132,15 @@ void mix(Mixed<T>& m, const T& a, const T& b) {
     settle<high>(m);
 }
 
-/// Newton for the temperature of the mixture of quality x with Y = value.
-template <bool high, Quantity Y, class T>
-void mix_of_quality(Mixed<T>& m, const T& value, const T& x) {
+/// Newton for the temperature of the mixture of quality x with the given entropy.
+template <bool high, class T>
+void mix_of_quality(Mixed<T>& m, const T& entropy, const T& x) {
     m.converged = T(0.0);
     m.x = x;
     for (int pass = 0; pass < most_passes; ++pass) {
         const Phases<high, T> phases(line_at(m.t), m);
-        const Blend<T> y = phases.template blend<Y>();
-        m.converged = phases.move(m, (value - y.at(x)) / y.along(x));
+        const Blend<T> y = phases.blend(Quantity::entropy);
+        m.converged = phases.move(m, (entropy - y.at(x)) / y.along(x));
         if (all_set(m.converged)) break;
     }
     settle<high>(m);

@@ -75,6 +75,11 @@ Place place_near_critical(const FoundState& state, Phases source) {
     if (!inside) return Place::outside;
     if (state.t > ktl_lc.tc) return Place::inside;
     const Saturated phases = saturated_at(std::max(state.t, std::nextafter(ktl_lc.t3min, ktl_lc.tc)), source);
+    if (source == Phases::outermost) {
+        const bool within =
+            state.first > phases.liquid * (1.0 + rounding) && state.first < phases.steam * (1.0 - rounding);
+        return within ? Place::outside : Place::inside;
+    }
     // The saturated volume of water is only as good as the tolerance of the entry.
     const bool compressed = state.first < ktl_lc.vca && pressure >= phases.p * (1.0 - 1.0e-8);
     const bool belongs = state.region == KTL_NEAR_CRITICAL_STEAM ? state.first >= phases.steam

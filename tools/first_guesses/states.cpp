@@ -26,7 +26,7 @@ double State::operator()(char letter) const {
 Thermo<double> phase(Region region, double first, double t) {
     if (region == Region::water) return ktl::engine::from_gibbs(ktl::region1::terms(first, t), first, t);
     if (region == Region::steam) return ktl::engine::from_gibbs(ktl::region2::terms(first, t), first, t);
-    return ktl::engine::from_helmholtz(first, t);
+    return ktl::engine::from_isochoric(ktl::engine::isochoric(first, t));
 }
 
 State single(Region region, double first, double t) {

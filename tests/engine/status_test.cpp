@@ -1,0 +1,123 @@
+// What ktl::state() says of values that name no state, and that it bears any value.
+#include "support/random.hpp"
+
+#include <bit>
+#include <cmath>
+#include <gtest/gtest.h>
+#include <iterator>
+#include <ktl/ktlftn.h>
+#include <ktl/steam.hpp>
+#include <limits>
+
+namespace {
+
+using ktl::Pair;
+using ktl::Region;
+using ktl::State;
+using ktl::Status;
+constexpr double infinity = std::numeric_limits<double>::infinity();
+const double none = std::nan("");
+
+TEST(Statuses, NameTheLimit) {
+    struct Row {
+        Pair pair;
+        double a, b;
+        Status status;
+    };
+    const Row rows[] = {
+        {Pair::pt, none, 100.0, Status::not_a_number},
+        {Pair::hs, 1000.0, infinity, Status::not_a_number},
+        {Pair::pt, 0.006, 100.0, Status::pressure_low},
+        {Pair::pt, 1000.1, 100.0, Status::pressure_high},
+        {Pair::pt, 1000.0 * (1.0 + 1e-10), 100.0, Status::solved},
+        {Pair::pt, 1.0, 0.0, Status::temperature_low},
+        {Pair::pt, 1.0, 800.1, Status::temperature_high},
+        {Pair::ph, -1.0, 100.0, Status::pressure_low},
+        {Pair::ph, 1.0, -10.0, Status::temperature_low},
+        {Pair::ps, 1.0, 20.0, Status::temperature_high},
+        {Pair::pv, 1.0, 1.0e300, Status::temperature_high},
+        {Pair::pv, 1.0, 0.0009, Status::no_state}, // less than at any temperature
+        {Pair::tv, 900.0, 1.0, Status::temperature_high},
+        {Pair::tv, 100.0, 1.0e6, Status::pressure_low},
+        {Pair::tv, 100.0, 0.0, Status::pressure_high},
+        {Pair::tv, 400.0, -1.0, Status::pressure_high},
+        {Pair::ts, 500.0, 0.0, Status::pressure_high},
+        {Pair::tu, 200.0, -1.0e300, Status::pressure_high},
+        {Pair::th, 320.0, 1000.0, Status::no_state}, // less than at any pressure
+        {Pair::px, 1.0, -0.01, Status::quality_low},
+        {Pair::px, 1.0, 1.01, Status::quality_high},
+        {Pair::px, 221.3, 0.5, Status::above_critical},
+        {Pair::tx, 374.2, 0.5, Status::above_critical},
+        {Pair::tx, 0.0, 0.5, Status::temperature_low},
+        {Pair::sx, 5.0, 2.0, Status::quality_high},
+        {Pair::sx, 20.0, 0.5, Status::no_state},
+        {Pair::hs, 1.0e4, 5.0, Status::no_state},
+        {Pair::vu, -1.0, 100.0, Status::no_state},
+        {static_cast<Pair>(200), 1.0, 100.0, Status::no_state},
+    };
+    for (const Row& row : rows) {
+        const State found = ktl::state(row.pair, row.a, row.b);
+        EXPECT_EQ(found.status(), row.status) << static_cast<int>(row.pair) << ": " << row.a << ", " << row.b;
+        EXPECT_EQ(ktl::states(row.pair, row.a, row.b), found ? 1 : 0);
+    }
+}
+
+TEST(Statuses, PressureAndTemperatureChooseTheRegion) {
+    struct Row {
+        double p, t;
+        Status status;
+        Region region;
+    };
+    const double p100 = ktl_pt(100.0);
+    const double p360 = ktl_pt(360.0);
+    const Row rows[] = {
+        {p100, 100.0, Status::undetermined, Region::wet},
+        {p100 * (1.0 + 2e-8), 100.0, Status::solved, Region::water},
+        {p100 * (1.0 - 2e-8), 100.0, Status::solved, Region::steam},
+        {p360, 360.0, Status::undetermined, Region::wet_near_critical},
+        {p360 * (1.0 + 2e-8), 360.0, Status::solved, Region::near_critical_water},
+        {p360 * (1.0 - 2e-8), 360.0, Status::solved, Region::near_critical_steam},
+        {175.0, 360.0, Status::solved, Region::steam},
+        {221.2, 374.15, Status::undetermined, Region::wet_near_critical},
+        {1000.0, 350.0, Status::solved, Region::water},
+        {1000.0, 374.15, Status::solved, Region::near_critical_water},
+        {1000.0, 374.16, Status::solved, Region::near_critical_steam},
+        {1000.0, 800.0, Status::solved, Region::steam},
+    };
+    for (const Row& row : rows) {
+        const State found = ktl::state(Pair::pt, row.p, row.t);
+        EXPECT_EQ(found.status(), row.status) << row.p << ", " << row.t;
+        EXPECT_EQ(found.region(), row.region) << row.p << ", " << row.t;
+        EXPECT_NEAR(found.p(), row.p, 1e-8 * row.p);
+        EXPECT_EQ(found.t(), row.t);
+        EXPECT_EQ(std::isnan(found.v()), !found);
+        EXPECT_EQ(found.status() == Status::undetermined, found.liquid().v() < found.vapour().v() + 1e-12);
+    }
+}
+
+/// Any two bit patterns, and any near the range: a state has both values, anything else has none.
+TEST(Statuses, AnyBitsAreBorne) {
+    ktl::test::Random random(1);
+    const double limits[] = {0.0,         -0.0,        0.01,   350.0,  374.15, 590.0,  800.0,
+                             0.006112444, 165.3512406, 221.2,  1000.0, 1e300,  -1e300, 5e-324,
+                             0.0013147,   0.00317,     2107.4, 4.443,  1.0,    9.2,    -1e-9};
+    const auto value = [&] {
+        switch (random.below(3)) {
+        case 0: return std::bit_cast<double>(random.bits());
+        case 1: return limits[random.below(std::size(limits))];
+        default: return std::exp(random.between(-8.0, 8.0));
+        }
+    };
+    for (int n = 0; n < 20000; ++n) {
+        const auto pair = static_cast<Pair>(random.below(18));
+        const double a = value();
+        const double b = value();
+        const State found = ktl::state(pair, a, b, static_cast<int>(random.below(5)) - 1);
+        const bool stands = found.status() == Status::solved;
+        EXPECT_EQ(std::isfinite(found.v()) && std::isfinite(found.h()) && std::isfinite(found.s()), stands)
+            << static_cast<int>(pair) << ": " << a << ", " << b;
+        EXPECT_LE(ktl::states(pair, a, b), 3);
+    }
+}
+
+} // namespace
