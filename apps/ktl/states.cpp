@@ -14,24 +14,6 @@ bool wet(double region) {
            region == static_cast<double>(ktl::Region::wet_near_critical);
 }
 
-/// Property of one saturated phase.
-double of_phase(const ktl::Phase& phase, ktl::Property id) {
-    switch (id) {
-    case ktl::Property::cp: return phase.cp();
-    case ktl::Property::cv: return phase.cv();
-    case ktl::Property::speed_of_sound: return phase.speed_of_sound();
-    case ktl::Property::isentropic_exponent: return phase.isentropic_exponent();
-    case ktl::Property::compressibility: return phase.compressibility();
-    case ktl::Property::expansion: return phase.expansion();
-    case ktl::Property::joule_thomson: return phase.joule_thomson();
-    case ktl::Property::viscosity: return phase.viscosity();
-    case ktl::Property::kinematic_viscosity: return phase.kinematic_viscosity();
-    case ktl::Property::conductivity: return phase.conductivity();
-    case ktl::Property::prandtl: return phase.prandtl();
-    default: return std::numeric_limits<double>::quiet_NaN();
-    }
-}
-
 } // namespace
 
 States::States(const Pair& pair, const Properties& wanted) : pair_(&pair), wanted_(&wanted) {
@@ -77,7 +59,7 @@ double States::value(std::size_t row, std::size_t number) const {
     double value = columns_[number][row];
     if (property.one_phase && mixed(row) && (quality_of(row) == 0.0 || quality_of(row) == 1.0)) {
         const ktl::State state = ktl::state(pair_->id, first_[row], second_[row]);
-        value = of_phase(quality_of(row) == 0.0 ? state.liquid() : state.vapour(), property.id);
+        value = (quality_of(row) == 0.0 ? state.liquid() : state.vapour()).get(property.id);
     }
     return property.factor * value;
 }

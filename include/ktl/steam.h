@@ -144,6 +144,9 @@ KTL_API int ktl_state_number(int pair, double a, double b, int number, struct kt
 KTL_API double ktl_saturation_pressure(double t);
 KTL_API double ktl_saturation_temperature(double p);
 KTL_API double ktl_saturation_dpdt(double t);
+/* The same for columns of n values. */
+KTL_API void ktl_saturation_pressures(const double* t, double* p, size_t n);
+KTL_API void ktl_saturation_temperatures(const double* p, double* t, size_t n);
 /* The point of the line with both phases. Returns its status. */
 KTL_API int ktl_saturation_at_temperature(double t, struct ktl_saturation* point);
 KTL_API int ktl_saturation_at_pressure(double p, struct ktl_saturation* point);

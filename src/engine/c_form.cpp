@@ -129,6 +129,13 @@ double ktl_saturation_pressure(double t) { return saturation_pressure(t); }
 double ktl_saturation_temperature(double p) { return saturation_temperature(p); }
 double ktl_saturation_dpdt(double t) { return saturation_slope(t); }
 
+void ktl_saturation_pressures(const double* t, double* p, size_t n) {
+    if (t != nullptr && p != nullptr) saturation_pressure({t, n}, {p, n});
+}
+void ktl_saturation_temperatures(const double* p, double* t, size_t n) {
+    if (p != nullptr && t != nullptr) saturation_temperature({p, n}, {t, n});
+}
+
 int ktl_saturation_at_temperature(double t, ktl_saturation* point) {
     return hand_over(saturation_at_temperature(t), point);
 }

@@ -14,55 +14,9 @@ namespace {
 using namespace ktl;
 using test::same_bits;
 
-constexpr std::array<double ktl_phase::*, 20> of_phase{&ktl_phase::p,
-                                                       &ktl_phase::t,
-                                                       &ktl_phase::v,
-                                                       &ktl_phase::rho,
-                                                       &ktl_phase::h,
-                                                       &ktl_phase::s,
-                                                       &ktl_phase::u,
-                                                       &ktl_phase::gibbs,
-                                                       &ktl_phase::helmholtz,
-                                                       &ktl_phase::cp,
-                                                       &ktl_phase::cv,
-                                                       &ktl_phase::speed_of_sound,
-                                                       &ktl_phase::expansion,
-                                                       &ktl_phase::isentropic_exponent,
-                                                       &ktl_phase::viscosity,
-                                                       &ktl_phase::compressibility,
-                                                       &ktl_phase::prandtl,
-                                                       &ktl_phase::joule_thomson,
-                                                       &ktl_phase::conductivity,
-                                                       &ktl_phase::kinematic_viscosity};
-
-void expect_equal(const ktl_phase& c, const Phase& phase) {
-    const std::array<double, 20> values{phase.p(),
-                                        phase.t(),
-                                        phase.v(),
-                                        phase.rho(),
-                                        phase.h(),
-                                        phase.s(),
-                                        phase.u(),
-                                        phase.gibbs(),
-                                        phase.helmholtz(),
-                                        phase.cp(),
-                                        phase.cv(),
-                                        phase.speed_of_sound(),
-                                        phase.expansion(),
-                                        phase.isentropic_exponent(),
-                                        phase.viscosity(),
-                                        phase.compressibility(),
-                                        phase.prandtl(),
-                                        phase.joule_thomson(),
-                                        phase.conductivity(),
-                                        phase.kinematic_viscosity()};
-    for (std::size_t i = 0; i < values.size(); ++i) EXPECT_TRUE(same_bits(c.*of_phase[i], values[i])) << i;
-    EXPECT_EQ(c.region, static_cast<int>(phase.region()));
-}
-
-void expect_equal(const ktl_state& c, const State& s) {
-    EXPECT_EQ(c.status, static_cast<int>(s.status()));
-    EXPECT_EQ(c.region, static_cast<int>(s.region()));
+/// The members that a phase and a state in C share, in the order of Property, against those of C++.
+template <class C, class Cpp>
+void expect_members(const C& c, const Cpp& cpp, double x) {
     const std::array<double, property_count> values{c.p,
                                                     c.t,
                                                     c.v,
@@ -70,7 +24,7 @@ void expect_equal(const ktl_state& c, const State& s) {
                                                     c.h,
                                                     c.s,
                                                     c.u,
-                                                    c.x,
+                                                    x,
                                                     c.gibbs,
                                                     c.helmholtz,
                                                     double(c.region),
@@ -86,7 +40,14 @@ void expect_equal(const ktl_state& c, const State& s) {
                                                     c.conductivity,
                                                     c.prandtl};
     for (std::size_t y = 0; y < property_count; ++y)
-        EXPECT_TRUE(same_bits(values[y], s.get(static_cast<Property>(y)))) << y;
+        EXPECT_TRUE(same_bits(values[y], cpp.get(static_cast<Property>(y)))) << y;
+}
+
+void expect_equal(const ktl_phase& c, const Phase& phase) { expect_members(c, phase, std::nan("")); }
+
+void expect_equal(const ktl_state& c, const State& s) {
+    EXPECT_EQ(c.status, static_cast<int>(s.status()));
+    expect_members(c, s, c.x);
     expect_equal(c.liquid, s.liquid());
     expect_equal(c.vapour, s.vapour());
 }
@@ -151,6 +112,22 @@ TEST(Saturation, PressureTemperatureAndSlopeBelongTogether) {
         EXPECT_TRUE(test::within(test::named("t at ", p), at.t, t, 1e-9));
         EXPECT_TRUE(same_bits(c.dpdt, saturation_slope(t)) && same_bits(c.dpdt, ktl_saturation_dpdt(t)));
         EXPECT_TRUE(at.liquid.v() <= at.vapour.v() && at.liquid.h() <= at.vapour.h()) << t;
+    }
+}
+
+TEST(Saturation, ColumnsHaveTheBitsOfSingleCalls) {
+    test::Random random(5);
+    for (std::size_t n = 0; n < 40; ++n) {
+        std::vector<double> given(n), p(n + 1, -1.0), t(n + 1, -1.0);
+        for (double& value : given)
+            value = random.below(4) == 0 ? std::bit_cast<double>(random.bits()) : random.between(0.0, 400.0);
+        ktl_saturation_pressures(given.data(), p.data(), n);
+        ktl_saturation_temperatures(given.data(), t.data(), n);
+        for (std::size_t i = 0; i < n; ++i)
+            EXPECT_TRUE(same_bits(p[i], saturation_pressure(given[i])) &&
+                        same_bits(t[i], saturation_temperature(given[i])))
+                << given[i];
+        EXPECT_TRUE(p[n] == -1.0 && t[n] == -1.0);
     }
 }
 
