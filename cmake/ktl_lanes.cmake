@@ -1,5 +1,5 @@
-# The vector kernels of the engine. They need the headers of Highway; without them, or on another kind of machine, the
-# engine runs one number at a time, with the same bits.
+# The kernels of the engine: for one number at a time, and for vector lanes. Lanes need the headers of Highway; without
+# them, or on another kind of machine, the engine runs one number at a time, with the same bits.
 #
 # Each set of kernels has the flags of its instructions. They are optimised in every build type, so that no inline
 # function of the standard library is left in them as a copy that another file might be linked to.
@@ -14,16 +14,28 @@ option(KTL_VECTOR_LANES "Build the vector kernels for AVX2 and AVX-512 (needs th
 set(ktl_avx2_flags -mavx2 -mfma -mbmi -mbmi2 -mf16c -maes -mpclmul)
 set(ktl_avx512_flags ${ktl_avx2_flags} -mavx512f -mavx512cd -mavx512vl -mavx512dq -mavx512bw)
 
-# ktl_lanes(target): the vector kernels, where they are built.
-function(ktl_lanes target)
-    set(kernels engine/kernels_scalar.cpp)
+# ktl_kernels: their objects, which the shared and the static library share.
+function(ktl_add_kernels)
+    add_library(ktl_kernels OBJECT ${CMAKE_CURRENT_SOURCE_DIR}/engine/kernels_scalar.cpp)
+    ktl_target(ktl_kernels)
+    target_include_directories(ktl_kernels PRIVATE ${CMAKE_CURRENT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/include)
+    target_compile_options(ktl_kernels PRIVATE -O3 -fno-math-errno)
+    set_target_properties(ktl_kernels PROPERTIES POSITION_INDEPENDENT_CODE ON CXX_VISIBILITY_PRESET hidden
+                                                 VISIBILITY_INLINES_HIDDEN ON)
     if(KTL_VECTOR_LANES)
-        list(APPEND kernels engine/kernels_avx2.cpp engine/kernels_avx512.cpp)
-        set_source_files_properties(engine/kernels_avx2.cpp PROPERTIES COMPILE_OPTIONS "${ktl_avx2_flags}")
-        set_source_files_properties(engine/kernels_avx512.cpp PROPERTIES COMPILE_OPTIONS "${ktl_avx512_flags}")
-        target_include_directories(${target} SYSTEM PRIVATE ${KTL_HIGHWAY_INCLUDE_DIR})
+        foreach(set IN ITEMS avx2 avx512)
+            target_sources(ktl_kernels PRIVATE ${CMAKE_CURRENT_SOURCE_DIR}/engine/kernels_${set}.cpp)
+            set_source_files_properties(engine/kernels_${set}.cpp PROPERTIES COMPILE_OPTIONS "${ktl_${set}_flags}")
+        endforeach()
+        target_include_directories(ktl_kernels SYSTEM PRIVATE ${KTL_HIGHWAY_INCLUDE_DIR})
+        target_compile_definitions(ktl_kernels PRIVATE KTL_LANES)
+    endif()
+endfunction()
+
+# ktl_use_kernels(target): links them in, and tells the choice among them which there are.
+function(ktl_use_kernels target)
+    target_sources(${target} PRIVATE $<TARGET_OBJECTS:ktl_kernels>)
+    if(KTL_VECTOR_LANES)
         target_compile_definitions(${target} PRIVATE KTL_LANES)
     endif()
-    set_property(SOURCE ${kernels} APPEND PROPERTY COMPILE_OPTIONS -O3 -fno-math-errno)
-    target_sources(${target} PRIVATE ${kernels})
 endfunction()

@@ -3,6 +3,7 @@
 #include "front/constants.hpp"
 #include <algorithm>
 #include <cmath>
+#include <cstdio>
 
 namespace sweep {
 
@@ -141,6 +142,14 @@ std::uint64_t Random::next() {
     z = (z ^ (z >> 27)) * 0x94d049bb133111ebU;
     return z ^ (z >> 31);
 }
+void silence_reports() {
+    constexpr int silent_unit = 99;
+    ktl_connect_unit(silent_unit, std::fopen("/dev/null", "w"));
+    ktlerr.iunit = silent_unit;
+    ktlerr.nprer = 0;
+    ktlerr.maxer = 2147483647;
+}
+
 double Random::uniform(double low, double high) {
     return low + (high - low) * static_cast<double>(next() >> 11) * 0x1.0p-53;
 }
@@ -167,7 +176,9 @@ bool suits(int region, const Values& got) {
     case KTL_LIQUID: return got.t <= 350.5 && (got.t > 350.0 || got.p >= ktl_pt(got.t) * (1.0 - 1.0e-6));
     case KTL_STEAM: return got.t > 350.0 || got.p <= ktl_pt(got.t) * (1.0 + 1.0e-7);
     case KTL_NEAR_CRITICAL_STEAM: return got.t > ktl_lc.tc - hair || got.v >= 0.00317 * (1.0 - hair);
-    case KTL_NEAR_CRITICAL_LIQUID: return got.t <= ktl_lc.tc + hair && (got.v <= ktl_lc.vca * (1.0 + hair) || got.p >= ktl_pt(std::min(got.t, ktl_lc.tc)));
+    case KTL_NEAR_CRITICAL_LIQUID:
+        return got.t <= ktl_lc.tc + hair &&
+               (got.v <= ktl_lc.vca * (1.0 + hair) || got.p >= ktl_pt(std::min(got.t, ktl_lc.tc)));
     case KTL_WET_NEAR_CRITICAL: return got.t >= 350.0 && got.x >= 0.0 && got.x <= 1.0;
     case KTL_WET: return got.t <= 350.5 && got.x >= 0.0 && got.x <= 1.0;
     default: return false;

@@ -28,6 +28,9 @@ private:
     std::uint64_t state_;
 };
 
+/// Keeps the reports of the named routines from the terminal, and from stopping the program.
+void silence_reports();
+
 /// Properties of what a finder handed back, as the entry ktlftn evaluates it, but with every quality taken as it
 /// is: the entry reads those up to 1e-6 and from 0.999999 as saturated.
 Values evaluate(int region, double first, double t);

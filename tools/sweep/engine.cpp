@@ -1,5 +1,8 @@
-#include "engine.hpp"
-
+// Sweep of the ktl:: calls over random states of the whole range, in columns and on all processors:
+//
+//   ktl_engine_sweep COUNT [SEED]    solves COUNT states through all pairs and prints a table
+//
+// Exit status 1 where a state is not solved to what ktl::state() promises, or a column differs from ktl::state().
 #include "draw.hpp"
 
 #include <algorithm>
@@ -18,17 +21,16 @@ namespace sweep {
 namespace {
 
 using Member = double Values::*;
-using Getter = double (ktl::State::*)() const;
+using ktl::Property;
 
 /// A pair, its two properties as drawn and as found, the named routine, and the states that it is for.
 struct Row {
     const char* name;
     Member first, second;
-    Getter got_first, got_second;
     ktl_finder find;
     enum Scope { any, single_phase, mixture } scope = any;
 };
-#define KTL_PAIR(a, b) #a #b, &Values::a, &Values::b, &ktl::State::a, &ktl::State::b, ktlr##a##b
+#define KTL_PAIR(a, b) #a #b, &Values::a, &Values::b, ktlr##a##b
 constexpr std::array<Row, ktl::pair_count> rows{{
     {KTL_PAIR(p, t), Row::single_phase},
     {KTL_PAIR(p, h)},
@@ -49,6 +51,10 @@ constexpr std::array<Row, ktl::pair_count> rows{{
     {KTL_PAIR(v, u)},
 }};
 #undef KTL_PAIR
+
+/// What is asked of each state.
+constexpr std::array wanted_properties{Property::p, Property::t, Property::v, Property::h,
+                                       Property::s, Property::u, Property::x, Property::region};
 
 /// What ktl::state() promises: relative; h, s and u near zero against 10 of their units.
 constexpr double promised = 1.0e-10;
@@ -79,48 +85,94 @@ struct Tally {
 };
 using Tallies = std::array<Tally, ktl::pair_count>;
 
-Values values_of(const ktl::State& got) {
-    return {got.p(), got.t(), got.v(), got.h(), got.s(), got.u(), got.two_phase() ? got.x() : -1.0};
-}
+/// One state as the engine found it.
+struct Solved {
+    ktl::Status status;
+    Values values;
+    int region;
+};
+
+/// The columns of one pair over the states of a task.
+class Columns {
+public:
+    void add(const Row& row, const Values& state, bool with_named) {
+        states_.push_back(&state);
+        with_named_.push_back(with_named);
+        a_.push_back(state.*row.first);
+        b_.push_back(state.*row.second);
+    }
+
+    void solve(ktl::Pair pair) {
+        const std::size_t n = a_.size();
+        results_.resize(n * wanted_properties.size());
+        status_.resize(n);
+        std::array<double*, wanted_properties.size()> outputs;
+        for (std::size_t k = 0; k < outputs.size(); ++k) outputs.at(k) = results_.data() + k * n;
+        ktl::batch(pair, a_, b_, wanted_properties, outputs, status_);
+    }
+
+    [[nodiscard]] std::size_t size() const { return a_.size(); }
+    [[nodiscard]] const Values& state(std::size_t i) const { return *states_[i]; }
+    [[nodiscard]] bool with_named(std::size_t i) const { return with_named_[i]; }
+    [[nodiscard]] Solved solved(std::size_t i) const {
+        const auto y = [&](std::size_t k) { return results_[k * a_.size() + i]; };
+        const double x = std::isnan(y(6)) ? -1.0 : y(6);
+        return {status_[i], {y(0), y(1), y(2), y(3), y(4), y(5), x}, static_cast<int>(y(7))};
+    }
+
+    /// True where ktl::state() gives the same bits.
+    [[nodiscard]] bool same_as_state(ktl::Pair pair, std::size_t i) const {
+        const ktl::State one = ktl::state(pair, a_[i], b_[i]);
+        bool same = one.status() == status_[i];
+        for (std::size_t k = 0; k < wanted_properties.size(); ++k) {
+            const double column = results_[k * a_.size() + i];
+            const double single = one.get(wanted_properties.at(k));
+            same = same && (column == single || (std::isnan(column) && std::isnan(single)));
+        }
+        return same;
+    }
+
+private:
+    std::vector<const Values*> states_;
+    std::vector<bool> with_named_;
+    std::vector<double> a_, b_, results_;
+    std::vector<ktl::Status> status_;
+};
 
 /// The named routine's state beside the one found, where both have the given values in the same region.
-void compare(const Row& row, const Values& wanted, const ktl::State& found, Tally& tally) {
+void compare(const Row& row, const Values& wanted, const Solved& found, Tally& tally) {
     // From 373.117 degC on the entry's saturated steam is another root, and with it every mixture.
-    if (found.two_phase() && found.t() > 373.0) return;
+    if (found.values.x >= 0.0 && found.values.t > 373.0) return;
     double first = wanted.*row.first;
     double second = wanted.*row.second;
     const int region = row.find(first, second, 1.0e-8);
-    if (region != static_cast<int>(found.region())) return;
+    if (region != found.region) return;
     const Values named = evaluate(region, first, second);
     const double off = std::fmax(deviation(wanted.*row.first, named.*row.first, row.first),
                                  deviation(wanted.*row.second, named.*row.second, row.second));
     if (!(off <= 1.0e-8)) return;
-    const double apart = std::fmax(std::fabs(named.v / found.v() - 1.0), std::fabs(named.t - found.t()) / 273.15);
+    const double apart =
+        std::fmax(std::fabs(named.v / found.values.v - 1.0), std::fabs(named.t - found.values.t) / 273.15);
     ++tally.compared;
     tally.disagreement = std::fmax(tally.disagreement, apart);
     if (apart > agreement) ++tally.disagree;
 }
 
-void solve(std::size_t pair, const Values& wanted, bool with_named, Tally& tally) {
-    const Row& row = rows.at(pair);
-    if (row.scope != Row::any && (row.scope == Row::mixture) != (wanted.x >= 0.0)) return;
-    const double first = wanted.*row.first;
-    const double second = wanted.*row.second;
-    const ktl::State found = ktl::state(static_cast<ktl::Pair>(pair), first, second);
+void judge(const Row& row, const Values& wanted, const Solved& found, bool with_named, bool same, Tally& tally) {
     ++tally.states;
-    if (row.scope == Row::single_phase && found.status() == ktl::Status::undetermined) {
+    if (row.scope == Row::single_phase && found.status == ktl::Status::undetermined) {
         ++tally.undetermined;
         return;
     }
-    double off = std::fmax(deviation(first, (found.*row.got_first)(), row.first),
-                           deviation(second, (found.*row.got_second)(), row.second));
-    if (!found || !suits(static_cast<int>(found.region()), values_of(found))) off = INFINITY;
+    double off = std::fmax(deviation(wanted.*row.first, found.values.*row.first, row.first),
+                           deviation(wanted.*row.second, found.values.*row.second, row.second));
+    if (found.status != ktl::Status::solved || !suits(found.region, found.values) || !same) off = INFINITY;
     if (!(off <= promised)) {
         if (++tally.unsolved <= 5)
             std::fprintf(stderr,
-                         "%s: %s, region %d, off %.2e: p=%.17g t=%.17g v=%.17g h=%.17g s=%.17g u=%.17g x=%.17g\n",
-                         row.name, ktl::sentence(found.status()), static_cast<int>(found.region()), off, wanted.p,
-                         wanted.t, wanted.v, wanted.h, wanted.s, wanted.u, wanted.x);
+                         "%s: %s, region %d, off %.2e: p=%.17g t=%.17g v=%.17g h=%.17g s=%.17g u=%.17g x=%.17g%s\n",
+                         row.name, ktl::sentence(found.status), found.region, off, wanted.p, wanted.t, wanted.v,
+                         wanted.h, wanted.s, wanted.u, wanted.x, same ? "" : ", other bits than ktl::state()");
     } else if (with_named) {
         compare(row, wanted, found, tally);
     }
@@ -130,14 +182,28 @@ void solve(std::size_t pair, const Values& wanted, bool with_named, Tally& tally
 /// States of one task: all kinds in turn, one in ten between the sides of a border, where p and t are no state.
 void run_task(long task, long count, std::uint64_t seed, Tallies& tallies) {
     Random random(seed + 0x51ed270b9f3c2d17U * static_cast<std::uint64_t>(task + 1));
-    for (long n = 0; n < count; ++n) {
-        const int kind = static_cast<int>(n % (kinds + 1));
-        const bool border = kind == kinds;
-        const Values state = border
-                                 ? draw_at_border(random, static_cast<int>(n / (kinds + 1) % 3), ktl::Phases::outermost)
-                                 : draw(random, kind, ktl::Phases::outermost);
-        for (std::size_t pair = border ? 1 : 0; pair < rows.size(); ++pair)
-            solve(pair, state, n % compared_share == 0, tallies.at(pair));
+    std::vector<Values> states(static_cast<std::size_t>(count));
+    const auto at_border = [](long n) { return n % (kinds + 1) == kinds; };
+    for (long n = 0; n < count; ++n)
+        states[static_cast<std::size_t>(n)] =
+            at_border(n) ? draw_at_border(random, static_cast<int>(n / (kinds + 1) % 3), ktl::Phases::outermost)
+                         : draw(random, static_cast<int>(n % (kinds + 1)), ktl::Phases::outermost);
+    for (std::size_t k = 0; k < rows.size(); ++k) {
+        const Row& row = rows.at(k);
+        const auto pair = static_cast<ktl::Pair>(k);
+        Columns columns;
+        for (long n = 0; n < count; ++n) {
+            const Values& state = states[static_cast<std::size_t>(n)];
+            if (k == 0 && at_border(n)) continue;
+            if (row.scope != Row::any && (row.scope == Row::mixture) != (state.x >= 0.0)) continue;
+            columns.add(row, state, n % compared_share == 0);
+        }
+        columns.solve(pair);
+        for (std::size_t i = 0; i < columns.size(); ++i) {
+            const bool with_named = columns.with_named(i);
+            judge(row, columns.state(i), columns.solved(i), with_named, !with_named || columns.same_as_state(pair, i),
+                  tallies.at(k));
+        }
     }
 }
 
@@ -157,9 +223,7 @@ bool print(const Tallies& tallies) {
     return good;
 }
 
-} // namespace
-
-int sweep_engine(long count, std::uint64_t seed) {
+bool sweep_engine(long count, std::uint64_t seed) {
     const long tasks = (count + states_per_task - 1) / states_per_task;
     std::atomic<long> next{0};
     std::mutex adding;
@@ -174,7 +238,20 @@ int sweep_engine(long count, std::uint64_t seed) {
     std::vector<std::thread> threads(std::max(1U, std::thread::hardware_concurrency()));
     for (std::thread& thread : threads) thread = std::thread(work);
     for (std::thread& thread : threads) thread.join();
-    return print(total) ? EXIT_SUCCESS : EXIT_FAILURE;
+    return print(total);
 }
 
+} // namespace
+
 } // namespace sweep
+
+int main(int argc, char** argv) {
+    const long count = argc > 1 ? std::strtol(argv[1], nullptr, 10) : 0;
+    if (count <= 0) {
+        std::fprintf(stderr, "usage: ktl_engine_sweep COUNT [SEED]\n");
+        return EXIT_FAILURE;
+    }
+    sweep::silence_reports();
+    return sweep::sweep_engine(count, argc > 2 ? std::strtoull(argv[2], nullptr, 10) : 1U) ? EXIT_SUCCESS
+                                                                                           : EXIT_FAILURE;
+}

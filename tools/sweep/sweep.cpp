@@ -3,11 +3,9 @@
 //   ktl_sweep states COUNT [SEED]    solves COUNT states of the range through all finders and prints a table
 //   ktl_sweep borders COUNT [SEED]   the same for values between the two sides of the borders between sub-regions
 //   ktl_sweep refused COUNT [SEED]   offers COUNT pairs that name no state
-//   ktl_sweep engine COUNT [SEED]    solves COUNT states through ktl::state() for all pairs, on all processors
 //
-// Exit status 1 where a finder fails, the known limits of ktlrpt and ktlrph excepted, or ktl::state().
+// Exit status 1 where a finder fails, the known limits of ktlrpt and ktlrph excepted.
 #include "draw.hpp"
-#include "engine.hpp"
 #include "refused.hpp"
 #include "regions/number.hpp"
 
@@ -163,18 +161,12 @@ int sweep_refused(long count, std::uint64_t seed) {
 
 int main(int argc, char** argv) {
     const std::string_view mode = argc > 2 ? argv[1] : "";
-    if (mode != "states" && mode != "borders" && mode != "refused" && mode != "engine") {
-        std::fprintf(stderr, "usage: ktl_sweep states|borders|refused|engine COUNT [SEED]\n");
+    if (mode != "states" && mode != "borders" && mode != "refused") {
+        std::fprintf(stderr, "usage: ktl_sweep states|borders|refused COUNT [SEED]\n");
         return EXIT_FAILURE;
     }
-    std::FILE* nowhere = std::fopen("/dev/null", "w");
-    constexpr int silent_unit = 99;
-    ktl_connect_unit(silent_unit, nowhere);
-    ktlerr.iunit = silent_unit;
-    ktlerr.nprer = 0;
-    ktlerr.maxer = 2147483647;
+    sweep::silence_reports();
     const long count = std::strtol(argv[2], nullptr, 10);
     const std::uint64_t seed = argc > 3 ? std::strtoull(argv[3], nullptr, 10) : 1U;
-    if (mode == "engine") return sweep::sweep_engine(count, seed);
     return mode == "refused" ? sweep_refused(count, seed) : sweep_states(count, seed, mode == "borders");
 }
