@@ -12,17 +12,29 @@
 
 namespace ktl::engine::guesses {
 
+/// Letters of a pair, in the order of the two values.
+template <Pair pair>
+inline constexpr auto letters = [] {
+    constexpr const char* names[pair_count]{"pt", "ph", "ps", "pu", "pv", "px", "tv", "th", "ts",
+                                            "tu", "tx", "sx", "hs", "us", "vh", "vs", "vu"};
+    struct Letters {
+        char a, b;
+    };
+    constexpr const char* word = names[static_cast<std::size_t>(pair)];
+    return Letters{word[0], word[1]};
+}();
+
 /// A row's class: which equations hold for it, and which polynomials start their inversion.
 enum class Class : std::uint8_t {
-    water,             ///< sub-region 1
-    steam_thin,        ///< sub-region 2 up to thin_limit
-    steam,             ///< sub-region 2 between the two others
-    steam_dense,       ///< sub-region 2 below the entropy dense_limit
-    liquid_like,       ///< sub-region 3 below middle_entropy; p, t: below the critical temperature, above ps(t)
-    vapour_like,       ///< sub-region 3 above middle_entropy; p, t: below the critical temperature, below ps(t)
-    supercritical,     ///< p, t alone: sub-region 3 from the critical temperature up
-    wet_liquid,        ///< two phases up to 350 degC, below the entropy wet_limit (pairs without p and t; else none)
-    wet,               ///< two phases up to 350 degC
+    water,         ///< sub-region 1
+    steam_thin,    ///< sub-region 2 up to thin_limit
+    steam,         ///< sub-region 2 between the two others
+    steam_dense,   ///< sub-region 2 below the entropy dense_limit
+    liquid_like,   ///< sub-region 3 below middle_entropy; p, t: below the critical temperature, above ps(t)
+    vapour_like,   ///< sub-region 3 above middle_entropy; p, t: below the critical temperature, below ps(t)
+    supercritical, ///< p, t alone: sub-region 3 from the critical temperature up
+    wet_liquid, ///< two phases up to 350 degC, pairs without p and t: below wet_limit, wet_volume_limit, turning_from
+    wet,        ///< two phases up to 350 degC
     wet_near_critical, ///< two phases above 350 degC
     search,            ///< left to the exact search
 };
@@ -34,6 +46,8 @@ inline constexpr double dense_limit = 5.85;
 inline constexpr double middle_entropy = 4.443;
 inline constexpr double wet_limit = 3.78;
 inline constexpr double wet_volume_limit = 0.01; ///< in place of wet_limit for pairs with v, m3/kg
+/// Between these qualities s may turn along the saturation line, and s, x is left to the search.
+inline constexpr double turning_from = 0.36, turning_to = 0.63;
 /// Lowest temperature of steam at thin_limit, less a trifle.
 inline constexpr double thin_temperature = 250.3;
 
@@ -133,15 +147,21 @@ constexpr T polynomial(const T& u) {
     return unscaled<curve.y>(sum);
 }
 
+/// Where x stands in the interval of the fit, -1 to 1.
+template <const auto& curve, class T>
+constexpr T position(const T& x) {
+    return curve.span(scaled<curve.x>(x));
+}
+
 template <const auto& curve, class T>
 constexpr T value(const T& x) {
-    return polynomial<curve>(curve.span(scaled<curve.x>(x)));
+    return polynomial<curve>(position<curve>(x));
 }
 
 /// y(x), over linear and logarithmic scales held at its end values outside the interval of the fit.
 template <const auto& curve, class T>
 constexpr T held(const T& x) {
-    const T u = curve.span(scaled<curve.x>(x));
+    const T u = position<curve>(x);
     if constexpr (curve.x >= Scale::below_critical_p)
         return polynomial<curve>(u);
     else
@@ -194,6 +214,11 @@ constexpr T beyond_liquid(const T& s) {
     return 1672.0 + z * (624.0 + 68.0 * z);
 }
 
+template <class T>
+constexpr T above(const T& x, double least) {
+    return choose(x > least, x, T(least));
+}
+
 /// For x > 0; a trifle above zero elsewhere.
 template <class T>
 constexpr T cube_root(const T& x) {
@@ -219,18 +244,24 @@ struct Seen {
 };
 
 /// lines: liquid(s), saturated water of the pair; saturation(t), the pressure of the line from 350 degC up; isochore(t),
-/// the pressure at the critical volume.
+/// the pressure at the critical volume; least_volume(p) of water; least_energy(s) of water.
 ///
 /// - h, s and u, s: in a mixture the lines of constant t are nearly tangents of the line of saturated water; t is smooth
 ///   in the root of the depth below it.
+/// - u, s in water: at constant s, u rises with the square of p. p, v in water: under p, v rises with the square of the
+///   distance from the temperature of greatest density. So p and t are smooth in roots.
+/// - s, x: near the critical point s is off its value there by the root of the distance, on either side.
 /// - p, t near the critical point: v is smooth in the cube root of the distance from the saturation pressure, and in the
 ///   density of the model.
 template <class Lines, class T>
 constexpr Seen<T> seen(Pair pair, Class c, const Lines& lines, const T& a, const T& b) {
     if ((pair == Pair::hs || pair == Pair::us) && (c == Class::wet || c == Class::wet_liquid)) {
-        const T depth = (c == Class::wet ? beyond_liquid(b) : lines.liquid(b)) - a;
-        return {choose(depth < least_depth, T(least_depth), depth), b};
+        return {above((c == Class::wet ? beyond_liquid(b) : lines.liquid(b)) - a, least_depth), b};
     }
+    if (pair == Pair::us && c == Class::water) return {above(a - lines.least_energy(b), least_depth), b};
+    if (pair == Pair::pv && c == Class::water) return {a, above(b - lines.least_volume(a), 1.0e-9)};
+    if (pair == Pair::sx) return {(a - middle_entropy) / (1.0 - 2.16 * b), b};
+    if (pair == Pair::us && c == Class::liquid_like) return {across(a, b), b};
     if (pair == Pair::pt && c == Class::liquid_like) return {cube_root(a - lines.saturation(b)), b};
     if (pair == Pair::pt && c == Class::vapour_like) return {cube_root(lines.saturation(b) - a), b};
     if (pair == Pair::pt && c == Class::supercritical) return {model_density(a - lines.isochore(b), b), b};

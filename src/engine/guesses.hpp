@@ -17,18 +17,6 @@
 
 namespace ktl::engine::guesses {
 
-/// Letters of a pair, in the order of the two values.
-template <Pair pair>
-inline constexpr auto letters = [] {
-    constexpr const char* names[pair_count]{"pt", "ph", "ps", "pu", "pv", "px", "tv", "th", "ts",
-                                            "tu", "tx", "sx", "hs", "us", "vh", "vs", "vu"};
-    struct Letters {
-        char a, b;
-    };
-    constexpr const char* word = names[static_cast<std::size_t>(pair)];
-    return Letters{word[0], word[1]};
-}();
-
 /// True of a polynomial that was fitted.
 template <const auto& y>
 inline constexpr bool fitted = !std::is_same_v<decltype(y), const None&>;
@@ -76,15 +64,16 @@ T classify_by_pressure(const T& p, const T& b) {
     return choose(p < ktl_lc.p1, low, high);
 }
 
-/// Pairs of t.
+/// Pairs of t. Enthalpy turns with rising pressure in water, which t, h leaves to the search.
 template <Pair pair, class T>
 T classify_by_temperature(const T& t, const T& b) {
     const auto is = [](Class c) { return number<T>(c); };
+    const T water = is(pair == Pair::th ? Class::search : Class::water);
     const auto steam = choose(t < thin_temperature, is(Class::steam_thin),
                               choose(b > at<pair, Border::thin>(t), is(Class::steam_thin),
                                      choose(b < at<pair, Border::dense>(t), is(Class::steam_dense), is(Class::steam))));
-    const auto low = choose(b < at<pair, Border::liquid>(t), is(Class::water),
-                            choose(b > at<pair, Border::vapour>(t), steam, is(Class::wet)));
+    const auto low =
+        choose(b < at<pair, Border::liquid>(t), water, choose(b > at<pair, Border::vapour>(t), steam, is(Class::wet)));
     const auto under =
         choose(b < at<pair, Border::near_liquid>(t), is(Class::liquid_like),
                choose(b > at<pair, Border::near_vapour>(t), is(Class::vapour_like), is(Class::wet_near_critical)));
@@ -115,10 +104,10 @@ T classify_by_two(const T& a, const T& b) {
     const auto two_phase = choose(q < liquid_end, wet, choose(q < vapour_end, between, wet));
 
     // Steam, liquid-like and vapour-like states part at other curves by s and by v.
+    const T along = position<border<pair, Border::thin>>(q);
     const auto thin = [&](const T& limit) { return choose(y < limit, is(Class::steam_thin), is(Class::steam)); };
-    const auto less_dense = choose(
-        q < border<pair, Border::thin>.span.low(), is(Class::steam),
-        choose(q > border<pair, Border::thin>.span.high(), is(Class::steam_thin), thin(at<pair, Border::thin>(q))));
+    const auto less_dense = choose(along < -1.0, is(Class::steam),
+                                   choose(along > 1.0, is(Class::steam_thin), thin(at<pair, Border::thin>(q))));
     const auto parted = [&](const auto& steam, const auto& near) {
         if constexpr (by_s)
             return choose(q < at<pair, Border::boundary>(across(y, q)), near, steam);
@@ -131,27 +120,14 @@ T classify_by_two(const T& a, const T& b) {
                           choose(q < middle_entropy, is(Class::liquid_like), is(Class::vapour_like)));
         } else {
             const auto side = choose(y < at<pair, Border::middle>(q), is(Class::liquid_like), is(Class::vapour_like));
-            return parted(choose(y < at<pair, Border::dense>(q), is(Class::steam_dense), less_dense),
+            const auto dense = choose(y < at<pair, Border::dense>(q), is(Class::steam_dense), less_dense);
+            return parted(choose(position<border<pair, Border::dense>>(q) < 1.0, dense, less_dense),
                           choose(q < critical, side, is(Class::vapour_like)));
         }
     }();
     const auto one_phase =
         choose(q < liquid_end, choose(y < at<pair, Border::isotherm>(q), is(Class::water), single), single);
     return choose(y < line, two_phase, one_phase);
-}
-
-/// The class of the row, as a whole number; of px, tx and sx, which need none, and p, t, which its own rule divides: wet.
-template <Pair pair, class T>
-T classify(const T& a, const T& b) {
-    constexpr auto given = letters<pair>;
-    if constexpr (!fitted<border<pair, Border::liquid>>)
-        return number<T>(Class::search);
-    else if constexpr (given.a == 'p')
-        return classify_by_pressure<pair>(a, b);
-    else if constexpr (given.a == 't')
-        return classify_by_temperature<pair>(a, b);
-    else
-        return classify_by_two<pair>(a, b);
 }
 
 template <Pair pair>
@@ -170,6 +146,14 @@ struct Lines {
     template <class T>
     constexpr T isochore(const T& t) const {
         return value<isochore_curve>(t);
+    }
+    template <class T>
+    constexpr T least_volume(const T& p) const {
+        return value<least_volume_curve>(p);
+    }
+    template <class T>
+    constexpr T least_energy(const T& s) const {
+        return value<least_energy_curve>(s);
     }
 };
 
@@ -213,6 +197,33 @@ void guess(const T& a, const T& b, T& first, T& t) {
     else
         guess_one<pair, c, Unknown::t>(a, b, t);
     if constexpr (!two_phase(c)) guess_one<pair, c, Unknown::first>(a, b, first);
+}
+
+/// s, x: by the tie line of 350 degC. t rises with s below turning_from, and falls above turning_to.
+template <class T>
+T classify_by_quality(const T& s, const T& x) {
+    const auto is = [](Class c) { return number<T>(c); };
+    constexpr auto& tie = tie_curve;
+    const T high = is(Class::wet_near_critical);
+    const T line = value<tie>(x);
+    return choose(x < turning_from, choose(s > line, high, is(Class::wet_liquid)),
+                  choose(x > turning_to, choose(s < line, high, is(Class::wet)), is(Class::search)));
+}
+
+/// The class of the row, as a whole number; search for p, t, which its own rule divides, and for px and tx.
+template <Pair pair, class T>
+T classify(const T& a, const T& b) {
+    constexpr auto given = letters<pair>;
+    if constexpr (pair == Pair::sx)
+        return classify_by_quality(a, b);
+    else if constexpr (!fitted<border<pair, Border::liquid>>)
+        return number<T>(Class::search);
+    else if constexpr (given.a == 'p')
+        return classify_by_pressure<pair>(a, b);
+    else if constexpr (given.a == 't')
+        return classify_by_temperature<pair>(a, b);
+    else
+        return classify_by_two<pair>(a, b);
 }
 
 /// First guess of a row of class c (not search).

@@ -36,6 +36,7 @@ constexpr auto calls = all_calls(std::make_index_sequence<ktl::pair_count>());
 bool followed(Pair pair, Class where) {
     const char leader = name(pair)[0];
     if (pair == Pair::pt && !guesses::near_critical(where)) return false;
+    if (pair == Pair::tv && guesses::near_critical(where)) return false;
     if (guesses::two_phase(where) && (leader == 'p' || leader == 't')) return false;
     return calls[static_cast<std::size_t>(pair)].guessed[static_cast<std::size_t>(where)];
 }
@@ -63,12 +64,11 @@ Quality check(Pair pair, Class where, std::size_t n, std::uint64_t seed) {
         if (!wet) note(std::fabs(trial.first / state.first - 1.0), q.first_greatest, q.first_rms);
         trial.liquid = guesses::liquid_volume(trial.t);
         trial.vapour = guesses::vapour_volume(trial.t);
-        const auto next = [&] { return wet ? step_wet(region, given, a, b, trial) : step(region, given, a, b, trial); };
-        for (int k = 0; k < 3; ++k) {
-            trial = next();
-            const bool reached = residual(region, given, a, b, trial) <= tolerance;
-            if (k == 1 && reached) q.two += 1.0;
-            if (k == 2 && reached) q.three += 1.0;
+        for (int k = 1; k <= 3; ++k) {
+            trial = step(pair, region, a, b, trial).to;
+            const bool reached = miss(pair, region, a, b, trial) <= tolerance;
+            if (k == 2 && reached) q.two += 1.0;
+            if (k == 3 && reached) q.three += 1.0;
         }
     }
     const double all = static_cast<double>(n), right = all - q.wrong;

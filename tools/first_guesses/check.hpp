@@ -14,7 +14,7 @@ struct Quality {
     double wrong = 0.0;                           ///< share put into another region
 };
 
-/// Residual, relative, that counts as rounding.
+/// Miss that counts as rounding.
 inline constexpr double tolerance = 1.0e-12;
 
 /// True where the class has a guess that Newton steps follow.

@@ -193,8 +193,7 @@ std::string Polynomial::surface_text() const {
     std::ostringstream text;
     text << "{Scale::" << name(shape.a) << ", Scale::" << name(shape.b) << ", Scale::" << name(shape.z) << ", "
          << span_text(a_span) << ", " << span_text(b_span) << ",\n    {";
-    for (std::size_t i = 0; i < shape.na; ++i)
-        text << (i > 0 ? ",\n     " : "") << row_text(c, i * shape.nb, shape.nb);
+    for (std::size_t i = 0; i < shape.na; ++i) text << (i > 0 ? ",\n     " : "") << row_text(c, i * shape.nb, shape.nb);
     text << "}}";
     return text.str();
 }

@@ -39,7 +39,7 @@ std::string surface_type(const Polynomial& y) {
 
 struct Fitted {
     std::map<std::pair<Pair, Border>, Polynomial> borders;
-    Polynomial near_saturation, isochore;
+    Polynomial near_saturation, isochore, least_volume, least_energy;
 };
 
 Polynomial fit_border(Pair pair, const BorderItem& item) {
@@ -64,6 +64,11 @@ void write_borders(std::ostream& out, Fitted& fitted) {
         }
 }
 
+void write_curve(std::ostream& out, const char* what, const Polynomial& y) {
+    out << "inline constexpr " << curve_type(y) << ' ' << what << y.curve_text();
+    note_error(out, y);
+}
+
 /// tsat(p), the saturated volumes of sub-region 3, and what divides it.
 void write_saturation(std::ostream& out, Fitted& fitted) {
     std::vector<Point> temperature, liquid, vapour, pressure, isochore;
@@ -79,17 +84,34 @@ void write_saturation(std::ostream& out, Fitted& fitted) {
         const double above = ktl::ktl_lc.tc + along * (ktl::ktl_lc.t3max - ktl::ktl_lc.tc);
         isochore.push_back({above, 0.0, phase(Region::near_critical_steam, ktl::ktl_lc.vca, above).p});
     }
-    const auto write = [&out](const char* what, const Polynomial& y) {
-        out << "inline constexpr " << curve_type(y) << ' ' << what << y.curve_text();
-        note_error(out, y);
-    };
     fitted.near_saturation = fit(curve(Scale::linear, Scale::linear, 5), pressure);
     fitted.isochore = fit(curve(Scale::linear, Scale::linear, 5), isochore);
-    write("near_saturation_curve", fitted.near_saturation);
-    write("isochore_curve", fitted.isochore);
-    write("saturation_curve", fit(curve(Scale::log, Scale::linear, 11), temperature));
-    write("liquid_volume_curve", fit(curve(Scale::below_critical_t, Scale::log, 12), liquid));
-    write("vapour_volume_curve", fit(curve(Scale::below_critical_t, Scale::log, 12), vapour));
+    write_curve(out, "near_saturation_curve", fitted.near_saturation);
+    write_curve(out, "isochore_curve", fitted.isochore);
+    write_curve(out, "saturation_curve", fit(curve(Scale::log, Scale::linear, 11), temperature));
+    write_curve(out, "liquid_volume_curve", fit(curve(Scale::below_critical_t, Scale::log, 12), liquid));
+    write_curve(out, "vapour_volume_curve", fit(curve(Scale::below_critical_t, Scale::log, 12), vapour));
+}
+
+/// The parabolas v(t) of cold water under p and u(p) of water at s: their least values, beyond the range as well.
+void write_water(std::ostream& out, Fitted& fitted) {
+    std::vector<Point> volume, energy, tie;
+    for (std::size_t k = 0; k < curve_points; ++k) {
+        const double along = static_cast<double>(k) / static_cast<double>(curve_points - 1);
+        const double p = ktl::ktl_lc.pmin + along * (ktl::ktl_lc.pmax - ktl::ktl_lc.pmin);
+        constexpr double cold = 20.0, width = 10.0;
+        const auto slope = [p](double t) { return phase(Region::water, p, t).dvdt; };
+        const double curvature = (slope(cold + width) - slope(cold - width)) / (2.0 * width);
+        volume.push_back({p, 0.0, phase(Region::water, p, cold).v - 0.5 * slope(cold) * slope(cold) / curvature});
+        const auto y = phase(Region::water, saturation_pressure(ktl::ktl_lc.t1 * along), ktl::ktl_lc.t1 * along);
+        energy.push_back({y.s, 0.0, y.h - 100.0 * y.p * y.v - 50.0e5 * (y.p * y.v) * (y.p * y.v) / y.w2});
+        tie.push_back({along, 0.0, mixture(ktl::ktl_lc.t1, along).s});
+    }
+    fitted.least_volume = fit(curve(Scale::linear, Scale::linear, 6), volume);
+    fitted.least_energy = fit(curve(Scale::linear, Scale::linear, 14), energy);
+    write_curve(out, "least_volume_curve", fitted.least_volume);
+    write_curve(out, "least_energy_curve", fitted.least_energy);
+    write_curve(out, "tie_curve", fit(curve(Scale::linear, Scale::linear, 2), tie));
 }
 
 /// The lines as seen() asks for them.
@@ -99,10 +121,12 @@ struct FittedLines {
     [[nodiscard]] double liquid(double s) const { return fitted.borders.at({pair, Border::liquid})(s); }
     [[nodiscard]] double saturation(double t) const { return fitted.near_saturation(t); }
     [[nodiscard]] double isochore(double t) const { return fitted.isochore(t); }
+    [[nodiscard]] double least_volume(double p) const { return fitted.least_volume(p); }
+    [[nodiscard]] double least_energy(double s) const { return fitted.least_energy(s); }
 };
 
-/// Gives each point the weight of a miss: the root of the residual that one Newton step leaves of it, against the median
-/// of all, within bounds.
+/// Gives each point the weight of a miss: the root of what one Newton step leaves of it, against the median of all,
+/// within bounds.
 void weigh(const SurfaceItem& item, const std::vector<State>& states, std::vector<Point>& points) {
     constexpr double bound = 8.0, part = 1.0e-3;
     double low = 1.0e300, high = -1.0e300;
@@ -122,9 +146,7 @@ void weigh(const SurfaceItem& item, const std::vector<State>& states, std::vecto
         double& missed = item.unknown == Unknown::t ? trial.t : trial.first;
         missed = unscaled(item.shape.z, scaled(item.shape.z, missed) + part * (high - low));
         const double a = state(given[0]), b = state(given[1]);
-        const Trial next =
-            state.two_phase() ? step_wet(state.region, given, a, b, trial) : step(state.region, given, a, b, trial);
-        const double left = residual(state.region, given, a, b, next);
+        const double left = miss(item.pair, state.region, a, b, step(item.pair, state.region, a, b, trial).to);
         weights.push_back(std::isfinite(left) ? std::sqrt(left) : 1.0);
     }
     std::vector<double> sorted = weights;
@@ -185,6 +207,7 @@ int main(int count, char** arguments) {
     out << head;
     Fitted fitted;
     write_saturation(out, fitted);
+    write_water(out, fitted);
     write_borders(out, fitted);
     write_surfaces(out, fitted);
     out << "\n} // namespace ktl::engine::guesses\n";

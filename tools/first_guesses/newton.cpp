@@ -1,140 +1,135 @@
 #include "newton.hpp"
 
-#include "regions/saturation.hpp"
+#include "engine/guess_form.hpp"
+#include "engine/scalar.hpp"
+#include "engine/wet.hpp"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
+#include <string_view>
+#include <utility>
 
 namespace first_guesses {
 
-using ktl::ktl_lc;
-using ktl::engine::Thermo;
-
 namespace {
 
-/// A value with its slopes by the unknowns, or, along the saturation line, by t alone.
-struct Slopes {
-    double value, first, t;
-};
+using ktl::Quantity;
+using ktl::engine::Body;
+using ktl::engine::Scalar;
 
-Slopes in_gibbs(char letter, const Thermo<double>& y) {
-    const double kelvin = y.t + ktl_lc.tza;
-    const Slopes h{y.h, 100.0 * (y.v - kelvin * y.dvdt), y.cp};
+constexpr Quantity quantity(char letter) {
     switch (letter) {
-    case 'p': return {y.p, 1.0, 0.0};
-    case 't': return {y.t, 0.0, 1.0};
-    case 'v': return {y.v, y.dvdp, y.dvdt};
-    case 'h': return h;
-    case 's': return {y.s, -100.0 * y.dvdt, y.cp / kelvin};
-    default: return {y.h - 100.0 * y.p * y.v, h.first - 100.0 * (y.v + y.p * y.dvdp), h.t - 100.0 * y.p * y.dvdt};
+    case 'p': return Quantity::pressure;
+    case 't': return Quantity::temperature;
+    case 'v': return Quantity::volume;
+    case 'h': return Quantity::enthalpy;
+    case 's': return Quantity::entropy;
+    default: return Quantity::energy;
     }
 }
+template <Pair pair>
+constexpr Quantity quantity_a = quantity(ktl::engine::guesses::letters<pair>.a);
+template <Pair pair>
+constexpr Quantity quantity_b = quantity(ktl::engine::guesses::letters<pair>.b);
 
-Slopes in_helmholtz(char letter, const Thermo<double>& y) {
-    const double kelvin = y.t + ktl_lc.tza;
-    const double pv = 1.0 / y.dvdp, pt = -y.dvdt / y.dvdp;
-    const Slopes u{y.h - 100.0 * y.p * y.v, 100.0 * (kelvin * pt - y.p), y.cv};
-    switch (letter) {
-    case 'p': return {y.p, pv, pt};
-    case 't': return {y.t, 0.0, 1.0};
-    case 'v': return {y.v, 1.0, 0.0};
-    case 'h': return {y.h, u.first + 100.0 * (y.p + y.v * pv), u.t + 100.0 * y.v * pt};
-    case 's': return {y.s, 100.0 * pt, y.cv / kelvin};
-    default: return u;
+double against(double step, double small) { return std::fabs(step) / small; }
+
+template <Pair pair, Body body>
+Move in_body(double a, double b, const Trial& trial) {
+    const auto d = ktl::engine::step<body, quantity_a<pair>, quantity_b<pair>, Scalar>(a, b, trial.first, trial.t);
+    Move move{trial, std::max(against(d.first.value, ktl::engine::small_first * trial.first),
+                              against(d.t.value, ktl::engine::small_t))};
+    move.to.first += d.first.value;
+    move.to.t += d.t.value;
+    return move;
+}
+
+template <Pair pair, bool high>
+Move in_mixture(double a, double b, const Trial& trial) {
+    ktl::engine::Mixed<Scalar> m{0.0, trial.t, trial.liquid, trial.vapour, 0.0};
+    const ktl::engine::Phases<high, Scalar> phases(ktl::engine::line_at(m.t), m);
+    Scalar dt = 0.0;
+    const auto y = phases.template blend<quantity_a<pair>>();
+    if constexpr (pair == Pair::sx) {
+        dt = (a - y.at(b)) / y.along(b);
+    } else {
+        const auto z = phases.template blend<quantity_b<pair>>();
+        const Scalar x = y.quality(a);
+        const Scalar dxdt = -y.along(x) / y.by_quality();
+        dt = (b - z.at(x)) / (z.along(x) + dxdt * z.by_quality());
     }
+    static_cast<void>(phases.move(m, dt));
+    Move move{{trial.first, m.t.value, m.liquid.value, m.vapour.value}, against(dt.value, ktl::engine::small_t)};
+    if constexpr (high)
+        for (const auto& [from, off] : {std::pair{trial.liquid, phases.water.off}, {trial.vapour, phases.steam.off}})
+            move.length = std::max(move.length, against(off.value, ktl::engine::small_first * from));
+    return move;
 }
 
-bool has(std::string_view given, char letter) { return given.find(letter) != given.npos; }
+using Step = Move (*)(double a, double b, const Trial& trial);
+/// Steps of a pair by region: water, steam, sub-region 3, two phases above 350 degC and below.
+using Steps = std::array<Step, 5>;
 
-/// Both phases at the trial, their volumes carried to the pressure ps(t + dt) of the line: values and slopes by t.
-struct Phases {
-    Thermo<double> liquid, vapour;
-    Slopes liquid_volume, vapour_volume; ///< value: correction of the volume at dt = 0; t: its slope
-    double p, slope;
-};
-
-Phases phases_at(Region region, const Trial& trial) {
-    Phases y{};
-    const auto line = ktl::saturation::terms(trial.t);
-    y.p = line.p;
-    y.slope = line.p * ktl::saturation::log_slope(line) / ktl_lc.tca;
-    const bool low = region == Region::wet;
-    y.liquid = phase(low ? Region::water : Region::near_critical_water, low ? y.p : trial.liquid, trial.t);
-    y.vapour = phase(low ? Region::steam : Region::near_critical_steam, low ? y.p : trial.vapour, trial.t);
-    return y;
+template <Pair pair>
+constexpr Steps steps_of() {
+    if constexpr (pair == Pair::px || pair == Pair::tx)
+        return {};
+    else if constexpr (pair == Pair::pt)
+        return {nullptr, nullptr, in_body<pair, Body::near_critical>, nullptr, nullptr};
+    else if constexpr (pair == Pair::sx)
+        return {nullptr, nullptr, nullptr, in_mixture<pair, true>, in_mixture<pair, false>};
+    else if constexpr (pair >= Pair::hs)
+        return {in_body<pair, Body::water>, in_body<pair, Body::steam>, in_body<pair, Body::near_critical>,
+                in_mixture<pair, true>, in_mixture<pair, false>};
+    else
+        return {in_body<pair, Body::water>, in_body<pair, Body::steam>, in_body<pair, Body::near_critical>, nullptr,
+                nullptr};
 }
+template <std::size_t... k>
+constexpr std::array<Steps, sizeof...(k)> all_steps(std::index_sequence<k...> /*pairs*/) {
+    return {steps_of<static_cast<Pair>(k)>()...};
+}
+constexpr auto steps = all_steps(std::make_index_sequence<ktl::pair_count>());
 
-/// A value of a phase at ps: to first order where its volume is not yet that of ps; its slope along the line.
-Slopes on_line(char letter, Region region, const Thermo<double>& y, double p, double slope) {
-    const Slopes by_p = in_gibbs(letter, y);
-    const double off = region == Region::wet ? 0.0 : p - y.p;
-    return {by_p.value + by_p.first * off, 0.0, by_p.t + by_p.first * slope};
+std::size_t index_of(Region region) {
+    switch (region) {
+    case Region::water: return 0;
+    case Region::steam: return 1;
+    case Region::wet_near_critical: return 3;
+    case Region::wet: return 4;
+    default: return 2;
+    }
 }
 
 } // namespace
 
-Trial step(Region region, std::string_view given, double a, double b, const Trial& trial) {
-    const Thermo<double> y = phase(region, trial.first, trial.t);
-    const bool gibbs = region == Region::water || region == Region::steam;
-    const bool logarithmic = region == Region::steam && !has(given, 'p') && given != "th" && given != "tu";
-    double wanted[2]{a, b};
-    Slopes f[2];
-    for (int k = 0; k < 2; ++k) {
-        const char letter = given[static_cast<std::size_t>(k)];
-        f[k] = gibbs ? in_gibbs(letter, y) : in_helmholtz(letter, y);
-        if (letter == 'v' && region == Region::steam) {
-            f[k].first /= y.v, f[k].t /= y.v;
-            wanted[k] = std::log(wanted[k] / y.v), f[k].value = 0.0;
-        }
-        if (logarithmic) f[k].first *= trial.first;
-    }
-    const double e0 = wanted[0] - f[0].value, e1 = wanted[1] - f[1].value;
-    const double det = f[0].first * f[1].t - f[0].t * f[1].first;
-    const double first = (e0 * f[1].t - e1 * f[0].t) / det, t = (e1 * f[0].first - e0 * f[1].first) / det;
-    return {logarithmic ? trial.first * std::exp(first) : trial.first + first, trial.t + t};
+Move step(Pair pair, Region region, double a, double b, const Trial& trial) {
+    return steps[static_cast<std::size_t>(pair)][index_of(region)](a, b, trial);
 }
 
-Trial step_wet(Region region, std::string_view given, double a, double b, const Trial& trial) {
-    const Phases y = phases_at(region, trial);
-    const auto liquid = [&](char letter) { return on_line(letter, region, y.liquid, y.p, y.slope); };
-    const auto vapour = [&](char letter) { return on_line(letter, region, y.vapour, y.p, y.slope); };
-    // Quality by one value, and its slope by t; then the other value.
-    double x = b, dx = 0.0;
-    if (given[1] != 'x') {
-        const Slopes l = liquid(given[1]), v = vapour(given[1]);
-        x = (b - l.value) / (v.value - l.value);
-        dx = (-l.t - x * (v.t - l.t)) / (v.value - l.value);
-    }
-    const Slopes l = liquid(given[0]), v = vapour(given[0]);
-    const double value = l.value + x * (v.value - l.value);
-    const double slope = l.t + x * (v.t - l.t) + dx * (v.value - l.value);
-    Trial next = trial;
-    const double dt = (a - value) / slope;
-    next.t += dt;
-    next.liquid += y.liquid.dvdp * (y.p + y.slope * dt - y.liquid.p) + y.liquid.dvdt * dt;
-    next.vapour += y.vapour.dvdp * (y.p + y.slope * dt - y.vapour.p) + y.vapour.dvdt * dt;
-    return next;
-}
-
-double residual(Region region, std::string_view given, double a, double b, const Trial& trial) {
+double miss(Pair pair, Region region, double a, double b, const Trial& trial) {
     const auto deviation = [](char letter, double wanted, double found) {
-        const double least = letter == 'h' || letter == 'u' ? 5000.0
-                             : letter == 's'                ? 10.0
-                             : letter == 't'                ? 100.0
-                                                            : 0.0;
-        return std::fabs(found - wanted) / std::max(std::fabs(wanted), least);
+        constexpr std::string_view with_least = "vhsut";
+        constexpr std::array least{0.005, 5000.0, 10.0, 5000.0, 100.0, 0.0};
+        const double floor = least[std::min(with_least.find(letter), with_least.size())];
+        return std::fabs(found - wanted) / std::max(std::fabs(wanted), floor);
     };
+    const auto given = name(pair);
     if (region != Region::wet && region != Region::wet_near_critical) {
         const State found = single(region, trial.first, trial.t);
         return std::max(deviation(given[0], a, found(given[0])), deviation(given[1], b, found(given[1])));
     }
-    const Phases y = phases_at(region, trial);
-    const auto of = [&](char letter, const Thermo<double>& phase) { return in_gibbs(letter, phase).value; };
-    double x = b;
-    if (given[1] != 'x') x = (b - of(given[1], y.liquid)) / (of(given[1], y.vapour) - of(given[1], y.liquid));
-    const double found = of(given[0], y.liquid) + x * (of(given[0], y.vapour) - of(given[0], y.liquid));
-    const double pressures = std::max(deviation('p', y.p, y.liquid.p), deviation('p', y.p, y.vapour.p));
-    return std::max(pressures, deviation(given[0], a, found));
+    const double p = saturation_pressure(trial.t);
+    const bool high = region == Region::wet_near_critical;
+    const State water = single(high ? Region::near_critical_water : Region::water, high ? trial.liquid : p, trial.t);
+    const State steam = single(high ? Region::near_critical_steam : Region::steam, high ? trial.vapour : p, trial.t);
+    // Of s, x the entropy shows the miss, of other pairs the second value.
+    const bool by_x = given[1] == 'x';
+    const double x = by_x ? b : (a - water(given[0])) / (steam(given[0]) - water(given[0]));
+    const char letter = by_x ? given[0] : given[1];
+    const double found = water(letter) + x * (steam(letter) - water(letter));
+    return std::max({deviation(letter, by_x ? a : b, found), deviation('p', p, water.p), deviation('p', p, steam.p)});
 }
 
 } // namespace first_guesses

@@ -1,4 +1,4 @@
-// Newton steps from a first guess, as the inversions make them.
+// Newton steps from a first guess, as the inversions of the engine make them.
 #pragma once
 
 #include "states.hpp"
@@ -11,13 +11,17 @@ struct Trial {
     double liquid = 0.0, vapour = 0.0;
 };
 
-/// One step for a homogeneous phase with both given values; in steam towards s or v by ln p, and towards v by ln v.
-Trial step(Region region, std::string_view given, double a, double b, const Trial& trial);
-/// One step for t of a mixture with two given values among v, h, s, u, x.
-Trial step_wet(Region region, std::string_view given, double a, double b, const Trial& trial);
+/// Where a step leads, and how long it is against one that ends the search.
+struct Move {
+    Trial to;
+    double length;
+};
 
-/// The larger of the two deviations, relative, against at least 5000 kJ/kg, 10 kJ/(kg K), 100 K; above 350 degC in two
-/// phases also that of their pressures.
-double residual(Region region, std::string_view given, double a, double b, const Trial& trial);
+/// One step of the pair's inversion in the region; near the critical point that of steam.
+Move step(Pair pair, Region region, double a, double b, const Trial& trial);
+
+/// How far a trial is from both values, relative, against at least 5000 kJ/kg, 10 kJ/(kg K), 0.005 m3/kg, 100 K; of two
+/// phases above 350 degC also how far their pressures are from that of the saturation line.
+double miss(Pair pair, Region region, double a, double b, const Trial& trial);
 
 } // namespace first_guesses

@@ -137,9 +137,14 @@ Class class_of(Pair pair, const State& state) {
         if (state.s < guesses::dense_limit) return Class::steam_dense;
         return state.p < guesses::thin_limit ? Class::steam_thin : Class::steam;
     case Region::wet:
-        if (given[0] == 'p' || given[0] == 't' || state.s > guesses::wet_limit) return Class::wet;
-        return Class::wet_liquid;
-    case Region::wet_near_critical: return Class::wet_near_critical;
+        if (given[0] == 'p' || given[0] == 't') return Class::wet;
+        if (given[1] == 'x' && state.x > guesses::turning_from && state.x < guesses::turning_to) return Class::search;
+        if (given[1] == 'x') return state.x < guesses::turning_from ? Class::wet_liquid : Class::wet;
+        if (given[0] == 'v') return state.v < guesses::wet_volume_limit ? Class::wet_liquid : Class::wet;
+        return state.s < guesses::wet_limit ? Class::wet_liquid : Class::wet;
+    case Region::wet_near_critical:
+        if (given[1] == 'x' && state.x > guesses::turning_from && state.x < guesses::turning_to) return Class::search;
+        return Class::wet_near_critical;
     default:
         if (pair == Pair::pt && state.t >= ktl_lc.tc) return Class::supercritical;
         if (pair == Pair::pt) return state.v < ktl_lc.vca ? Class::liquid_like : Class::vapour_like;
