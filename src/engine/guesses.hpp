@@ -12,6 +12,7 @@
 #pragma once
 
 #include "engine/guesses_data.hpp"
+#include "regions/saturation.hpp"
 
 #include <type_traits>
 
@@ -64,16 +65,15 @@ T classify_by_pressure(const T& p, const T& b) {
     return choose(p < ktl_lc.p1, low, high);
 }
 
-/// Pairs of t. Enthalpy turns with rising pressure in water, which t, h leaves to the search.
+/// Pairs of t.
 template <Pair pair, class T>
 T classify_by_temperature(const T& t, const T& b) {
     const auto is = [](Class c) { return number<T>(c); };
-    const T water = is(pair == Pair::th ? Class::search : Class::water);
     const auto steam = choose(t < thin_temperature, is(Class::steam_thin),
                               choose(b > at<pair, Border::thin>(t), is(Class::steam_thin),
                                      choose(b < at<pair, Border::dense>(t), is(Class::steam_dense), is(Class::steam))));
-    const auto low =
-        choose(b < at<pair, Border::liquid>(t), water, choose(b > at<pair, Border::vapour>(t), steam, is(Class::wet)));
+    const auto low = choose(b < at<pair, Border::liquid>(t), is(Class::water),
+                            choose(b > at<pair, Border::vapour>(t), steam, is(Class::wet)));
     const auto under =
         choose(b < at<pair, Border::near_liquid>(t), is(Class::liquid_like),
                choose(b > at<pair, Border::near_vapour>(t), is(Class::vapour_like), is(Class::wet_near_critical)));
@@ -196,7 +196,11 @@ void guess(const T& a, const T& b, T& first, T& t) {
         t = saturation_temperature(a);
     else
         guess_one<pair, c, Unknown::t>(a, b, t);
-    if constexpr (!two_phase(c)) guess_one<pair, c, Unknown::first>(a, b, first);
+    if constexpr (pair == Pair::th && c == Class::water)
+        first =
+            saturation::terms(t).p; // enthalpy falls from there, ever less: Newton takes the first pressure that fits
+    else if constexpr (!two_phase(c))
+        guess_one<pair, c, Unknown::first>(a, b, first);
 }
 
 /// s, x: by the tie line of 350 degC. t rises with s below turning_from, and falls above turning_to.

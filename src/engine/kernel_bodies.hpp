@@ -36,8 +36,6 @@ constexpr bool has_pressure(Pair pair) { return pair >= Pair::ph && pair <= Pair
 constexpr bool has_temperature(Pair pair) { return pair >= Pair::tv && pair <= Pair::tx; }
 constexpr bool has_quality(Pair pair) { return pair == Pair::px || pair == Pair::tx || pair == Pair::sx; }
 
-constexpr bool ready(Pair pair) { return pair <= Pair::ps || pair == Pair::hs; }
-
 /// p, t this close to the saturation line, relative in p, leave the quality open.
 inline constexpr double line_width = 1.0e-8;
 /// Temperature from which saturated volumes are left to the exact search, degC.
@@ -294,8 +292,6 @@ template <Pair pair, class T>
             c = classify_pt(x, y);
         else if constexpr (pair == Pair::px || pair == Pair::tx)
             c = classify_mixture<pair>(x, y);
-        else if constexpr (!ready(pair))
-            c = guesses::number<T>(guesses::Class::search);
         else
             c = guesses::classify<pair>(x, y);
         const T numbers = both(abs(x) < largest_value, both(abs(y) < largest_value, T(1.0)));
@@ -308,7 +304,7 @@ template <Pair pair, class T>
     for (std::size_t i = 0; i < n; i += T::count) {
         T first(1.0);
         T t(1.0);
-        if constexpr (ready(pair)) guesses::guess<pair>(c, T::load(a + i), T::load(b + i), first, t);
+        guesses::guess<pair>(c, T::load(a + i), T::load(b + i), first, t);
         first.store(out.first + i);
         t.store(out.t + i);
     }
