@@ -30,8 +30,7 @@ struct Exception {
 };
 constexpr std::array exceptions{
     Exception{Pair::pt, Class::supercritical, {0.93, 0.99, 0.0}},
-    Exception{Pair::pv, Class::water, {0.8, 0.96, 0.01}},
-    Exception{Pair::pv, Class::steam_dense, {0.9, 0.9, 0.015}},
+    Exception{Pair::pv, Class::water, {0.88, 0.96, 0.01}},
     Exception{Pair::tv, Class::water, {0.95, 0.95, 0.04}},
     Exception{Pair::th, Class::liquid_like, {0.65, 0.98, 0.01}},
     Exception{Pair::ts, Class::water, {0.88, 0.94, 0.04}},
@@ -41,14 +40,11 @@ constexpr std::array exceptions{
     Exception{Pair::hs, Class::wet_liquid, {0.75, 0.98, 0.01}},
     Exception{Pair::hs, Class::wet_near_critical, {0.8, 0.97, 0.02}},
     Exception{Pair::us, Class::water, {0.4, 0.85, 0.06}},
-    Exception{Pair::us, Class::liquid_like, {0.6, 0.97, 0.02}},
+    Exception{Pair::us, Class::liquid_like, {0.92, 0.97, 0.02}},
     Exception{Pair::us, Class::wet_near_critical, {0.85, 0.98, 0.02}},
     Exception{Pair::vh, Class::water, {0.95, 0.95, 0.04}},
-    Exception{Pair::vh, Class::steam_dense, {0.9, 0.9, 0.015}},
     Exception{Pair::vs, Class::water, {0.94, 0.94, 0.05}},
-    Exception{Pair::vs, Class::steam_dense, {0.87, 0.9, 0.015}},
     Exception{Pair::vu, Class::water, {0.95, 0.95, 0.05}},
-    Exception{Pair::vu, Class::steam_dense, {0.88, 0.9, 0.015}},
 };
 
 Promise promise(Pair pair, Class where) {

@@ -202,7 +202,7 @@ constexpr T value(const T& a, const T& b) {
     return unscaled<surface.z>(sum);
 }
 
-// ---- What the polynomials of a class see of the two given values -----------------------------------------------------
+// ---- What the polynomials of a class see of the two given values ----------------------------------------------------
 
 /// Least depth below the line of saturated water at which the guess of a mixture begins, kJ/kg.
 inline constexpr double least_depth = 1.0e-6;
@@ -243,16 +243,17 @@ struct Seen {
     T a, b;
 };
 
-/// lines: liquid(s), saturated water of the pair; saturation(t), the pressure of the line from 350 degC up; isochore(t),
-/// the pressure at the critical volume; least_volume(p) of water; least_energy(s) of water.
+/// lines: liquid(s), saturated water of the pair; saturation(t), the pressure of the line from 350 degC up;
+/// isochore(t), the pressure at the critical volume; least_volume(p) and least_energy(s) of water.
 ///
-/// - h, s and u, s: in a mixture the lines of constant t are nearly tangents of the line of saturated water; t is smooth
-///   in the root of the depth below it.
+/// - h, s and u, s: in a mixture the lines of constant t are nearly tangents of the line of saturated water, so that t
+///   is smooth in the root of the depth below it.
 /// - u, s in water: at constant s, u rises with the square of p. p, v in water: under p, v rises with the square of the
 ///   distance from the temperature of greatest density. So p and t are smooth in roots.
-/// - s, x: near the critical point s is off its value there by the root of the distance, on either side.
-/// - p, t near the critical point: v is smooth in the cube root of the distance from the saturation pressure, and in the
-///   density of the model.
+/// - u, s in dense states near the critical point: they fill a narrow strip along u = 600 s.
+/// - s, x: the distance of s from its critical value goes with the root of that of t, and changes sign with x.
+/// - p, t near the critical point: v is smooth in the cube root of the distance from the saturation pressure, and in
+///   the density of the model.
 template <class Lines, class T>
 constexpr Seen<T> seen(Pair pair, Class c, const Lines& lines, const T& a, const T& b) {
     if ((pair == Pair::hs || pair == Pair::us) && (c == Class::wet || c == Class::wet_liquid)) {

@@ -65,7 +65,7 @@ Quality check(Pair pair, Class where, std::size_t n, std::uint64_t seed) {
         trial.liquid = guesses::liquid_volume(trial.t);
         trial.vapour = guesses::vapour_volume(trial.t);
         for (int k = 1; k <= 3; ++k) {
-            trial = step(pair, region, a, b, trial).to;
+            trial = step(pair, region, a, b, trial);
             const bool reached = miss(pair, region, a, b, trial) <= tolerance;
             if (k == 2 && reached) q.two += 1.0;
             if (k == 3 && reached) q.three += 1.0;

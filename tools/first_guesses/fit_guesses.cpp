@@ -146,7 +146,7 @@ void weigh(const SurfaceItem& item, const std::vector<State>& states, std::vecto
         double& missed = item.unknown == Unknown::t ? trial.t : trial.first;
         missed = unscaled(item.shape.z, scaled(item.shape.z, missed) + part * (high - low));
         const double a = state(given[0]), b = state(given[1]);
-        const double left = miss(item.pair, state.region, a, b, step(item.pair, state.region, a, b, trial).to);
+        const double left = miss(item.pair, state.region, a, b, step(item.pair, state.region, a, b, trial));
         weights.push_back(std::isfinite(left) ? std::sqrt(left) : 1.0);
     }
     std::vector<double> sorted = weights;

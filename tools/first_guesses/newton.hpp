@@ -11,16 +11,10 @@ struct Trial {
     double liquid = 0.0, vapour = 0.0;
 };
 
-/// Where a step leads, and how long it is against one that ends the search.
-struct Move {
-    Trial to;
-    double length;
-};
-
 /// One step of the pair's inversion in the region; near the critical point that of steam.
-Move step(Pair pair, Region region, double a, double b, const Trial& trial);
+Trial step(Pair pair, Region region, double a, double b, const Trial& trial);
 
-/// How far a trial is from both values, relative, against at least 5000 kJ/kg, 10 kJ/(kg K), 0.005 m3/kg, 100 K; of two
+/// How far a trial is from both values, relative, against at least 5000 kJ/kg, 10 kJ/(kg K), 0.015 m3/kg, 100 K; of two
 /// phases above 350 degC also how far their pressures are from that of the saturation line.
 double miss(Pair pair, Region region, double a, double b, const Trial& trial);
 

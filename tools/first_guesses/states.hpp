@@ -4,7 +4,6 @@
 #include "engine/guess_form.hpp"
 #include "engine/thermo.hpp"
 
-#include <functional>
 #include <random>
 #include <string_view>
 #include <vector>

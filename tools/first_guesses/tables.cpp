@@ -159,7 +159,7 @@ const std::vector<SurfaceItem> surface_items{
     {Pair::sx, Class::wet, Unknown::t, {linear, linear, linear, 8, 7, 10}},
     {Pair::sx, Class::wet_near_critical, Unknown::t, {linear, linear, linear, 9, 9, 12}},
 
-    {Pair::us, Class::water, Unknown::first, {root, linear, linear, 7, 7, 9}},
+    {Pair::us, Class::water, Unknown::first, {root, linear, linear, 9, 9, 12}},
     {Pair::us, Class::water, Unknown::t, {root, linear, linear, 7, 7, 9}},
     {Pair::us, Class::steam_thin, Unknown::first, {linear, linear, log, 7, 7, 9}},
     {Pair::us, Class::steam_thin, Unknown::t, {linear, linear, linear, 7, 7, 9}},
@@ -168,7 +168,7 @@ const std::vector<SurfaceItem> surface_items{
     {Pair::us, Class::steam_dense, Unknown::first, {linear, linear, log, 7, 7, 9}},
     {Pair::us, Class::steam_dense, Unknown::t, {linear, linear, linear, 7, 7, 9}},
     {Pair::us, Class::liquid_like, Unknown::first, {linear, linear, log, 9, 9, 11}},
-    {Pair::us, Class::liquid_like, Unknown::t, {linear, linear, linear, 9, 9, 11}},
+    {Pair::us, Class::liquid_like, Unknown::t, {linear, linear, linear, 11, 11, 13}},
     {Pair::us, Class::vapour_like, Unknown::first, {linear, linear, log, 8, 8, 10}},
     {Pair::us, Class::vapour_like, Unknown::t, {linear, linear, linear, 8, 8, 10}},
     {Pair::us, Class::wet_liquid, Unknown::t, {root, linear, linear, 8, 8, 10}},
