@@ -19,6 +19,11 @@ inline constexpr double line_rounding = 1.0e-11;
 inline constexpr double overlap_t = 0.15;
 inline constexpr double overlap_p = 0.001;
 
+/// Up to the critical point the top of the two-phase dome is left to the exact search: from this temperature, degC, and
+/// this near to the critical volume, relative.
+inline constexpr double top_of_dome = 374.1;
+inline constexpr double top_width = 0.25;
+
 template <class T>
 T boundary_at(const T& t) {
     return ktl_lc.pca * region2::boundary(T((t + ktl_lc.tza) * (1.0 / ktl_lc.tca)));
@@ -48,7 +53,8 @@ T inside_near_critical(const T& v, const T& t, double margin) {
     const T stable = both(region3::free_energy_volume_curvature(terms) > 0.0, T(1.0));
     const T ps = saturation::terms(t).p;
     const T side = choose(v < ktl_lc.vca, both(p >= ps, T(1.0)), both(p <= ps, T(1.0)));
-    const T off_dome = choose(t < ktl_lc.tc, side, T(1.0));
+    const T far = both(abs(v - ktl_lc.vca) > top_width * ktl_lc.vca, side);
+    const T off_dome = choose(t < ktl_lc.tc, choose(t < top_of_dome, side, far), T(1.0));
     const T within =
         both(t >= ktl_lc.t3min + margin * overlap_t, both(t <= ktl_lc.t3max, both(p <= ktl_lc.pmax, T(1.0))));
     return both(p >= boundary_at(t) * (1.0 + margin * overlap_p), within) * stable * off_dome;

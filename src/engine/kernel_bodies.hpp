@@ -38,8 +38,6 @@ constexpr bool has_quality(Pair pair) { return pair == Pair::px || pair == Pair:
 
 /// p, t this close to the saturation line, relative in p, leave the quality open.
 inline constexpr double line_width = 1.0e-8;
-/// Temperature from which saturated volumes are left to the exact search, degC.
-inline constexpr double latest_mixture = 374.1;
 /// Larger values are no states of anything, and would only overflow.
 inline constexpr double largest_value = 1.0e9;
 /// Temperature below which water is left to the exact search in pairs that may name two states there, degC.
@@ -104,7 +102,7 @@ T inside(Pair pair, const Mixed<T>& m, double margin) {
     T in = inside_wet<high>(m.x, m.t) * both(m.x >= (may_be_water ? hardly_steam : 0.0), m.converged);
     if constexpr (high) {
         const T sides = both(m.liquid < ktl_lc.vca, both(m.vapour > ktl_lc.vca, T(1.0)));
-        in = in * sides * both(m.t < latest_mixture, T(1.0));
+        in = in * sides * both(m.t < top_of_dome, T(1.0));
         if (!has_pressure(pair) && !has_temperature(pair))
             in = in * both(m.t > ktl_lc.t3min + margin * overlap_t, T(1.0));
     }
