@@ -6,12 +6,6 @@
 
 namespace ktl::engine {
 
-/// 1 where the condition holds and so does the rest.
-template <class Condition, class T>
-T both(const Condition& condition, const T& rest) {
-    return choose(condition, rest, T(0.0));
-}
-
 /// A state of saturated water or steam may be off the line by rounding.
 inline constexpr double line_rounding = 1.0e-11;
 /// Beside 350 degC and the 2/3 boundary sub-region 3 overlaps its neighbours, which go before it: by less than this,

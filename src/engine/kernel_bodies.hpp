@@ -6,6 +6,14 @@
 #include "engine/kernels.hpp"
 #include "engine/wet.hpp"
 
+// Everything that a kernel calls is brought into it, so that its values stay in registers and what it does not need is
+// left away. Under sanitizers that would be more than compilers can bear.
+#ifdef KTL_SMALL_KERNELS
+#define KTL_FLATTEN
+#else
+#define KTL_FLATTEN [[gnu::flatten]]
+#endif
+
 namespace ktl::engine {
 
 /// The quantities of a pair; what stands for a quality has no meaning.
@@ -83,13 +91,13 @@ void solve_body(Pair pair, const double* a, const double* b, std::size_t n, cons
 
 /// For one pair, and for any.
 template <Pair pair, Body body, class T>
-[[gnu::flatten]] void solve_pair(Pair /*pair*/, const double* a, const double* b, std::size_t n, const Columns& c,
-                                 double margin) {
+KTL_FLATTEN void solve_pair(Pair /*pair*/, const double* a, const double* b, std::size_t n, const Columns& c,
+                            double margin) {
     solve_body<body, T>(pair, a, b, n, c, margin);
 }
 template <Body body, class T>
-[[gnu::flatten]] void solve_any(Pair pair, const double* a, const double* b, std::size_t n, const Columns& c,
-                                double margin) {
+KTL_FLATTEN void solve_any(Pair pair, const double* a, const double* b, std::size_t n, const Columns& c,
+                           double margin) {
     solve_body<body, T>(pair, a, b, n, c, margin);
 }
 
@@ -157,10 +165,7 @@ Mixed<T> off_line(Pair pair, const T& a, const T& b, const T& t) {
         m.liquid = guesses::liquid_volume(t);
         m.vapour = guesses::vapour_volume(t);
     }
-    if (pair == Pair::sx)
-        mix_of_quality<high>(m, a, b);
-    else
-        mix<high>(m, quantities(pair), a, b);
+    mix<high>(m, pair, quantities(pair), a, b);
     return m;
 }
 
@@ -174,15 +179,15 @@ void store(Pair pair, const Mixed<T>& m, const Columns& c, std::size_t i, double
 }
 
 template <bool high, class T>
-[[gnu::flatten]] void solve_on_line(Pair pair, const double* a, const double* b, std::size_t n, const Columns& c,
-                                    double margin) {
+KTL_FLATTEN void solve_on_line(Pair pair, const double* a, const double* b, std::size_t n, const Columns& c,
+                               double margin) {
     for (std::size_t i = 0; i < n; i += T::count)
         store<high>(pair, on_line<high, Depth::variables>(pair, T::load(a + i), T::load(b + i)).m, c, i, margin);
 }
 
 template <bool high, class T>
-[[gnu::flatten]] void solve_off_line(Pair pair, const double* a, const double* b, std::size_t n, const Columns& c,
-                                     double margin) {
+KTL_FLATTEN void solve_off_line(Pair pair, const double* a, const double* b, std::size_t n, const Columns& c,
+                                double margin) {
     for (std::size_t i = 0; i < n; i += T::count)
         store<high>(pair, off_line<high>(pair, T::load(a + i), T::load(b + i), T::load(c.t + i)), c, i, margin);
 }
@@ -229,8 +234,8 @@ void deliver(const Thermo<T>& y, const T& x, std::size_t i, const Property* want
 }
 
 template <Kind kind, Depth depth, class T>
-[[gnu::flatten]] void evaluate(const Columns& states, std::size_t n, const Property* wanted, std::size_t count,
-                               double* const* outputs) {
+KTL_FLATTEN void evaluate(const Columns& states, std::size_t n, const Property* wanted, std::size_t count,
+                          double* const* outputs) {
     for (std::size_t i = 0; i < n; i += T::count) {
         const T x = kind >= Kind::wet ? T::load(states.first + i) : T(not_a_number);
         deliver(cut<depth>(thermo_at<kind, T>(states, i)), x, i, wanted, count, outputs);
@@ -239,8 +244,8 @@ template <Kind kind, Depth depth, class T>
 
 /// Search and evaluation of mixtures in one, where both need the saturated phases at the same place.
 template <bool high, Depth depth, class T>
-[[gnu::flatten]] void mix_and_evaluate(Pair pair, const double* a, const double* b, std::size_t n, const Columns& out,
-                                       const Property* wanted, std::size_t count, double* const* outputs) {
+KTL_FLATTEN void mix_and_evaluate(Pair pair, const double* a, const double* b, std::size_t n, const Columns& out,
+                                  const Property* wanted, std::size_t count, double* const* outputs) {
     for (std::size_t i = 0; i < n; i += T::count) {
         const OnLine<T> y = on_line<high, depth>(pair, T::load(a + i), T::load(b + i));
         store<high>(pair, y.m, out, i, 0.0);
@@ -281,7 +286,7 @@ T classify_mixture(const T& line, const T& x) {
 }
 
 template <Pair pair, class T>
-[[gnu::flatten]] void classify(const double* a, const double* b, std::size_t n, double* classes) {
+KTL_FLATTEN void classify(const double* a, const double* b, std::size_t n, double* classes) {
     for (std::size_t i = 0; i < n; i += T::count) {
         const T x = T::load(a + i);
         const T y = T::load(b + i);
@@ -298,7 +303,7 @@ template <Pair pair, class T>
 }
 
 template <Pair pair, class T>
-[[gnu::flatten]] void guess(guesses::Class c, const double* a, const double* b, std::size_t n, const Columns& out) {
+KTL_FLATTEN void guess(guesses::Class c, const double* a, const double* b, std::size_t n, const Columns& out) {
     for (std::size_t i = 0; i < n; i += T::count) {
         T first(1.0);
         T t(1.0);
@@ -310,7 +315,7 @@ template <Pair pair, class T>
 
 /// y(x) over a column; not-a-number outside the limits.
 template <class T, class Function>
-[[gnu::flatten]] void line(const double* x, std::size_t n, double* y, double low, double high, Function function) {
+KTL_FLATTEN void line(const double* x, std::size_t n, double* y, double low, double high, Function function) {
     for (std::size_t i = 0; i < n; i += T::count) {
         const T given = T::load(x + i);
         const T none(not_a_number);
@@ -393,3 +398,5 @@ constexpr Kernels table(const char* name) {
 }
 
 } // namespace ktl::engine
+
+#undef KTL_FLATTEN

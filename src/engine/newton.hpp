@@ -7,11 +7,20 @@
 
 namespace ktl::engine {
 
-/// A step: what to add to both variables.
+/// A step: what to add to both variables; met is 1 where the state has the given values already, but for rounding.
 template <class T>
 struct Step {
-    T first, t;
+    T first, t, met;
 };
+
+/// 1 where a property is as near to its value as the rounding of the equations lets it be: 4e-12, and about zero
+/// 4e-10 kJ/kg and 1e-12 kJ/(kg K). Where two values fix a state badly, steps never end; there this is the end.
+template <class T>
+T is_met(Quantity quantity, const T& miss, const T& value) {
+    const bool energy = quantity == Quantity::enthalpy || quantity == Quantity::energy;
+    const double least = energy ? 100.0 : (quantity == Quantity::entropy ? 0.25 : 0.0);
+    return both(abs(miss) <= 4.0e-12 * (abs(value) + least), T(1.0));
+}
 
 /// The two given quantities of a pair that has no quality.
 struct Quantities {
@@ -24,27 +33,51 @@ Step<T> step(Quantities given, const State& y, const T& a, const T& b) {
     constexpr Quantity variable = body == Body::near_critical ? Quantity::volume : Quantity::pressure;
     const auto [A, B] = given;
     if (A == variable || B == variable) {
-        const Slopes<T> z = slopes(A == variable ? B : A, y);
-        return {T(0.0), ((A == variable ? b : a) - z.y) / z.by_t};
+        const Quantity sought = A == variable ? B : A;
+        const T& value = A == variable ? b : a;
+        const Slopes<T> z = slopes(sought, y);
+        return {T(0.0), (value - z.y) / z.by_t, is_met(sought, T(value - z.y), value)};
     }
     if (A == Quantity::temperature || B == Quantity::temperature) {
-        const bool first = A == Quantity::temperature;
-        const Slopes<T> z = slopes(first ? B : A, y);
-        return {((first ? b : a) - z.y) / z.by_first, T(0.0)};
+        const Quantity sought = A == Quantity::temperature ? B : A;
+        const T& value = A == Quantity::temperature ? b : a;
+        const Slopes<T> z = slopes(sought, y);
+        return {(value - z.y) / z.by_first, T(0.0), is_met(sought, T(value - z.y), value)};
     }
     const Slopes<T> f = slopes(A, y);
     const Slopes<T> g = slopes(B, y);
     const T scale = 1.0 / (f.by_first * g.by_t - f.by_t * g.by_first);
     const T df = a - f.y;
     const T dg = b - g.y;
-    return {(df * g.by_t - f.by_t * dg) * scale, (f.by_first * dg - df * g.by_first) * scale};
+    return {(df * g.by_t - f.by_t * dg) * scale, (f.by_first * dg - df * g.by_first) * scale,
+            is_met(A, df, a) * is_met(B, dg, b)};
 }
 
-/// A step this small, K, and relative in the first variable, leaves an error far below 1e-12: Newton squares it.
-inline constexpr double small_t = 1.0e-5;
-inline constexpr double small_first = 2.0e-8;
+/// Tells when a Newton search is at its end. Once steps are short each is about the square of the one before, so the
+/// last two foretell the next: it would be size (size / last)^2.
+template <class T>
+struct Pace {
+    static constexpr double short_step = 1.0e-3;
+    double negligible; // relative size of a step that is not worth while
+    T last{0.0};
+
+    /// 1 where the step of that size, relative, is followed by a negligible one; else 0.
+    T ends(const T& size) {
+        const T end = both(size < short_step, both(size * size * size <= negligible * last * last, T(1.0)));
+        last = size;
+        return end;
+    }
+};
+/// What a step of t is relative to, K.
+inline constexpr double scale_of_t = 300.0;
+
+template <class T>
+T larger(const T& a, const T& b) {
+    return choose(a < b, b, a);
+}
+
 /// Passes after which a search gives up; two or three are typical.
-inline constexpr int most_passes = 6;
+inline constexpr int most_passes = 12;
 
 /// Both variables of a search; converged is 1 or 0.
 template <class T>
@@ -56,14 +89,15 @@ struct Found {
 template <Body body, class T>
 Found<T> newton(Quantities given, const T& a, const T& b, const T& first_guess, const T& t_guess) {
     Found<T> x{first_guess, t_guess, T(0.0)};
+    const T per_first = 1.0 / abs(first_guess);
+    Pace<T> pace{.negligible = 1.0e-13};
     for (int pass = 0; pass < most_passes; ++pass) {
         const Step<T> d = step<body>(given, body_at<body>(x.first, x.t), a, b);
         const auto open = x.converged < 0.5;
         x.first = choose(open, x.first + d.first, x.first);
         x.t = choose(open, x.t + d.t, x.t);
-        const T small =
-            choose(abs(d.t) < small_t, choose(abs(d.first) < small_first * x.first, T(1.0), T(0.0)), T(0.0));
-        x.converged = choose(open, small, x.converged);
+        const T end = pace.ends(larger(abs(d.first) * per_first, abs(d.t) * (1.0 / scale_of_t)));
+        x.converged = choose(open, larger(end, d.met), x.converged);
         if (all_set(x.converged)) break;
     }
     return x;

@@ -24,6 +24,12 @@ LinePoint<T> line_at(const T& t) {
     return {terms.p, terms.p * saturation::log_slope(terms) * (1.0 / ktl_lc.tca)};
 }
 
+/// A property of a saturated phase and its slope along the line, by t.
+template <class T>
+struct Along {
+    T y, slope;
+};
+
 /// One saturated phase next to the saturation line: how far its variable is off, the slope of that variable along the
 /// line, and properties brought onto the line to first order.
 template <Body body, class T>
@@ -42,26 +48,31 @@ struct Side {
         }
     }
 
-    /// The property on the line and its slope along it, as Step's t.
-    [[nodiscard]] Step<T> property(Quantity quantity) const {
+    /// How far off it is, relative.
+    [[nodiscard]] T size() const { return abs(off) * (1.0 / ktl_lc.vca); }
+
+    /// The property on the line.
+    [[nodiscard]] Along<T> property(Quantity quantity) const {
         const Slopes<T> z = slopes(quantity, y);
         return {z.y + z.by_first * off, z.by_t + z.by_first * along};
     }
 };
 
+/// Mixtures of hardly any steam hang on their temperature.
+inline constexpr double negligible_of_mixtures = 1.0e-16;
+
 /// Both saturated volumes above 350 degC at a given temperature, from first guesses.
 template <class T>
 Mixed<T> saturated_volumes(const LinePoint<T>& line, const T& t, const T& liquid, const T& vapour) {
     Mixed<T> m{T(0.0), t, liquid, vapour, T(0.0)};
+    Pace<T> pace{.negligible = negligible_of_mixtures};
     for (int pass = 0; pass < most_passes; ++pass) {
         const Side<Body::near_critical, T> water(line, m.liquid, t);
         const Side<Body::near_critical, T> steam(line, m.vapour, t);
         const auto open = m.converged < 0.5;
         m.liquid = choose(open, m.liquid + water.off, m.liquid);
         m.vapour = choose(open, m.vapour + steam.off, m.vapour);
-        const T small = choose(abs(water.off) < small_first * m.liquid,
-                               choose(abs(steam.off) < small_first * m.vapour, T(1.0), T(0.0)), T(0.0));
-        m.converged = choose(open, small, m.converged);
+        m.converged = choose(open, pace.ends(larger(water.size(), steam.size())), m.converged);
         if (all_set(m.converged)) break;
     }
     return m;
@@ -70,12 +81,12 @@ Mixed<T> saturated_volumes(const LinePoint<T>& line, const T& t, const T& liquid
 /// A mixture's property: those of the phases and their slopes along the saturation line.
 template <class T>
 struct Blend {
-    Step<T> water, steam; // value in first, slope in t
+    Along<T> water, steam;
 
-    [[nodiscard]] T at(const T& x) const { return water.first + x * (steam.first - water.first); }
-    [[nodiscard]] T along(const T& x) const { return water.t + x * (steam.t - water.t); }
-    [[nodiscard]] T by_quality() const { return steam.first - water.first; }
-    [[nodiscard]] T quality(const T& value) const { return (value - water.first) / by_quality(); }
+    [[nodiscard]] T at(const T& x) const { return water.y + x * (steam.y - water.y); }
+    [[nodiscard]] T along(const T& x) const { return water.slope + x * (steam.slope - water.slope); }
+    [[nodiscard]] T by_quality() const { return steam.y - water.y; }
+    [[nodiscard]] T quality(const T& value) const { return (value - water.y) / by_quality(); }
 };
 
 /// Both phases beside the line at one temperature: sub-regions 1 and 2 (high false), or sub-region 3 twice.
@@ -93,18 +104,17 @@ struct Phases {
         return {water.property(quantity), steam.property(quantity)};
     }
 
-    /// Moves the state by dt along the line; tells whether that was little, as 1 or 0.
-    T move(Mixed<T>& m, const T& dt) const {
+    /// Moves the state by dt along the line, where it has not converged.
+    void move(Mixed<T>& m, const T& dt, Pace<T>& pace) const {
         const auto open = m.converged < 0.5;
         m.t = choose(open, m.t + dt, m.t);
-        T small = choose(abs(dt) < small_t, T(1.0), T(0.0));
+        T size = abs(dt) * (1.0 / scale_of_t);
         if constexpr (high) {
-            small = choose(abs(water.off) < small_first * m.liquid, small, T(0.0));
-            small = choose(abs(steam.off) < small_first * m.vapour, small, T(0.0));
+            size = larger(size, larger(water.size(), steam.size()));
             m.liquid = choose(open, m.liquid + water.off + water.along * dt, m.liquid);
             m.vapour = choose(open, m.vapour + steam.off + steam.along * dt, m.vapour);
         }
-        return choose(open, small, m.converged);
+        m.converged = choose(open, pace.ends(size), m.converged);
     }
 };
 
@@ -114,33 +124,37 @@ void settle(Mixed<T>& m) {
     if constexpr (!high) m.liquid = m.vapour = saturation::terms(m.t).p;
 }
 
-/// Newton for the temperature of the mixture with A = a and B = b, from the guesses in m.
+/// Newton step of the temperature, along the line, towards the mixture with A = a and B = b; x becomes its quality.
 template <bool high, class T>
-void mix(Mixed<T>& m, Quantities given, const T& a, const T& b) {
-    m.converged = T(0.0);
-    for (int pass = 0; pass < most_passes; ++pass) {
-        const Phases<high, T> phases(line_at(m.t), m);
-        const Blend<T> y = phases.blend(given.a);
-        const Blend<T> z = phases.blend(given.b);
-        const T x = y.quality(a);
-        const T dxdt = -y.along(x) / y.by_quality();
-        const T dt = (b - z.at(x)) / (z.along(x) + dxdt * z.by_quality());
-        m.x = choose(m.converged < 0.5, x + dxdt * dt, m.x);
-        m.converged = phases.move(m, dt);
-        if (all_set(m.converged)) break;
-    }
-    settle<high>(m);
+T step_along(const Phases<high, T>& phases, Quantities given, const T& a, const T& b, T& x) {
+    const Blend<T> y = phases.blend(given.a);
+    const Blend<T> z = phases.blend(given.b);
+    const T now = y.quality(a);
+    const T dxdt = -y.along(now) / y.by_quality();
+    const T dt = (b - z.at(now)) / (z.along(now) + dxdt * z.by_quality());
+    x = now + dxdt * dt;
+    return dt;
 }
 
-/// Newton for the temperature of the mixture of quality x with the given entropy.
+/// The same towards the mixture of quality x with the given entropy.
 template <bool high, class T>
-void mix_of_quality(Mixed<T>& m, const T& entropy, const T& x) {
+T step_of_quality(const Phases<high, T>& phases, const T& entropy, const T& x) {
+    const Blend<T> y = phases.blend(Quantity::entropy);
+    return (entropy - y.at(x)) / y.along(x);
+}
+
+/// Newton for the temperature of the mixture with A = a and B = b, or of the entropy a and the quality b, from the
+/// guesses in m.
+template <bool high, class T>
+void mix(Mixed<T>& m, Pair pair, Quantities given, const T& a, const T& b) {
     m.converged = T(0.0);
-    m.x = x;
+    Pace<T> pace{.negligible = negligible_of_mixtures};
     for (int pass = 0; pass < most_passes; ++pass) {
         const Phases<high, T> phases(line_at(m.t), m);
-        const Blend<T> y = phases.blend(Quantity::entropy);
-        m.converged = phases.move(m, (entropy - y.at(x)) / y.along(x));
+        T x = b;
+        const T dt = pair == Pair::sx ? step_of_quality<high>(phases, a, b) : step_along<high>(phases, given, a, b, x);
+        m.x = choose(m.converged < 0.5, x, m.x);
+        phases.move(m, dt, pace);
         if (all_set(m.converged)) break;
     }
     settle<high>(m);

@@ -39,15 +39,11 @@ template <bool high>
 Trial in_mixture(Pair pair, const Quantities& given, Scalar a, Scalar b, const Trial& trial) {
     ktl::engine::Mixed<Scalar> m{0.0, trial.t, trial.liquid, trial.vapour, 0.0};
     const ktl::engine::Phases<high, Scalar> phases(ktl::engine::line_at(m.t), m);
-    const auto y = phases.blend(given.a);
-    if (pair == Pair::sx) {
-        static_cast<void>(phases.move(m, (a - y.at(b)) / y.along(b)));
-    } else {
-        const auto z = phases.blend(given.b);
-        const Scalar x = y.quality(a);
-        const Scalar dxdt = -y.along(x) / y.by_quality();
-        static_cast<void>(phases.move(m, (b - z.at(x)) / (z.along(x) + dxdt * z.by_quality())));
-    }
+    Scalar x = b;
+    const Scalar dt = pair == Pair::sx ? ktl::engine::step_of_quality<high>(phases, a, b)
+                                       : ktl::engine::step_along<high>(phases, given, a, b, x);
+    ktl::engine::Pace<Scalar> pace{.negligible = 0.0};
+    phases.move(m, dt, pace);
     return {trial.first, m.t.value, m.liquid.value, m.vapour.value};
 }
 
