@@ -38,6 +38,12 @@ T inside_steam(const T& p, const T& t) {
     return both(p <= limit, both(p <= ktl_lc.pmax, within));
 }
 
+/// The equations of sub-region 3 have states of other volumes, negative ones even, that are none of its own.
+template <class T>
+T near_critical_volume(const T& v) {
+    return both(v > 0.99 * ktl_lc.v3min, both(v < 1.01 * ktl_lc.v3max, T(1.0)));
+}
+
 /// Sub-region 3, stable: below the critical temperature either denser than the critical point and above the saturation
 /// pressure or thinner and below it. margin 1 keeps off the overlap with other sub-regions, 0 does not.
 template <class T>
@@ -51,7 +57,7 @@ T inside_near_critical(const T& v, const T& t, double margin) {
     const T off_dome = choose(t < ktl_lc.tc, choose(t < top_of_dome, side, far), T(1.0));
     const T within =
         both(t >= ktl_lc.t3min + margin * overlap_t, both(t <= ktl_lc.t3max, both(p <= ktl_lc.pmax, T(1.0))));
-    return both(p >= boundary_at(t) * (1.0 + margin * overlap_p), within) * stable * off_dome;
+    return both(p >= boundary_at(t) * (1.0 + margin * overlap_p), within) * stable * off_dome * near_critical_volume(v);
 }
 
 /// Two phases up to 350 degC, or above.

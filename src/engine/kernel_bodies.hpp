@@ -110,7 +110,8 @@ T inside(Pair pair, const Mixed<T>& m, double margin) {
     T in = inside_wet<high>(m.x, m.t) * both(m.x >= (may_be_water ? hardly_steam : 0.0), m.converged);
     if constexpr (high) {
         const T sides = both(m.liquid < ktl_lc.vca, both(m.vapour > ktl_lc.vca, T(1.0)));
-        in = in * sides * both(m.t < top_of_dome, T(1.0));
+        in = in * sides * near_critical_volume(m.liquid) * near_critical_volume(m.vapour);
+        in = in * both(m.t < top_of_dome, T(1.0));
         if (!has_pressure(pair) && !has_temperature(pair))
             in = in * both(m.t > ktl_lc.t3min + margin * overlap_t, T(1.0));
     }

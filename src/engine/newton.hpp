@@ -57,7 +57,7 @@ Step<T> step(Quantities given, const State& y, const T& a, const T& b) {
 /// last two foretell the next: it would be size (size / last)^2.
 template <class T>
 struct Pace {
-    static constexpr double short_step = 1.0e-3;
+    static constexpr double short_step = 3.0e-7;
     double negligible; // relative size of a step that is not worth while
     T last{0.0};
 
@@ -93,11 +93,13 @@ Found<T> newton(Quantities given, const T& a, const T& b, const T& first_guess, 
     Pace<T> pace{.negligible = 1.0e-13};
     for (int pass = 0; pass < most_passes; ++pass) {
         const Step<T> d = step<body>(given, body_at<body>(x.first, x.t), a, b);
+        // A state that is met stays: the next step may be noise.
+        x.converged = larger(x.converged, d.met);
         const auto open = x.converged < 0.5;
         x.first = choose(open, x.first + d.first, x.first);
         x.t = choose(open, x.t + d.t, x.t);
         const T end = pace.ends(larger(abs(d.first) * per_first, abs(d.t) * (1.0 / scale_of_t)));
-        x.converged = choose(open, larger(end, d.met), x.converged);
+        x.converged = choose(open, end, x.converged);
         if (all_set(x.converged)) break;
     }
     return x;
