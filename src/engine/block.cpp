@@ -1,5 +1,6 @@
 #include "engine/block.hpp"
 
+#include "engine/pairs.hpp"
 #include "engine/row.hpp"
 #include "engine/state.hpp"
 
@@ -114,7 +115,7 @@ private:
         }
         const auto level = static_cast<std::size_t>(depth);
         const auto number = static_cast<std::size_t>(kind);
-        const bool on_line = pair_ >= Pair::ph && pair_ <= Pair::tx;
+        const bool on_line = has_pressure(pair_) || has_temperature(pair_);
         if (kind >= Kind::wet && on_line) {
             kernels_.mix[number - wet_kind][level](pair_, rows_.a.data(), rows_.b.data(), padded(count), rows_.from(0),
                                                    wanted.data(), used, columns.data());

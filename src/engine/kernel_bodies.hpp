@@ -4,6 +4,7 @@
 
 #include "engine/inside.hpp"
 #include "engine/kernels.hpp"
+#include "engine/pairs.hpp"
 #include "engine/wet.hpp"
 
 // Everything that a kernel calls is brought into it, so that its values stay in registers and what it does not need is
@@ -15,34 +16,6 @@
 #endif
 
 namespace ktl::engine {
-
-/// The quantities of a pair; what stands for a quality has no meaning.
-constexpr Quantities quantities(Pair pair) {
-    using Q = Quantity;
-    constexpr std::array<Quantities, pair_count> all{{
-        {Q::pressure, Q::temperature},
-        {Q::pressure, Q::enthalpy},
-        {Q::pressure, Q::entropy},
-        {Q::pressure, Q::energy},
-        {Q::pressure, Q::volume},
-        {Q::pressure, Q::pressure},
-        {Q::temperature, Q::volume},
-        {Q::temperature, Q::enthalpy},
-        {Q::temperature, Q::entropy},
-        {Q::temperature, Q::energy},
-        {Q::temperature, Q::pressure},
-        {Q::entropy, Q::entropy},
-        {Q::enthalpy, Q::entropy},
-        {Q::energy, Q::entropy},
-        {Q::volume, Q::enthalpy},
-        {Q::volume, Q::entropy},
-        {Q::volume, Q::energy},
-    }};
-    return all[static_cast<std::size_t>(pair)];
-}
-constexpr bool has_pressure(Pair pair) { return pair >= Pair::ph && pair <= Pair::px; }
-constexpr bool has_temperature(Pair pair) { return pair >= Pair::tv && pair <= Pair::tx; }
-constexpr bool has_quality(Pair pair) { return pair == Pair::px || pair == Pair::tx || pair == Pair::sx; }
 
 /// p, t this close to the saturation line, relative in p, leave the quality open.
 inline constexpr double line_width = 1.0e-8;
@@ -254,150 +227,4 @@ KTL_FLATTEN void mix_and_evaluate(Pair pair, const double* a, const double* b, s
     }
 }
 
-// ---- Classes, guesses, saturation line -------------------------------------------------------------------------------
-
-/// The class of p, t, exact but for rounding: states on the saturation line and out of range are left to the search.
-template <class T>
-T classify_pt(const T& p, const T& t) {
-    using guesses::Class;
-    const auto is = [](Class c) { return guesses::number<T>(c); };
-    const T ps = saturation::terms(t).p;
-    const T side = choose(p > ps, is(Class::liquid_like), is(Class::vapour_like));
-    const T near = choose(t < ktl_lc.tc, side, is(Class::supercritical));
-    const T high = choose(t < ktl_lc.t3max, choose(p < boundary_at(t), is(Class::steam), near), is(Class::steam));
-    const T low = choose(p > ps, is(Class::water), is(Class::steam));
-    const T c = choose(t > ktl_lc.t1max, high, low);
-    const T off_line = choose(t > ktl_lc.tc, T(1.0), both(abs(p - ps) > line_width * p, T(1.0)));
-    const T within =
-        both(p >= ktl_lc.pmin, both(p <= ktl_lc.pmax, both(t >= ktl_lc.tmin, both(t <= ktl_lc.tmax, off_line))));
-    return choose(within > 0.5, c, is(Class::search));
-}
-
-/// The class of a mixture by its pressure or temperature and quality.
-template <Pair pair, class T>
-T classify_mixture(const T& line, const T& x) {
-    using guesses::Class;
-    constexpr bool by_p = pair == Pair::px;
-    const auto is = [](Class c) { return guesses::number<T>(c); };
-    const T c = choose(line > (by_p ? ktl_lc.p1 : ktl_lc.t3min), is(Class::wet_near_critical), is(Class::wet));
-    const T mixed = both(x >= 0.0, both(x <= 1.0, T(1.0)));
-    const T on_line =
-        both(line >= (by_p ? ktl_lc.pmin : ktl_lc.tmin), both(line <= (by_p ? ktl_lc.pca : ktl_lc.tc), mixed));
-    return choose(on_line > 0.5, c, is(Class::search));
-}
-
-template <Pair pair, class T>
-KTL_FLATTEN void classify(const double* a, const double* b, std::size_t n, double* classes) {
-    for (std::size_t i = 0; i < n; i += T::count) {
-        const T x = T::load(a + i);
-        const T y = T::load(b + i);
-        T c;
-        if constexpr (pair == Pair::pt)
-            c = classify_pt(x, y);
-        else if constexpr (pair == Pair::px || pair == Pair::tx)
-            c = classify_mixture<pair>(x, y);
-        else
-            c = guesses::classify<pair>(x, y);
-        const T numbers = both(abs(x) < largest_value, both(abs(y) < largest_value, T(1.0)));
-        choose(numbers > 0.5, c, guesses::number<T>(guesses::Class::search)).store(classes + i);
-    }
-}
-
-template <Pair pair, class T>
-KTL_FLATTEN void guess(guesses::Class c, const double* a, const double* b, std::size_t n, const Columns& out) {
-    for (std::size_t i = 0; i < n; i += T::count) {
-        T first(1.0);
-        T t(1.0);
-        guesses::guess<pair>(c, T::load(a + i), T::load(b + i), first, t);
-        first.store(out.first + i);
-        t.store(out.t + i);
-    }
-}
-
-/// y(x) over a column; not-a-number outside the limits.
-template <class T, class Function>
-KTL_FLATTEN void line(const double* x, std::size_t n, double* y, double low, double high, Function function) {
-    for (std::size_t i = 0; i < n; i += T::count) {
-        const T given = T::load(x + i);
-        const T none(not_a_number);
-        choose(given >= low, choose(given <= high, function(given), none), none).store(y + i);
-    }
-}
-template <class T>
-void line_pressure(const double* t, std::size_t n, double* p) {
-    line<T>(t, n, p, ktl_lc.tmin, ktl_lc.tc, [](const T& x) { return saturation::terms(x).p; });
-}
-template <class T>
-void line_slope(const double* t, std::size_t n, double* slope) {
-    line<T>(t, n, slope, ktl_lc.tmin, ktl_lc.tc, [](const T& x) { return line_at(x).slope; });
-}
-template <class T>
-void line_temperature(const double* p, std::size_t n, double* t) {
-    line<T>(p, n, t, ktl_lc.pmin, ktl_lc.pca, [](const T& x) {
-        const T found = saturation::temperature(x); // rounding may put it past an end of the line
-        return choose(found < ktl_lc.tmin, T(ktl_lc.tmin), choose(found > ktl_lc.tc, T(ktl_lc.tc), found));
-    });
-}
-
-// ---- The table -------------------------------------------------------------------------------------------------------
-
-/// The pairs that programs ask most have searches of their own.
-template <Pair pair, Body body, class T>
-constexpr Kernels::Solve solve_kernel() {
-    constexpr bool often = pair == Pair::pt || pair == Pair::ph || pair == Pair::ps;
-    if constexpr (pair == Pair::pt && body != Body::near_critical)
-        return nullptr;
-    else if constexpr (often)
-        return solve_pair<pair, body, T>;
-    else
-        return solve_any<body, T>;
-}
-
-template <Pair pair, class T>
-constexpr std::array<Kernels::Solve, kind_count> solve_kernels() {
-    if constexpr (has_quality(pair) && pair != Pair::sx)
-        return {nullptr, nullptr, nullptr, solve_on_line<false, T>, solve_on_line<true, T>};
-    else if constexpr (has_pressure(pair) || has_temperature(pair))
-        return {solve_kernel<pair, Body::water, T>(), solve_kernel<pair, Body::steam, T>(),
-                solve_kernel<pair, Body::near_critical, T>(), solve_on_line<false, T>, solve_on_line<true, T>};
-    else
-        return {solve_kernel<pair, Body::water, T>(), solve_kernel<pair, Body::steam, T>(),
-                solve_kernel<pair, Body::near_critical, T>(), solve_off_line<false, T>, solve_off_line<true, T>};
-}
-
-template <Kind kind, class T>
-constexpr std::array<Kernels::Evaluate, depth_count> evaluate_kernels() {
-    return {evaluate<kind, Depth::variables, T>, evaluate<kind, Depth::volume, T>, evaluate<kind, Depth::energies, T>,
-            evaluate<kind, Depth::heat_capacity, T>, evaluate<kind, Depth::everything, T>};
-}
-
-template <bool high, class T>
-constexpr std::array<Kernels::Mix, 3> mix_kernels() {
-    return {mix_and_evaluate<high, Depth::variables, T>, mix_and_evaluate<high, Depth::volume, T>,
-            mix_and_evaluate<high, Depth::energies, T>};
-}
-
-template <class T, std::size_t... pair>
-constexpr Kernels table_of(const char* name, std::index_sequence<pair...>) {
-    return {name,
-            T::count,
-            {classify<static_cast<Pair>(pair), T>...},
-            {guess<static_cast<Pair>(pair), T>...},
-            {solve_kernels<static_cast<Pair>(pair), T>()...},
-            {evaluate_kernels<Kind::water, T>(), evaluate_kernels<Kind::steam, T>(),
-             evaluate_kernels<Kind::near_critical, T>(), evaluate_kernels<Kind::wet, T>(),
-             evaluate_kernels<Kind::wet_near_critical, T>()},
-            {mix_kernels<false, T>(), mix_kernels<true, T>()},
-            line_pressure<T>,
-            line_slope<T>,
-            line_temperature<T>};
-}
-
-template <class T>
-constexpr Kernels table(const char* name) {
-    return table_of<T>(name, std::make_index_sequence<pair_count>());
-}
-
 } // namespace ktl::engine
-
-#undef KTL_FLATTEN

@@ -1,4 +1,4 @@
-#include "engine/kernel_bodies.hpp"
+#include "engine/kernel_table.hpp"
 #include "engine/lanes.hpp"
 
 namespace ktl::engine {

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "engine/bodies.hpp"
+#include "engine/pairs.hpp"
 
 namespace ktl::engine {
 
@@ -21,11 +22,6 @@ T is_met(Quantity quantity, const T& miss, const T& value) {
     const double least = energy ? 100.0 : (quantity == Quantity::entropy ? 0.25 : 0.0);
     return both(abs(miss) <= 4.0e-12 * (abs(value) + least), T(1.0));
 }
-
-/// The two given quantities of a pair that has no quality.
-struct Quantities {
-    Quantity a, b;
-};
 
 /// Step towards A = a, B = b at the state y of a sub-region. A quantity that is a variable there stands already.
 template <Body body, class State, class T>

@@ -6,6 +6,7 @@
 // values. Saturated phases above 350 degC are the outermost ones of the isotherm (Phases::outermost).
 #include "engine/solution.hpp"
 
+#include "engine/pairs.hpp"
 #include "regions/curves.hpp"
 #include "regions/dual.hpp"
 #include "searches/curve_search.hpp"
@@ -25,30 +26,22 @@ constexpr Phases outermost = Phases::outermost;
 /// A pressure this close to that of saturation, relative, leaves the quality open.
 constexpr double on_saturation_line = 1.0e-8;
 
-/// What the two given values of a pair are.
+/// How a pair is searched for.
+enum class Search { pressure_temperature, quality, isobar, isotherm, quality_line, isentrope, isochore };
+constexpr Search search_of(Pair pair) {
+    if (pair == Pair::pt) return Search::pressure_temperature;
+    if (pair == Pair::px || pair == Pair::tx) return Search::quality;
+    if (pair == Pair::sx) return Search::quality_line;
+    if (has_pressure(pair)) return Search::isobar;
+    if (has_temperature(pair)) return Search::isotherm;
+    return pair == Pair::hs || pair == Pair::us ? Search::isentrope : Search::isochore;
+}
+
 struct Kind {
-    enum class Search { pressure_temperature, quality, isobar, isotherm, quality_line, isentrope, isochore } search;
+    Search search;
     Quantity first, second; // without meaning for a quality
 };
-constexpr std::array<Kind, pair_count> kinds{{
-    {Kind::Search::pressure_temperature, Quantity::pressure, Quantity::temperature},
-    {Kind::Search::isobar, Quantity::pressure, Quantity::enthalpy},
-    {Kind::Search::isobar, Quantity::pressure, Quantity::entropy},
-    {Kind::Search::isobar, Quantity::pressure, Quantity::energy},
-    {Kind::Search::isobar, Quantity::pressure, Quantity::volume},
-    {Kind::Search::quality, Quantity::pressure, Quantity::pressure},
-    {Kind::Search::isotherm, Quantity::temperature, Quantity::volume},
-    {Kind::Search::isotherm, Quantity::temperature, Quantity::enthalpy},
-    {Kind::Search::isotherm, Quantity::temperature, Quantity::entropy},
-    {Kind::Search::isotherm, Quantity::temperature, Quantity::energy},
-    {Kind::Search::quality, Quantity::temperature, Quantity::temperature},
-    {Kind::Search::quality_line, Quantity::entropy, Quantity::entropy},
-    {Kind::Search::isentrope, Quantity::enthalpy, Quantity::entropy},
-    {Kind::Search::isentrope, Quantity::energy, Quantity::entropy},
-    {Kind::Search::isochore, Quantity::volume, Quantity::enthalpy},
-    {Kind::Search::isochore, Quantity::volume, Quantity::entropy},
-    {Kind::Search::isochore, Quantity::volume, Quantity::energy},
-}};
+Kind kind_of(Pair pair) { return {search_of(pair), quantities(pair).a, quantities(pair).b}; }
 
 Solution failed(Status status) {
     Solution out;
@@ -128,7 +121,7 @@ Status past_end_of_isotherm(Quantity y, double t, double value) {
 }
 
 Solution on_line(const Kind& kind, double a, double b) {
-    const bool isobar = kind.search == Kind::Search::isobar;
+    const bool isobar = kind.search == Search::isobar;
     if (const Status status = isobar ? pressure_within(a) : temperature_within(a); status != Status::solved)
         return failed(status);
     const FoundState end = isobar ? on_isobar(kind.second, a, b, outermost) : on_isotherm(kind.second, a, b, outermost);
@@ -147,13 +140,13 @@ Solution on_quality_line(double s, double x) {
 /// The state that the rule gives.
 Solution first_state(const Kind& kind, double a, double b) {
     switch (kind.search) {
-    case Kind::Search::pressure_temperature: return at_pressure_temperature(a, b);
-    case Kind::Search::quality: return of_quality(kind.first, a, b);
-    case Kind::Search::isobar:
-    case Kind::Search::isotherm: return on_line(kind, a, b);
-    case Kind::Search::quality_line: return on_quality_line(a, b);
-    case Kind::Search::isentrope: return solution(searches::on_isentrope(kind.first, a, b, outermost));
-    case Kind::Search::isochore: break;
+    case Search::pressure_temperature: return at_pressure_temperature(a, b);
+    case Search::quality: return of_quality(kind.first, a, b);
+    case Search::isobar:
+    case Search::isotherm: return on_line(kind, a, b);
+    case Search::quality_line: return on_quality_line(a, b);
+    case Search::isentrope: return solution(searches::on_isentrope(kind.first, a, b, outermost));
+    case Search::isochore: break;
     }
     return solution(searches::on_isochore(kind.second, b, a, outermost));
 }
@@ -180,7 +173,7 @@ struct Several {
 
 /// The mixture and both kinds of water that a line of constant pressure or temperature may have beside the first state.
 void add_others(const Kind& kind, double a, double b, Several& found) {
-    const bool isobar = kind.search == Kind::Search::isobar;
+    const bool isobar = kind.search == Search::isobar;
     const int region = found.states.front().region;
     const bool may_turn = isobar == (kind.second == Quantity::volume) && (region == KTL_LIQUID || region == KTL_WET) &&
                           (isobar || a <= ktl_lc.t1max);
@@ -198,13 +191,13 @@ void add_others(const Kind& kind, double a, double b, Several& found) {
 
 Several all_states(const Kind& kind, double a, double b) {
     Several found;
-    if (kind.search == Kind::Search::quality_line) {
+    if (kind.search == Search::quality_line) {
         if (quality_within(b) == Status::solved)
             found.count = searches::on_quality_line(a, b, outermost, found.states.data(), 3);
         return found;
     }
-    const bool isobar = kind.search == Kind::Search::isobar;
-    if (!isobar && kind.search != Kind::Search::isotherm) return found;
+    const bool isobar = kind.search == Search::isobar;
+    if (!isobar && kind.search != Search::isotherm) return found;
     if ((isobar ? pressure_within(a) : temperature_within(a)) != Status::solved) return found;
     const FoundState first =
         isobar ? on_isobar(kind.second, a, b, outermost) : on_isotherm(kind.second, a, b, outermost);
@@ -213,19 +206,13 @@ Several all_states(const Kind& kind, double a, double b) {
     return found;
 }
 
-const Kind* kind_of(Pair pair) {
-    const auto index = static_cast<std::size_t>(pair);
-    return index < pair_count ? &kinds[index] : nullptr;
-}
-
 } // namespace
 
 Solution search(Pair pair, double a, double b, int number) noexcept {
-    const Kind* kind = kind_of(pair);
-    if (kind == nullptr) return {};
+    if (static_cast<std::size_t>(pair) >= pair_count) return {};
     if (!searches::finite(a, b)) return failed(Status::not_a_number);
-    if (number == 0) return first_state(*kind, a, b);
-    const Several found = all_states(*kind, a, b);
+    if (number == 0) return first_state(kind_of(pair), a, b);
+    const Several found = all_states(kind_of(pair), a, b);
     return number > 0 && number < found.count ? solution(found.states.at(static_cast<std::size_t>(number)))
                                               : Solution{};
 }
@@ -233,7 +220,7 @@ Solution search(Pair pair, double a, double b, int number) noexcept {
 int count_states(Pair pair, double a, double b) noexcept {
     const Solution first = search(pair, a, b, 0);
     if (first.status != Status::solved) return 0;
-    return std::max(1, all_states(*kind_of(pair), a, b).count);
+    return std::max(1, all_states(kind_of(pair), a, b).count);
 }
 
 } // namespace ktl::engine
