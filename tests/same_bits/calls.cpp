@@ -1,5 +1,5 @@
-// A fixed set of 10,000 calls over all regions, named routines and finders, some of them with invalid input. Prints
-// the bits of every result, one call to a line; builds by different compilers must print the same.
+// A fixed set of 10,000 calls over all regions: named routines, finders and ktl:: calls, some of them with invalid
+// input. Prints the bits of every result, one call to a line; builds by different compilers must print the same.
 #include "support/random.hpp"
 
 #include <array>
@@ -8,6 +8,7 @@
 #include <cmath>
 #include <cstdio>
 #include <ktl/ktlftn.h>
+#include <ktl/steam.hpp>
 
 namespace {
 
@@ -93,13 +94,40 @@ void call_solvers(Random& random) {
     }
 }
 
+/// A state of any pair, by the properties of one drawn by pressure and temperature or quality.
+void call_state(Random& random) {
+    const double p = pressure(random);
+    const double t = random.between(0.01, 800.0);
+    const double x = random.between(0.0, 1.0);
+    const bool wet = random.below(3) == 0;
+    const ktl::State drawn = wet ? ktl::state(ktl::Pair::px, p, x) : ktl::state(ktl::Pair::pt, p, t);
+    constexpr const char* names = "ptphpspupvpxtvthtstutxsxhsusvhvsvu";
+    const unsigned pair = random.below(ktl::pair_count);
+    const auto value = [&](char letter) {
+        switch (letter) {
+        case 'p': return drawn.p();
+        case 't': return drawn.t();
+        case 'v': return drawn.v();
+        case 'h': return drawn.h();
+        case 's': return drawn.s();
+        case 'u': return drawn.u();
+        default: return drawn.x();
+        }
+    };
+    const double a = sometimes_invalid(random, value(names[2 * pair]));
+    const double b = sometimes_invalid(random, value(names[2 * pair + 1]));
+    const ktl::State found = ktl::state(static_cast<ktl::Pair>(pair), a, b);
+    std::printf(" %d", static_cast<int>(found.status()));
+    for (unsigned k = 0; k < ktl::property_count; ++k) print(found.get(static_cast<ktl::Property>(k)));
+}
+
 } // namespace
 
 int main() {
     FILE* nowhere = std::fopen("/dev/null", "w");
     for (const int unit : {6, 13}) ktl_connect_unit(unit, nowhere);
     Random random(1967);
-    constexpr unsigned kinds = properties.size() + finders.size() + 2;
+    constexpr unsigned kinds = properties.size() + finders.size() + 3;
     for (int call = 0; call < 10000; ++call) {
         const unsigned kind = random.below(kinds);
         std::printf("%d %u", call, kind);
@@ -107,8 +135,10 @@ int main() {
             call_property(random, kind);
         else if (kind < properties.size() + finders.size())
             call_entry(random, kind - properties.size());
-        else if (kind == kinds - 2)
+        else if (kind == kinds - 3)
             call_saturation(random);
+        else if (kind == kinds - 2)
+            call_state(random);
         else
             call_solvers(random);
         std::printf("\n");
