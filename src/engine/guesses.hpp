@@ -50,37 +50,44 @@ constexpr T vapour_volume(const T& t) {
 /// Pairs of p.
 template <Pair pair, class T>
 T classify_by_pressure(const T& p, const T& b) {
-    const auto is = [](Class c) { return number<T>(c); };
-    const auto steam = choose(p < thin_limit, is(Class::steam_thin),
-                              choose(b < at<pair, Border::dense>(p), is(Class::steam_dense), is(Class::steam)));
-    const auto low = choose(b < at<pair, Border::liquid>(p), is(Class::water),
-                            choose(b > at<pair, Border::vapour>(p), steam, is(Class::wet)));
-    const auto under =
-        choose(b < at<pair, Border::near_liquid>(p), is(Class::liquid_like),
-               choose(b > at<pair, Border::near_vapour>(p), is(Class::vapour_like), is(Class::wet_near_critical)));
-    const auto over = choose(b < at<pair, Border::middle>(p), is(Class::liquid_like), is(Class::vapour_like));
-    const auto near = choose(p < ktl_lc.pca, under, over);
-    const auto high = choose(b < at<pair, Border::isotherm>(p), is(Class::water),
-                             choose(b < at<pair, Border::boundary>(p), near, steam));
-    return choose(p < ktl_lc.p1, low, high);
+    const auto is = [](Class c) { return [c] { return number<T>(c); }; };
+    const auto dense = [&] { return decide(b < at<pair, Border::dense>(p), is(Class::steam_dense), is(Class::steam)); };
+    const auto steam = [&] { return decide(p < thin_limit, is(Class::steam_thin), dense); };
+    const auto above = [&] { return decide(b > at<pair, Border::vapour>(p), steam, is(Class::wet)); };
+    const auto low = [&] { return decide(b < at<pair, Border::liquid>(p), is(Class::water), above); };
+    const auto vapour = [&] {
+        return decide(b > at<pair, Border::near_vapour>(p), is(Class::vapour_like), is(Class::wet_near_critical));
+    };
+    const auto under = [&] { return decide(b < at<pair, Border::near_liquid>(p), is(Class::liquid_like), vapour); };
+    const auto over = [&] {
+        return decide(b < at<pair, Border::middle>(p), is(Class::liquid_like), is(Class::vapour_like));
+    };
+    const auto near = [&] { return decide(p < ktl_lc.pca, under, over); };
+    const auto hot = [&] { return decide(b < at<pair, Border::boundary>(p), near, steam); };
+    const auto high = [&] { return decide(b < at<pair, Border::isotherm>(p), is(Class::water), hot); };
+    return decide(p < ktl_lc.p1, low, high);
 }
 
 /// Pairs of t.
 template <Pair pair, class T>
 T classify_by_temperature(const T& t, const T& b) {
-    const auto is = [](Class c) { return number<T>(c); };
-    const auto steam = choose(t < thin_temperature, is(Class::steam_thin),
-                              choose(b > at<pair, Border::thin>(t), is(Class::steam_thin),
-                                     choose(b < at<pair, Border::dense>(t), is(Class::steam_dense), is(Class::steam))));
-    const auto low = choose(b < at<pair, Border::liquid>(t), is(Class::water),
-                            choose(b > at<pair, Border::vapour>(t), steam, is(Class::wet)));
-    const auto under =
-        choose(b < at<pair, Border::near_liquid>(t), is(Class::liquid_like),
-               choose(b > at<pair, Border::near_vapour>(t), is(Class::vapour_like), is(Class::wet_near_critical)));
-    const auto over = choose(b < at<pair, Border::middle>(t), is(Class::liquid_like), is(Class::vapour_like));
-    const auto near = choose(t < ktl_lc.tc, under, over);
-    const auto high = choose(b < at<pair, Border::boundary>(t), near, steam);
-    return choose(t > ktl_lc.t1, choose(t < ktl_lc.t3max, high, steam), low);
+    const auto is = [](Class c) { return [c] { return number<T>(c); }; };
+    const auto dense = [&] { return decide(b < at<pair, Border::dense>(t), is(Class::steam_dense), is(Class::steam)); };
+    const auto warm = [&] { return decide(b > at<pair, Border::thin>(t), is(Class::steam_thin), dense); };
+    const auto steam = [&] { return decide(t < thin_temperature, is(Class::steam_thin), warm); };
+    const auto above = [&] { return decide(b > at<pair, Border::vapour>(t), steam, is(Class::wet)); };
+    const auto low = [&] { return decide(b < at<pair, Border::liquid>(t), is(Class::water), above); };
+    const auto vapour = [&] {
+        return decide(b > at<pair, Border::near_vapour>(t), is(Class::vapour_like), is(Class::wet_near_critical));
+    };
+    const auto under = [&] { return decide(b < at<pair, Border::near_liquid>(t), is(Class::liquid_like), vapour); };
+    const auto over = [&] {
+        return decide(b < at<pair, Border::middle>(t), is(Class::liquid_like), is(Class::vapour_like));
+    };
+    const auto near = [&] { return decide(t < ktl_lc.tc, under, over); };
+    const auto hot = [&] { return decide(b < at<pair, Border::boundary>(t), near, steam); };
+    const auto high = [&] { return decide(t < ktl_lc.t3max, hot, steam); };
+    return decide(t > ktl_lc.t1, high, low);
 }
 
 /// h, s; u, s and the pairs of v: curves of the energy (v, s: of s) over q = s or v. At given q single phases lie above

@@ -19,6 +19,8 @@ namespace ktl::engine {
 
 /// p, t this close to the saturation line, relative in p, leave the quality open.
 inline constexpr double line_width = 1.0e-8;
+/// A pressure above all of the saturation line up to 350 degC, bar.
+inline constexpr double above_the_line = 166.0;
 /// Larger values are no states of anything, and would only overflow.
 inline constexpr double largest_value = 1.0e9;
 /// Temperature below which water is left to the exact search in pairs that may name two states there, degC.

@@ -14,16 +14,25 @@ template <class T>
 T classify_pt(const T& p, const T& t) {
     using guesses::Class;
     const auto is = [](Class c) { return guesses::number<T>(c); };
-    const T ps = saturation::terms(t).p;
-    const T side = choose(p > ps, is(Class::liquid_like), is(Class::vapour_like));
-    const T near = choose(t < ktl_lc.tc, side, is(Class::supercritical));
-    const T high = choose(t < ktl_lc.t3max, choose(p < boundary_at(t), is(Class::steam), near), is(Class::steam));
-    const T low = choose(p > ps, is(Class::water), is(Class::steam));
-    const T c = choose(t > ktl_lc.t1max, high, low);
-    const T off_line = choose(t > ktl_lc.tc, T(1.0), both(abs(p - ps) > line_width * p, T(1.0)));
+    const auto beside_line = [&](Class above, Class below) {
+        const T ps = saturation::terms(t).p;
+        return choose(abs(p - ps) > line_width * p, choose(p > ps, is(above), is(below)), is(Class::search));
+    };
+    const auto water = [&] { return is(Class::water); };
+    const auto steam = [&] { return is(Class::steam); };
+    const auto low = [&] {
+        return decide(p > above_the_line, water, [&] { return beside_line(Class::water, Class::steam); });
+    };
+    const auto near = [&] {
+        return decide(
+            t > ktl_lc.tc, [&] { return is(Class::supercritical); },
+            [&] { return beside_line(Class::liquid_like, Class::vapour_like); });
+    };
+    const auto middle = [&] { return decide(p < boundary_at(t), steam, near); };
+    const auto high = [&] { return decide(t < ktl_lc.t3max, middle, steam); };
     const T within =
-        both(p >= ktl_lc.pmin, both(p <= ktl_lc.pmax, both(t >= ktl_lc.tmin, both(t <= ktl_lc.tmax, off_line))));
-    return choose(within > 0.5, c, is(Class::search));
+        both(p >= ktl_lc.pmin, both(p <= ktl_lc.pmax, both(t >= ktl_lc.tmin, both(t <= ktl_lc.tmax, T(1.0)))));
+    return choose(within > 0.5, decide(t > ktl_lc.t1max, high, low), is(Class::search));
 }
 
 /// The class of a mixture by its pressure or temperature and quality.

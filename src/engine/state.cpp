@@ -59,7 +59,7 @@ State Access::state(const engine::Solution& found) noexcept {
     return out;
 }
 
-Phase engine::phase_of(Region region, double first, double t) noexcept {
+[[gnu::flatten]] Phase engine::phase_of(Region region, double first, double t) noexcept {
     switch (region) {
     case Region::water: return Access::phase(phase_at<Body::water, Scalar>(first, t), region);
     case Region::steam: return Access::phase(phase_at<Body::steam, Scalar>(first, t), region);

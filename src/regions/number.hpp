@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cmath>
+#include <type_traits>
 
 namespace ktl {
 
@@ -23,6 +24,15 @@ constexpr void count_evaluation() {}
 template <class T>
 constexpr T choose(bool condition, const T& a, const T& b) {
     return condition ? a : b;
+}
+
+/// What a() or b() gives, as the condition tells. One number asks for one of them only, many lanes for both.
+template <class Condition, class A, class B>
+constexpr auto decide(const Condition& condition, A&& a, B&& b) {
+    if constexpr (std::is_same_v<Condition, bool>)
+        return condition ? a() : b();
+    else
+        return choose(condition, a(), b());
 }
 
 /// Polynomial c0 + c1 x + c2 x^2 + ... by Horner's rule, from the highest coefficient down.
