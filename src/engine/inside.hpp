@@ -8,9 +8,8 @@ namespace ktl::engine {
 
 /// A state of saturated water or steam may be off the line by rounding.
 inline constexpr double line_rounding = 1.0e-11;
-/// Beside 350 degC and the 2/3 boundary sub-region 3 overlaps its neighbours, which go before it: by less than this,
-/// in K and relative to the boundary's pressure.
-inline constexpr double overlap_t = 0.15;
+/// Beside the 2/3 boundary sub-region 3 overlaps sub-region 2, which goes before it, by less than this, relative to the
+/// boundary's pressure.
 inline constexpr double overlap_p = 0.001;
 
 /// Up to the critical point the top of the two-phase dome is left to the exact search: from this temperature, degC, and
@@ -45,7 +44,7 @@ T near_critical_volume(const T& v) {
 }
 
 /// Sub-region 3, stable: below the critical temperature either denser than the critical point and above the saturation
-/// pressure or thinner and below it. margin 1 keeps off the overlap with other sub-regions, 0 does not.
+/// pressure or thinner and below it; margin as of Kernels::Solve.
 template <class T>
 T inside_near_critical(const T& v, const T& t, double margin) {
     const auto terms = region3::terms(v, t);
@@ -55,9 +54,9 @@ T inside_near_critical(const T& v, const T& t, double margin) {
     const T side = choose(v < ktl_lc.vca, both(p >= ps, T(1.0)), both(p <= ps, T(1.0)));
     const T far = both(abs(v - ktl_lc.vca) > top_width * ktl_lc.vca, side);
     const T off_dome = choose(t < ktl_lc.tc, choose(t < top_of_dome, side, far), T(1.0));
-    const T within =
-        both(t >= ktl_lc.t3min + margin * overlap_t, both(t <= ktl_lc.t3max, both(p <= ktl_lc.pmax, T(1.0))));
-    return both(p >= boundary_at(t) * (1.0 + margin * overlap_p), within) * stable * off_dome * near_critical_volume(v);
+    const T within = both(t >= ktl_lc.t3min + margin, both(t <= ktl_lc.t3max, both(p <= ktl_lc.pmax, T(1.0))));
+    const double beyond = margin > 0.0 ? 1.0 + overlap_p : 1.0;
+    return both(p >= boundary_at(t) * beyond, within) * stable * off_dome * near_critical_volume(v);
 }
 
 /// Two phases up to 350 degC, or above.

@@ -78,17 +78,22 @@ KTL_FLATTEN void solve_any(Pair pair, const double* a, const double* b, std::siz
 
 // ---- Two phases ------------------------------------------------------------------------------------------------------
 
+/// 1 where a saturated volume is the outermost of those that the isotherm has under the saturation pressure: up to
+/// top_of_dome the guess of it is off by less than 3e-4, and the next volume lies several per cent from it.
+template <class T>
+T is_outermost(const T& v, const T& guessed) {
+    return both(abs(v - guessed) < 1.0e-3 * guessed, T(1.0));
+}
+
 /// 1 where the mixture is stable beyond doubt and the one that the pair's rule takes.
 template <bool high, class T>
 T inside(Pair pair, const Mixed<T>& m, double margin) {
     const bool may_be_water = pair == Pair::pv || pair == Pair::th || pair == Pair::ts || pair == Pair::tu;
     T in = inside_wet<high>(m.x, m.t) * both(m.x >= (may_be_water ? hardly_steam : 0.0), m.converged);
     if constexpr (high) {
-        const T sides = both(m.liquid < ktl_lc.vca, both(m.vapour > ktl_lc.vca, T(1.0)));
-        in = in * sides * near_critical_volume(m.liquid) * near_critical_volume(m.vapour);
-        in = in * both(m.t < top_of_dome, T(1.0));
-        if (!has_pressure(pair) && !has_temperature(pair))
-            in = in * both(m.t > ktl_lc.t3min + margin * overlap_t, T(1.0));
+        in = in * is_outermost(m.liquid, guesses::liquid_volume(m.t));
+        in = in * is_outermost(m.vapour, guesses::vapour_volume(m.t)) * both(m.t < top_of_dome, T(1.0));
+        in = in * both(m.t > ktl_lc.t3min + margin, T(1.0));
     }
     return in;
 }
@@ -106,6 +111,13 @@ struct OnLine {
     Mixed<T> m;
     Thermo<T> bulk;
 };
+/// 1 where the part of the saturation line up to 350 degC, or from there on, has the pressure. The temperature does not
+/// tell: that of a pressure beyond the line may be anything.
+template <bool high, class T>
+T line_has(const T& p) {
+    if constexpr (high) return both(p >= ktl_lc.p1, both(p <= ktl_lc.pca, T(1.0)));
+    return both(p <= ktl_lc.p1, T(1.0));
+}
 /// Where neither quality nor wanted properties take the phases, they are not evaluated.
 template <bool high, Depth depth, class T>
 OnLine<T> on_line(Pair pair, const T& a, const T& b) {
@@ -121,6 +133,7 @@ OnLine<T> on_line(Pair pair, const T& a, const T& b) {
         if (has_temperature(pair)) p = saturation::terms(t).p;
         m = {T(0.0), t, p, p, T(1.0)};
     }
+    if (has_pressure(pair)) m.converged = m.converged * line_has<high>(a);
     if (has_quality(pair) && depth == Depth::variables) {
         const T none(not_a_number);
         m.x = b;
@@ -224,7 +237,7 @@ KTL_FLATTEN void mix_and_evaluate(Pair pair, const double* a, const double* b, s
                                   const Property* wanted, std::size_t count, double* const* outputs) {
     for (std::size_t i = 0; i < n; i += T::count) {
         const OnLine<T> y = on_line<high, depth>(pair, T::load(a + i), T::load(b + i));
-        store<high>(pair, y.m, out, i, 0.0);
+        store<high>(pair, y.m, out, i, margin_of(pair));
         deliver(cut<depth>(y.bulk), y.m.x, i, wanted, count, outputs);
     }
 }

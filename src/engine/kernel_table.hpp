@@ -9,7 +9,7 @@ namespace ktl::engine {
 
 // ---- Classes, guesses, saturation line -------------------------------------------------------------------------------
 
-/// The class of p, t, exact but for rounding: states on the saturation line and out of range are left to the search.
+/// The class of p, t, exact but for rounding: states on the saturation line are left to the search.
 template <class T>
 T classify_pt(const T& p, const T& t) {
     using guesses::Class;
@@ -28,11 +28,10 @@ T classify_pt(const T& p, const T& t) {
             t > ktl_lc.tc, [&] { return is(Class::supercritical); },
             [&] { return beside_line(Class::liquid_like, Class::vapour_like); });
     };
-    const auto middle = [&] { return decide(p < boundary_at(t), steam, near); };
+    // Beside 350 degC the 2/3 boundary leaves the saturation line.
+    const auto middle = [&] { return decide(p < boundary_at(t) * (1.0 - 2.0 * line_width), steam, near); };
     const auto high = [&] { return decide(t < ktl_lc.t3max, middle, steam); };
-    const T within =
-        both(p >= ktl_lc.pmin, both(p <= ktl_lc.pmax, both(t >= ktl_lc.tmin, both(t <= ktl_lc.tmax, T(1.0)))));
-    return choose(within > 0.5, decide(t > ktl_lc.t1max, high, low), is(Class::search));
+    return decide(t > ktl_lc.t1max, high, low);
 }
 
 /// The class of a mixture by its pressure or temperature and quality.
@@ -42,10 +41,25 @@ T classify_mixture(const T& line, const T& x) {
     constexpr bool by_p = pair == Pair::px;
     const auto is = [](Class c) { return guesses::number<T>(c); };
     const T c = choose(line > (by_p ? ktl_lc.p1 : ktl_lc.t3min), is(Class::wet_near_critical), is(Class::wet));
-    const T mixed = both(x >= 0.0, both(x <= 1.0, T(1.0)));
-    const T on_line =
-        both(line >= (by_p ? ktl_lc.pmin : ktl_lc.tmin), both(line <= (by_p ? ktl_lc.pca : ktl_lc.tc), mixed));
-    return choose(on_line > 0.5, c, is(Class::search));
+    const T mixed = both(x >= 0.0, both(x <= 1.0, both(line <= (by_p ? ktl_lc.pca : ktl_lc.tc), T(1.0))));
+    return choose(mixed > 0.5, c, is(Class::search));
+}
+
+/// 1 where a given pressure and temperature lie in the range and other values are numbers that a state may have; what is
+/// not goes to the search, which tells why.
+template <Pair pair, class T>
+T in_range(const T& a, const T& b) {
+    const auto number = [](const T& y) { return both(abs(y) < largest_value, T(1.0)); };
+    const auto pressure = [](const T& p) { return both(p >= ktl_lc.pmin, both(p <= ktl_lc.pmax, T(1.0))); };
+    const auto temperature = [](const T& t) { return both(t >= ktl_lc.tmin, both(t <= ktl_lc.tmax, T(1.0))); };
+    if constexpr (pair == Pair::pt)
+        return pressure(a) * temperature(b);
+    else if constexpr (has_pressure(pair))
+        return pressure(a) * number(b);
+    else if constexpr (has_temperature(pair))
+        return temperature(a) * number(b);
+    else
+        return number(a) * number(b);
 }
 
 template <Pair pair, class T>
@@ -60,8 +74,7 @@ KTL_FLATTEN void classify(const double* a, const double* b, std::size_t n, doubl
             c = classify_mixture<pair>(x, y);
         else
             c = guesses::classify<pair>(x, y);
-        const T numbers = both(abs(x) < largest_value, both(abs(y) < largest_value, T(1.0)));
-        choose(numbers > 0.5, c, guesses::number<T>(guesses::Class::search)).store(classes + i);
+        choose(in_range<pair>(x, y) > 0.5, c, guesses::number<T>(guesses::Class::search)).store(classes + i);
     }
 }
 

@@ -39,8 +39,8 @@ struct Kernels {
     // The length n of all of them is a multiple of lanes; properties of two-phase kinds are of_mixtures().
     std::array<Classify, pair_count> classify;
     std::array<Guess, pair_count> guess;
-    /// From guesses in inout; null where none is needed. margin 1: states of sub-region 3 beside another, which may claim
-    /// them, are not settled; 0: they are.
+    /// From guesses in inout; null where none is needed. States of sub-region 3 that another sub-region may claim, those
+    /// less than margin, K, above 350 degC or beside the 2/3 boundary, are not settled, except with margin 0.
     std::array<std::array<Solve, kind_count>, pair_count> solve;
     std::array<std::array<Evaluate, depth_count>, kind_count> evaluate;
     std::array<std::array<Mix, 3>, 2> mix; ///< for pairs that give p or t, by kind from wet on, and by depth

@@ -41,4 +41,11 @@ constexpr bool has_pressure(Pair pair) { return pair >= Pair::ph && pair <= Pair
 constexpr bool has_temperature(Pair pair) { return pair >= Pair::tv && pair <= Pair::tx; }
 constexpr bool has_quality(Pair pair) { return pair == Pair::px || pair == Pair::tx || pair == Pair::sx; }
 
+/// Margin of the first search, K: how far above 350 degC states of sub-region 3 and its mixtures lie that have another
+/// beside them, up to 1.4 by u, s, 0.61 by h, s and 0.08 by other pairs. p, t and p or t with x leave no doubt.
+constexpr double margin_of(Pair pair) {
+    if (pair == Pair::pt || pair == Pair::px || pair == Pair::tx) return 0.0;
+    return pair == Pair::hs || pair == Pair::us ? 2.0 : 0.15;
+}
+
 } // namespace ktl::engine

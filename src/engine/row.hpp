@@ -2,6 +2,7 @@
 #pragma once
 
 #include "engine/kernels.hpp"
+#include "engine/pairs.hpp"
 
 #include <algorithm>
 
@@ -12,9 +13,6 @@ inline constexpr std::array<Kind, guesses::class_count - 1> kind_of{
     Kind::water,         Kind::steam,         Kind::steam, Kind::steam, Kind::near_critical,
     Kind::near_critical, Kind::near_critical, Kind::wet,   Kind::wet,   Kind::wet_near_critical};
 static_assert(std::is_sorted(kind_of.begin(), kind_of.end()));
-
-/// Margin of the search in lanes; p, t are in their sub-region beyond doubt.
-constexpr double margin_of(Pair pair) { return pair == Pair::pt ? 0.0 : 1.0; }
 
 /// The region of a state of that kind at its own variables.
 Region region_of(Kind kind, double first, double t) noexcept;

@@ -59,10 +59,13 @@ Solution solution(const FoundState& state) {
     return out;
 }
 
+/// A value past a limit by no more than this, relative, counts as the limit: states reproduce their values to 1e-10.
+constexpr double limit_rounding = 0.5e-10;
+
 /// Brings a given value to the limit that rounding alone may have put it past; solved unless it lies further out.
 Status within(double& value, double low, double high, Status if_low, Status if_high) {
-    if (value < low - rounding * std::fmax(std::fabs(low), 1.0e-3)) return if_low;
-    if (value > high + rounding * high) return if_high;
+    if (value < low - limit_rounding * (low > 0.0 ? low : 1.0)) return if_low;
+    if (value > high + limit_rounding * high) return if_high;
     value = std::clamp(value, low, high);
     return Status::solved;
 }

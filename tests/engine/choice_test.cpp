@@ -117,6 +117,32 @@ TEST(Choice, QualityLinesAreCounted) {
     EXPECT_EQ(most, 3);
 }
 
+TEST(Overlaps, SubRegionsOneAndTwoGoBeforeThree) {
+    struct Row {
+        Pair given;
+        double a, b;
+    };
+    const Row rows[] = {
+        {Pair::pt, 165.3514437, 349.98542}, {Pair::pt, 472.72, 349.1557},   {Pair::pt, 630.574, 349.98326},
+        {Pair::pt, 1000.0, 349.97553},      {Pair::tx, 349.9356, 0.0033},   {Pair::tx, 349.8003, 0.00532},
+        {Pair::tx, 349.97755, 0.27579},     {Pair::pt, 165.35140, 350.003}, {Pair::pt, 584.2175, 508.35059},
+        {Pair::pt, 775.2086, 549.1937},
+    };
+    for (const Row& row : rows) {
+        const State low = ktl::state(row.given, row.a, row.b);
+        const Row pairs[] = {
+            {Pair::ph, low.p(), low.h()}, {Pair::ps, low.p(), low.s()}, {Pair::pu, low.p(), low.u()},
+            {Pair::pv, low.p(), low.v()}, {Pair::hs, low.h(), low.s()}, {Pair::us, low.u(), low.s()},
+            {Pair::vh, low.v(), low.h()}, {Pair::vs, low.v(), low.s()}, {Pair::vu, low.v(), low.u()},
+        };
+        for (const Row& pair : pairs) {
+            const State found = ktl::state(pair.given, pair.a, pair.b);
+            EXPECT_EQ(found.region(), low.region()) << static_cast<int>(pair.given) << ": " << row.a << ", " << row.b;
+            EXPECT_NEAR(found.t(), low.t(), 1e-5);
+        }
+    }
+}
+
 TEST(Gaps, SubRegionsOneAndTwoGoOnToTheGivenValues) {
     const double pl = ktl::boundary_pressure(351.0);
     struct Row {

@@ -55,6 +55,14 @@ TEST(SaturatedPhases, MeetAtTheCriticalPoint) {
     EXPECT_EQ(steam, 0.00317);
 }
 
+/// Isotherms have other volumes under the saturation pressure too, four per cent from the outermost one here.
+TEST(SaturatedPhases, OfASearchedTemperatureAreTheOutermostRoots) {
+    const State found = ktl::state(Pair::sx, 4.3994114379882809, 0.25926825828997457);
+    const State same = ktl::state(Pair::tx, found.t(), found.x());
+    EXPECT_NEAR(found.vapour().v(), same.vapour().v(), 1e-9);
+    EXPECT_NEAR(found.s(), same.s(), 1e-9);
+}
+
 /// Mixtures of the last millikelvins by every pair that may give one.
 TEST(SaturatedPhases, MixturesAreFoundUpToTheCriticalPoint) {
     ktl::test::Random random(4);

@@ -1,75 +1,39 @@
 // Sweep of the ktl:: calls over random states of the whole range, in columns and on all processors:
 //
-//   ktl_engine_sweep COUNT [SEED]    solves COUNT states through all pairs and prints a table
+//   ktl_engine_sweep states COUNT [SEED]    solves COUNT states through all pairs and prints a table
+//   ktl_engine_sweep offers COUNT [SEED]    offers COUNT rows, most of which name no state, and prints a table
 //
-// Exit status 1 where a state is not solved to what ktl::state() promises, or a column differs from ktl::state().
+// Exit status 1 where a state is not solved to what ktl::state() promises, a column differs from ktl::state(), or an
+// offer is not answered as the exact search answers it.
 #include "draw.hpp"
+#include "offers.hpp"
+#include "pairs.hpp"
+#include "tasks.hpp"
 
 #include <algorithm>
 #include <array>
-#include <atomic>
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
 #include <ktl/steam.hpp>
-#include <mutex>
-#include <thread>
+#include <string_view>
 #include <vector>
 
 namespace sweep {
 
 namespace {
 
-using Member = double Values::*;
 using ktl::Property;
-
-/// A pair, its two properties as drawn and as found, the named routine, and the states that it is for.
-struct Row {
-    const char* name;
-    Member first, second;
-    ktl_finder find;
-    enum Scope { any, single_phase, mixture } scope = any;
-};
-#define KTL_PAIR(a, b) #a #b, &Values::a, &Values::b, ktlr##a##b
-constexpr std::array<Row, ktl::pair_count> rows{{
-    {KTL_PAIR(p, t), Row::single_phase},
-    {KTL_PAIR(p, h)},
-    {KTL_PAIR(p, s)},
-    {KTL_PAIR(p, u)},
-    {KTL_PAIR(p, v)},
-    {KTL_PAIR(p, x), Row::mixture},
-    {KTL_PAIR(t, v)},
-    {KTL_PAIR(t, h)},
-    {KTL_PAIR(t, s)},
-    {KTL_PAIR(t, u)},
-    {KTL_PAIR(t, x), Row::mixture},
-    {KTL_PAIR(s, x), Row::mixture},
-    {KTL_PAIR(h, s)},
-    {KTL_PAIR(u, s)},
-    {KTL_PAIR(v, h)},
-    {KTL_PAIR(v, s)},
-    {KTL_PAIR(v, u)},
-}};
-#undef KTL_PAIR
 
 /// What is asked of each state.
 constexpr std::array wanted_properties{Property::p, Property::t, Property::v, Property::h,
                                        Property::s, Property::u, Property::x, Property::region};
 
-/// What ktl::state() promises: relative; h, s and u near zero against 10 of their units.
-constexpr double promised = 1.0e-10;
 /// One state in so many is compared with the named routine.
 constexpr long compared_share = 8;
 /// Agreement that is expected of the named routines, which solve to 1e-8.
 constexpr double agreement = 1.0e-6;
 constexpr long states_per_task = 1200;
-
-double deviation(double wanted, double got, Member member) {
-    const bool has_zero = member == &Values::h || member == &Values::s || member == &Values::u;
-    const double size = member == &Values::x ? 1.0 : std::fmax(std::fabs(wanted), has_zero ? 10.0 : 0.0);
-    const double difference = std::fabs(got - wanted) / size;
-    return std::isnan(difference) ? INFINITY : difference;
-}
 
 struct Tally {
     long states = 0, unsolved = 0, undetermined = 0, compared = 0, disagree = 0;
@@ -83,7 +47,11 @@ struct Tally {
         if (other.worst > worst) worst = other.worst, worst_state = other.worst_state;
     }
 };
-using Tallies = std::array<Tally, ktl::pair_count>;
+struct Tallies : std::array<Tally, ktl::pair_count> {
+    void add(const Tallies& other) {
+        for (std::size_t i = 0; i < size(); ++i) at(i).add(other.at(i));
+    }
+};
 
 /// One state as the engine found it.
 struct Solved {
@@ -223,22 +191,9 @@ bool print(const Tallies& tallies) {
     return good;
 }
 
-bool sweep_engine(long count, std::uint64_t seed) {
-    const long tasks = (count + states_per_task - 1) / states_per_task;
-    std::atomic<long> next{0};
-    std::mutex adding;
-    Tallies total{};
-    const auto work = [&] {
-        Tallies own{};
-        for (long task = next++; task < tasks; task = next++)
-            run_task(task, std::min(states_per_task, count - task * states_per_task), seed, own);
-        const std::lock_guard lock(adding);
-        for (std::size_t i = 0; i < own.size(); ++i) total.at(i).add(own.at(i));
-    };
-    std::vector<std::thread> threads(std::max(1U, std::thread::hardware_concurrency()));
-    for (std::thread& thread : threads) thread = std::thread(work);
-    for (std::thread& thread : threads) thread.join();
-    return print(total);
+bool sweep_states(long count, std::uint64_t seed) {
+    return print(on_all_processors<Tallies>(
+        count, states_per_task, [&](long task, long states, Tallies& own) { run_task(task, states, seed, own); }));
 }
 
 } // namespace
@@ -246,12 +201,14 @@ bool sweep_engine(long count, std::uint64_t seed) {
 } // namespace sweep
 
 int main(int argc, char** argv) {
-    const long count = argc > 1 ? std::strtol(argv[1], nullptr, 10) : 0;
-    if (count <= 0) {
-        std::fprintf(stderr, "usage: ktl_engine_sweep COUNT [SEED]\n");
+    const std::string_view what = argc > 1 ? argv[1] : "";
+    const long count = argc > 2 ? std::strtol(argv[2], nullptr, 10) : 0;
+    const std::uint64_t seed = argc > 3 ? std::strtoull(argv[3], nullptr, 10) : 1U;
+    if (count <= 0 || (what != "states" && what != "offers")) {
+        std::fprintf(stderr, "usage: ktl_engine_sweep states|offers COUNT [SEED]\n");
         return EXIT_FAILURE;
     }
     sweep::silence_reports();
-    return sweep::sweep_engine(count, argc > 2 ? std::strtoull(argv[2], nullptr, 10) : 1U) ? EXIT_SUCCESS
-                                                                                           : EXIT_FAILURE;
+    const bool good = what == "states" ? sweep::sweep_states(count, seed) : sweep::sweep_offers(count, seed);
+    return good ? EXIT_SUCCESS : EXIT_FAILURE;
 }
