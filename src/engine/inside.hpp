@@ -3,15 +3,12 @@
 #pragma once
 
 #include "engine/bodies.hpp"
+#include "engine/pairs.hpp"
 
 namespace ktl::engine {
 
 /// A state of saturated water or steam may be off the line by rounding.
 inline constexpr double line_rounding = 1.0e-11;
-/// Beside the 2/3 boundary sub-region 3 overlaps sub-region 2, which goes before it, by less than this, relative to the
-/// boundary's pressure.
-inline constexpr double overlap_p = 0.001;
-
 /// Up to the critical point the top of the two-phase dome is left to the exact search: from this temperature, degC, and
 /// this near to the critical volume, relative.
 inline constexpr double top_of_dome = 374.1;
@@ -44,9 +41,9 @@ T near_critical_volume(const T& v) {
 }
 
 /// Sub-region 3, stable: below the critical temperature either denser than the critical point and above the saturation
-/// pressure or thinner and below it; margin as of Kernels::Solve.
+/// pressure or thinner and below it; the margin keeps off its border.
 template <class T>
-T inside_near_critical(const T& v, const T& t, double margin) {
+T inside_near_critical(const T& v, const T& t, const Margin& margin) {
     const auto terms = region3::terms(v, t);
     const T p = region3::pressure(terms);
     const T stable = both(region3::free_energy_volume_curvature(terms) > 0.0, T(1.0));
@@ -54,9 +51,9 @@ T inside_near_critical(const T& v, const T& t, double margin) {
     const T side = choose(v < ktl_lc.vca, both(p >= ps, T(1.0)), both(p <= ps, T(1.0)));
     const T far = both(abs(v - ktl_lc.vca) > top_width * ktl_lc.vca, side);
     const T off_dome = choose(t < ktl_lc.tc, choose(t < top_of_dome, side, far), T(1.0));
-    const T within = both(t >= ktl_lc.t3min + margin, both(t <= ktl_lc.t3max, both(p <= ktl_lc.pmax, T(1.0))));
-    const double beyond = margin > 0.0 ? 1.0 + overlap_p : 1.0;
-    return both(p >= boundary_at(t) * beyond, within) * stable * off_dome * near_critical_volume(v);
+    const T within =
+        both(t >= ktl_lc.t3min + margin.one_phase, both(t <= ktl_lc.t3max, both(p <= ktl_lc.pmax, T(1.0))));
+    return both(p >= boundary_at(t) * (1.0 + margin.pressure), within) * stable * off_dome * near_critical_volume(v);
 }
 
 /// Two phases up to 350 degC, or above.

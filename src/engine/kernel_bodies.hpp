@@ -42,7 +42,7 @@ T first_of_several(Pair pair, const T& first, const T& t) {
 }
 
 template <Body body, class T>
-T inside(const T& first, const T& t, double margin) {
+T inside(const T& first, const T& t, const Margin& margin) {
     if constexpr (body == Body::water)
         return inside_water(first, t);
     else if constexpr (body == Body::steam)
@@ -52,7 +52,7 @@ T inside(const T& first, const T& t, double margin) {
 }
 
 template <Body body, class T>
-void solve_body(Pair pair, const double* a, const double* b, std::size_t n, const Columns& c, double margin) {
+void solve_body(Pair pair, const double* a, const double* b, std::size_t n, const Columns& c, const Margin& margin) {
     const Quantities given = quantities(pair);
     for (std::size_t i = 0; i < n; i += T::count) {
         const Found<T> found =
@@ -67,12 +67,12 @@ void solve_body(Pair pair, const double* a, const double* b, std::size_t n, cons
 /// For one pair, and for any.
 template <Pair pair, Body body, class T>
 KTL_FLATTEN void solve_pair(Pair /*pair*/, const double* a, const double* b, std::size_t n, const Columns& c,
-                            double margin) {
+                            const Margin& margin) {
     solve_body<body, T>(pair, a, b, n, c, margin);
 }
 template <Body body, class T>
 KTL_FLATTEN void solve_any(Pair pair, const double* a, const double* b, std::size_t n, const Columns& c,
-                           double margin) {
+                           const Margin& margin) {
     solve_body<body, T>(pair, a, b, n, c, margin);
 }
 
@@ -87,13 +87,17 @@ T is_outermost(const T& v, const T& guessed) {
 
 /// 1 where the mixture is stable beyond doubt and the one that the pair's rule takes.
 template <bool high, class T>
-T inside(Pair pair, const Mixed<T>& m, double margin) {
+T inside(Pair pair, const Mixed<T>& m, const Margin& margin) {
     const bool may_be_water = pair == Pair::pv || pair == Pair::th || pair == Pair::ts || pair == Pair::tu;
     T in = inside_wet<high>(m.x, m.t) * both(m.x >= (may_be_water ? hardly_steam : 0.0), m.converged);
     if constexpr (high) {
-        in = in * is_outermost(m.liquid, guesses::liquid_volume(m.t));
-        in = in * is_outermost(m.vapour, guesses::vapour_volume(m.t)) * both(m.t < top_of_dome, T(1.0));
-        in = in * both(m.t > ktl_lc.t3min + margin, T(1.0));
+        // At a given temperature the search begins next to the outermost volumes.
+        if (!has_pressure(pair) && !has_temperature(pair))
+            in = in * is_outermost(m.liquid, guesses::liquid_volume(m.t)) *
+                 is_outermost(m.vapour, guesses::vapour_volume(m.t));
+        in = in * both(m.t < top_of_dome, T(1.0));
+        const T off = ktl_lc.t3min + margin.least_mixture + margin.mixture * (1.0 - m.x) * (1.0 - m.x);
+        in = in * both(m.t > off, T(1.0));
     }
     return in;
 }
@@ -159,7 +163,7 @@ Mixed<T> off_line(Pair pair, const T& a, const T& b, const T& t) {
 }
 
 template <bool high, class T>
-void store(Pair pair, const Mixed<T>& m, const Columns& c, std::size_t i, double margin) {
+void store(Pair pair, const Mixed<T>& m, const Columns& c, std::size_t i, const Margin& margin) {
     m.x.store(c.first + i);
     m.t.store(c.t + i);
     m.liquid.store(c.liquid + i);
@@ -169,14 +173,14 @@ void store(Pair pair, const Mixed<T>& m, const Columns& c, std::size_t i, double
 
 template <bool high, class T>
 KTL_FLATTEN void solve_on_line(Pair pair, const double* a, const double* b, std::size_t n, const Columns& c,
-                               double margin) {
+                               const Margin& margin) {
     for (std::size_t i = 0; i < n; i += T::count)
         store<high>(pair, on_line<high, Depth::variables>(pair, T::load(a + i), T::load(b + i)).m, c, i, margin);
 }
 
 template <bool high, class T>
 KTL_FLATTEN void solve_off_line(Pair pair, const double* a, const double* b, std::size_t n, const Columns& c,
-                                double margin) {
+                                const Margin& margin) {
     for (std::size_t i = 0; i < n; i += T::count)
         store<high>(pair, off_line<high>(pair, T::load(a + i), T::load(b + i), T::load(c.t + i)), c, i, margin);
 }

@@ -3,6 +3,7 @@
 
 #include "engine/derived.hpp"
 #include "engine/guesses.hpp"
+#include "engine/pairs.hpp"
 
 #include <array>
 
@@ -29,7 +30,7 @@ struct Kernels {
     using Classify = void (*)(const double* a, const double* b, std::size_t n, double* classes);
     using Guess = void (*)(guesses::Class c, const double* a, const double* b, std::size_t n, const Columns& out);
     using Solve = void (*)(Pair pair, const double* a, const double* b, std::size_t n, const Columns& inout,
-                           double margin);
+                           const Margin& margin);
     using Evaluate = void (*)(const Columns& states, std::size_t n, const Property* properties, std::size_t count,
                               double* const* outputs);
     using Mix = void (*)(Pair pair, const double* a, const double* b, std::size_t n, const Columns& out,
@@ -39,8 +40,8 @@ struct Kernels {
     // The length n of all of them is a multiple of lanes; properties of two-phase kinds are of_mixtures().
     std::array<Classify, pair_count> classify;
     std::array<Guess, pair_count> guess;
-    /// From guesses in inout; null where none is needed. States of sub-region 3 that another sub-region may claim, those
-    /// less than margin, K, above 350 degC or beside the 2/3 boundary, are not settled, except with margin 0.
+    /// From guesses in inout; null where none is needed. States of sub-region 3 within the margin, which another sub-region
+    /// may claim, are not settled.
     std::array<std::array<Solve, kind_count>, pair_count> solve;
     std::array<std::array<Evaluate, depth_count>, kind_count> evaluate;
     std::array<std::array<Mix, 3>, 2> mix; ///< for pairs that give p or t, by kind from wet on, and by depth

@@ -7,7 +7,7 @@ namespace {
 using guesses::Class;
 
 /// The state by the guess and the search of one class; Status::no_state where that leads to none.
-Solution by_class(Pair pair, Class of_class, double a, double b, double margin) noexcept {
+Solution by_class(Pair pair, Class of_class, double a, double b, const Margin& margin) noexcept {
     const Kernels& one = scalar_kernels();
     const auto index = static_cast<std::size_t>(pair);
     const Kind kind = kind_of[static_cast<std::size_t>(of_class)];
@@ -65,7 +65,7 @@ Solution solve_row(Pair pair, double a, double b) noexcept {
 Solution search_row_again(Pair pair, double a, double b) noexcept {
     if (names_one(pair) && class_of(pair, a, b) != Class::search) {
         for (const Class c : claims) {
-            const Solution found = by_class(pair, c, a, b, 0.0);
+            const Solution found = by_class(pair, c, a, b, no_margin);
             if (found.status == Status::solved) return found;
         }
     }
