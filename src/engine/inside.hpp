@@ -2,8 +2,7 @@
 // the exact search, so these tests are strict: they take nothing that another sub-region may claim.
 #pragma once
 
-#include "engine/bodies.hpp"
-#include "engine/pairs.hpp"
+#include "engine/newton.hpp"
 
 namespace ktl::engine {
 
@@ -40,15 +39,23 @@ T near_critical_volume(const T& v) {
     return both(v > 0.99 * ktl_lc.v3min, both(v < 1.01 * ktl_lc.v3max, T(1.0)));
 }
 
-/// Sub-region 3, stable: below the critical temperature either denser than the critical point and above the saturation
-/// pressure or thinner and below it; the margin keeps off its border.
+/// Below the critical temperature: either denser than the critical point and above the saturation pressure or thinner and
+/// below it. Rows of p, t have their guess from there already.
 template <class T>
-T inside_near_critical(const T& v, const T& t, const Margin& margin) {
-    const auto terms = region3::terms(v, t);
-    const T p = region3::pressure(terms);
-    const T stable = both(region3::free_energy_volume_curvature(terms) > 0.0, T(1.0));
-    const T ps = saturation::terms(t).p;
-    const T side = choose(v < ktl_lc.vca, both(p >= ps, T(1.0)), both(p <= ps, T(1.0)));
+T on_its_side(Pair pair, const Found<T>& found, const T& guess) {
+    if (pair == Pair::pt) return both((found.first - ktl_lc.vca) * (guess - ktl_lc.vca) > 0.0, T(1.0));
+    const T above = found.p - saturation::terms(found.t).p;
+    return choose(found.first < ktl_lc.vca, both(above >= 0.0, T(1.0)), both(above <= 0.0, T(1.0)));
+}
+
+/// Sub-region 3, stable; the margin keeps off its border.
+template <class T>
+T inside_near_critical(Pair pair, const Found<T>& found, const T& guess, const Margin& margin) {
+    const T& v = found.first;
+    const T& t = found.t;
+    const T& p = found.p;
+    const T stable = both(found.dpdv < 0.0, T(1.0));
+    const T side = on_its_side(pair, found, guess);
     const T far = both(abs(v - ktl_lc.vca) > top_width * ktl_lc.vca, side);
     const T off_dome = choose(t < ktl_lc.tc, choose(t < top_of_dome, side, far), T(1.0));
     const T within =

@@ -1,5 +1,5 @@
 // The kernels, for a number type T of one or several lanes. A file that includes this is compiled with the flags of its
-// lanes, so every name here that is not a template on T has internal linkage.
+// lanes, so what is no template on T must be inlined: no copy of it may be left that another file is linked to.
 #pragma once
 
 #include "engine/inside.hpp"
@@ -42,24 +42,24 @@ T first_of_several(Pair pair, const T& first, const T& t) {
 }
 
 template <Body body, class T>
-T inside(const T& first, const T& t, const Margin& margin) {
+T inside(Pair pair, const Found<T>& found, const T& guess, const Margin& margin) {
     if constexpr (body == Body::water)
-        return inside_water(first, t);
+        return inside_water(found.first, found.t);
     else if constexpr (body == Body::steam)
-        return inside_steam(first, t);
+        return inside_steam(found.first, found.t);
     else
-        return inside_near_critical(first, t, margin);
+        return inside_near_critical(pair, found, guess, margin);
 }
 
 template <Body body, class T>
 void solve_body(Pair pair, const double* a, const double* b, std::size_t n, const Columns& c, const Margin& margin) {
     const Quantities given = quantities(pair);
     for (std::size_t i = 0; i < n; i += T::count) {
-        const Found<T> found =
-            newton<body>(given, T::load(a + i), T::load(b + i), T::load(c.first + i), T::load(c.t + i));
+        const T guess = T::load(c.first + i);
+        const Found<T> found = newton<body>(given, T::load(a + i), T::load(b + i), guess, T::load(c.t + i));
         found.first.store(c.first + i);
         found.t.store(c.t + i);
-        const T taken = inside<body>(found.first, found.t, margin) * first_of_several<body>(pair, found.first, found.t);
+        const T taken = inside<body>(pair, found, guess, margin) * first_of_several<body>(pair, found.first, found.t);
         (found.converged * taken).store(c.settled + i);
     }
 }

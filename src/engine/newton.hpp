@@ -75,25 +75,34 @@ T larger(const T& a, const T& b) {
 /// Passes after which a search gives up; two or three are typical.
 inline constexpr int most_passes = 12;
 
-/// Both variables of a search; converged is 1 or 0.
+/// Both variables of a search; converged is 1 or 0. In sub-region 3 also the pressure there, but for the square of the last
+/// step, and its slope by the volume before that step.
 template <class T>
 struct Found {
-    T first, t, converged;
+    T first, t, converged, p, dpdv;
 };
 
 /// Newton from a first guess.
 template <Body body, class T>
 Found<T> newton(Quantities given, const T& a, const T& b, const T& first_guess, const T& t_guess) {
-    Found<T> x{first_guess, t_guess, T(0.0)};
+    Found<T> x{first_guess, t_guess, T(0.0), T(0.0), T(0.0)};
+    constexpr Quantity variable = body == Body::near_critical ? Quantity::volume : Quantity::pressure;
+    const auto stands = [&](Quantity y) { return given.a == y || given.b == y; };
     const T per_first = 1.0 / abs(first_guess);
     Pace<T> pace{.negligible = 1.0e-13};
     for (int pass = 0; pass < most_passes; ++pass) {
-        const Step<T> d = step<body>(given, body_at<body>(x.first, x.t), a, b);
+        const auto y = body_at<body>(x.first, x.t);
+        const Step<T> d = step<body>(given, y, a, b);
+        const auto sought = x.converged < 0.5;
         // A state that is met stays: the next step may be noise.
         x.converged = larger(x.converged, d.met);
         const auto open = x.converged < 0.5;
-        x.first = choose(open, x.first + d.first, x.first);
-        x.t = choose(open, x.t + d.t, x.t);
+        if constexpr (body == Body::near_critical) {
+            x.p = choose(open, y.p + y.dpdv * d.first + y.dpdt * d.t, choose(sought, y.p, x.p));
+            x.dpdv = choose(sought, y.dpdv, x.dpdv);
+        }
+        if (!stands(variable)) x.first = choose(open, x.first + d.first, x.first);
+        if (!stands(Quantity::temperature)) x.t = choose(open, x.t + d.t, x.t);
         const T end = pace.ends(larger(abs(d.first) * per_first, abs(d.t) * (1.0 / scale_of_t)));
         x.converged = choose(open, end, x.converged);
         if (all_set(x.converged)) break;

@@ -46,16 +46,10 @@ State Access::state(const engine::Solution& found) noexcept {
     const bool low = found.region == Region::wet;
     out.liquid_ = engine::phase_of(low ? Region::water : Region::near_critical_water, found.liquid, found.t);
     out.vapour_ = engine::phase_of(low ? Region::steam : Region::near_critical_steam, found.vapour, found.t);
-    Phase& bulk = out.bulk_;
-    bulk.region_ = found.region;
-    bulk.t_ = found.t;
-    bulk.p_ = low ? found.liquid : saturation::terms(Scalar(found.t)).p.value;
-    if (found.status == Status::undetermined) return out;
-    const double x = out.x_ = found.first;
-    const auto mixed = [&](double Phase::*y) { return out.liquid_.*y + x * (out.vapour_.*y - out.liquid_.*y); };
-    bulk.v_ = mixed(&Phase::v_);
-    bulk.h_ = mixed(&Phase::h_);
-    bulk.s_ = mixed(&Phase::s_);
+    out.x_ = found.first; // not-a-number where it is undetermined, and with it all but p and t
+    const Scalar p = low ? Scalar(found.liquid) : saturation::terms(Scalar(found.t)).p;
+    const engine::SaturatedPhases<Scalar> phases{thermo(out.liquid_), thermo(out.vapour_)};
+    out.bulk_ = phase(engine::mixture_of(phases, Scalar(found.first), p), found.region);
     return out;
 }
 
