@@ -71,19 +71,6 @@ TEST_P(FirstGuesses, KeepTheirPromise) {
 INSTANTIATE_TEST_SUITE_P(Pairs, FirstGuesses, testing::Range(std::size_t{0}, ktl::pair_count),
                          [](const auto& row) { return std::string(name(static_cast<Pair>(row.param))); });
 
-TEST(SaturationGuess, TemperatureLeavesTwoStepsToRounding) {
-    for (double t = 0.01; t < 374.0; t += 0.31) {
-        const double wanted = std::log(saturation_pressure(t));
-        double found = guesses::saturation_temperature(saturation_pressure(t));
-        EXPECT_NEAR(found, t, 0.05);
-        for (int k = 0; k < 2; ++k) {
-            const auto line = ktl::saturation::terms(found);
-            found += ktl::ktl_lc.tca * (wanted - std::log(line.p)) / ktl::saturation::log_slope(line);
-        }
-        EXPECT_NEAR(found, t, 1.0e-10);
-    }
-}
-
 TEST(SaturationGuess, VolumesLeaveTwoStepsToRounding) {
     for (double t = 350.0; t < 374.0; t += 0.11) {
         const double p = saturation_pressure(t);

@@ -32,11 +32,6 @@ constexpr T at(const T& x) {
     return held<border<pair, line>>(x);
 }
 
-/// Saturation temperature, degC, under p (bar).
-template <class T>
-constexpr T saturation_temperature(const T& p) {
-    return value<saturation_curve>(p);
-}
 /// Saturated volumes of sub-region 3, m3/kg, at t (degC) from 350 up.
 template <class T>
 constexpr T liquid_volume(const T& t) {
@@ -179,7 +174,6 @@ constexpr Source source() {
 /// True where guess() has something to give for rows of the class.
 template <Pair pair, Class c>
 constexpr bool guessed() {
-    if (two_phase(c) && letters<pair>.a == 'p') return true;
     if (c == Class::supercritical && pair != Pair::pt) return false;
     return source<pair, c, Unknown::t>() != Source::none &&
            (two_phase(c) || source<pair, c, Unknown::first>() != Source::none);
@@ -199,10 +193,7 @@ void guess_one(const T& a, const T& b, T& out) {
 
 template <Pair pair, Class c, class T>
 void guess(const T& a, const T& b, T& first, T& t) {
-    if constexpr (two_phase(c) && letters<pair>.a == 'p')
-        t = saturation_temperature(a);
-    else
-        guess_one<pair, c, Unknown::t>(a, b, t);
+    guess_one<pair, c, Unknown::t>(a, b, t);
     if constexpr (pair == Pair::th && c == Class::water)
         first =
             saturation::terms(t).p; // enthalpy falls from there, ever less: Newton takes the first pressure that fits

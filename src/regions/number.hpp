@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cmath>
+#include <cstddef>
 #include <type_traits>
 
 namespace ktl {
@@ -34,6 +35,21 @@ constexpr auto decide(const Condition& condition, A&& a, B&& b) {
     else
         return choose(condition, a(), b());
 }
+
+/// A fitted polynomial of u = (x - middle) slope, which is -1 to 1 over the range of the fit.
+template <std::size_t n>
+struct Fit {
+    double middle, slope;
+    double c[n];
+
+    template <class T>
+    constexpr T operator()(const T& x) const {
+        const T u = (x - middle) * slope;
+        T sum(c[n - 1]);
+        for (std::size_t i = n - 1; i-- > 0;) sum = c[i] + u * sum;
+        return sum;
+    }
+};
 
 /// Polynomial c0 + c1 x + c2 x^2 + ... by Horner's rule, from the highest coefficient down.
 template <class T>

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "front/constants.hpp"
+#include "regions/first_guesses.hpp"
 #include "regions/number.hpp"
 
 #include <array>
@@ -79,22 +80,13 @@ T log_slope(const Terms<T>& s) {
     return dc + (dsum - s.sum * db * r.b) * r.b;
 }
 
-/// First guess of theta from w = ln(p/pca), -10.5 to 0: the polynomial that has the values of the line at the 14
-/// Chebyshev points of that interval. Its error is below 2.5e-6, most of which is the bend that the last term makes in
-/// the line within 0.1 K of the critical point.
-template <class T>
-T guessed_theta(const T& w) {
-    return horner(T(w * 0.19050279 + 1.0), 0.5824531815, 0.2325869245, 0.1063874269, 0.04993846931, 0.02011222669,
-                  0.006995742457, 0.01341840646, 0.007897814498, -0.03020633309, -0.02221149692, 0.03624310772,
-                  0.02774982633, -0.01743046927, -0.01393620626);
-}
-
 /// Saturation temperature, degC, under p (bar) from pmin to the critical pressure: exact but for rounding, which may
-/// put it past an end of the line. Two Newton steps in ln p.
+/// put it past an end of the line. Two Newton steps in ln p from a polynomial, whose greatest error is next to the critical
+/// point, where the last term bends the line.
 template <class T>
 T temperature(const T& p) {
     const T w = log(p * (1.0 / ktl_lc.pca));
-    T theta = guessed_theta(w);
+    T theta = first_guesses::saturation_theta(w);
     for (int step = 0; step < 2; ++step) {
         const Terms<T> s = terms_of_theta(theta);
         theta = theta + (w - log_pressure(s)) / log_slope(s);

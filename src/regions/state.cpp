@@ -61,16 +61,8 @@ double outermost_volume(region3::Terms<double>& isotherm, double p, double rho) 
     return 1.0 / rho;
 }
 
-/// First densities, relative to the critical one, of saturated water and steam beyond the outermost roots: by
-/// polynomials in the square root of tc - t, within 0.5 % and 0.7 %, moved outwards by that.
-double dense_start(double r) {
-    return 1.005 +
-           r * horner(r, 0.2918965918, 0.006638797304, -0.06744804964, 0.03323811249, -0.006439494103, 0.000447642578);
-}
-double thin_start(double r) {
-    return 0.993 + r * horner(r, -0.2602930686, 0.07064052048, -0.02708290763, 0.008671510214, -0.001541405651,
-                              0.0001071278551);
-}
+/// The fitted densities of saturated water and steam, relative to the critical one, are off by less than half of this.
+constexpr double beyond = 0.005;
 
 Saturated outermost_at(double t) {
     const double p = saturation::terms(t).p;
@@ -84,8 +76,8 @@ Saturated outermost_at(double t) {
     region3::Terms<double> s;
     region3::temperature_terms(s, t);
     const double r = std::sqrt(ktl_lc.tc - t);
-    const double liquid = outermost_volume(s, p, dense_start(r) / ktl_lc.vca);
-    const double steam = outermost_volume(s, p, thin_start(r) / ktl_lc.vca);
+    const double liquid = outermost_volume(s, p, (first_guesses::liquid_density(r) + beyond) / ktl_lc.vca);
+    const double steam = outermost_volume(s, p, (first_guesses::vapour_density(r) - beyond) / ktl_lc.vca);
     return {t, p, KTL_WET_NEAR_CRITICAL, liquid, steam, Phases::outermost};
 }
 

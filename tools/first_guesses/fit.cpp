@@ -189,6 +189,10 @@ std::string Polynomial::curve_text() const {
     return text.str();
 }
 
+std::string Polynomial::fit_text() const {
+    return '{' + number(a_span.middle) + ", " + number(a_span.slope) + ", " + row_text(c, 0, shape.na) + '}';
+}
+
 std::string Polynomial::surface_text() const {
     std::ostringstream text;
     text << "{Scale::" << name(shape.a) << ", Scale::" << name(shape.b) << ", Scale::" << name(shape.z) << ", "

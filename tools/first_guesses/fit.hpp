@@ -35,6 +35,8 @@ struct Polynomial {
     [[nodiscard]] double operator()(double a, double b = 0.0) const;
     /// As an initialiser of Curve or Surface.
     [[nodiscard]] std::string curve_text() const;
+    /// As an initialiser of Fit, where neither variable is scaled.
+    [[nodiscard]] std::string fit_text() const;
     [[nodiscard]] std::string surface_text() const;
 };
 

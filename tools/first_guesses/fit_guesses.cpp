@@ -1,4 +1,4 @@
-// Fits the first guesses of the inversions and writes them: ktl_fit_guesses FILE.
+// Fits the first guesses of the inversions and writes them: ktl_fit_guesses ENGINE_FILE REGIONS_FILE.
 #include "newton.hpp"
 #include "tables.hpp"
 
@@ -69,13 +69,11 @@ void write_curve(std::ostream& out, const char* what, const Polynomial& y) {
     note_error(out, y);
 }
 
-/// tsat(p), the saturated volumes of sub-region 3, and what divides it.
+/// The saturated volumes of sub-region 3, and what divides it.
 void write_saturation(std::ostream& out, Fitted& fitted) {
-    std::vector<Point> temperature, liquid, vapour, pressure, isochore;
+    std::vector<Point> liquid, vapour, pressure, isochore;
     for (std::size_t k = 0; k < curve_points; ++k) {
         const double along = static_cast<double>(k) / static_cast<double>(curve_points - 1);
-        const double t = ktl::ktl_lc.tmin + along * (ktl::ktl_lc.tc - ktl::ktl_lc.tmin);
-        temperature.push_back({saturation_pressure(t), 0.0, t});
         const double near = ktl::ktl_lc.t1 + along * (2.0 - along) * (last_apart - ktl::ktl_lc.t1);
         const Volumes v = saturated_volumes(near);
         liquid.push_back({near, 0.0, v.liquid});
@@ -88,9 +86,34 @@ void write_saturation(std::ostream& out, Fitted& fitted) {
     fitted.isochore = fit(curve(Scale::linear, Scale::linear, 5), isochore);
     write_curve(out, "near_saturation_curve", fitted.near_saturation);
     write_curve(out, "isochore_curve", fitted.isochore);
-    write_curve(out, "saturation_curve", fit(curve(Scale::log, Scale::linear, 11), temperature));
     write_curve(out, "liquid_volume_curve", fit(curve(Scale::below_critical_t, Scale::log, 12), liquid));
     write_curve(out, "vapour_volume_curve", fit(curve(Scale::below_critical_t, Scale::log, 12), vapour));
+}
+
+void write_fit(std::ostream& out, const char* what, const Polynomial& y) {
+    out << "inline constexpr Fit<" << y.shape.na << "> " << what << y.fit_text();
+    note_error(out, y);
+}
+
+/// Where the searches on the saturation line begin.
+void write_line(std::ostream& out) {
+    std::vector<Point> theta, liquid, vapour;
+    for (std::size_t k = 0; k < curve_points; ++k) {
+        const double along = static_cast<double>(k) / static_cast<double>(curve_points - 1);
+        const double t = ktl::ktl_lc.tmin + along * (ktl::ktl_lc.tc - ktl::ktl_lc.tmin);
+        theta.push_back(
+            {std::log(saturation_pressure(t) / ktl::ktl_lc.pca), 0.0, (t + ktl::ktl_lc.tza) / ktl::ktl_lc.tca});
+        const double longest = std::sqrt(ktl::ktl_lc.tc - ktl::ktl_lc.t1),
+                     shortest = std::sqrt(ktl::ktl_lc.tc - last_loop);
+        const double root = shortest + along * (longest - shortest);
+        const Volumes v = saturated_volumes(ktl::ktl_lc.tc - root * root);
+        liquid.push_back({root, 0.0, ktl::ktl_lc.vca / v.liquid});
+        vapour.push_back({root, 0.0, ktl::ktl_lc.vca / v.vapour});
+    }
+    const auto linear = [](std::size_t n) { return curve(Scale::linear, Scale::linear, n); };
+    write_fit(out, "saturation_theta", fit(linear(14), theta));
+    write_fit(out, "liquid_density", fit(linear(7), liquid));
+    write_fit(out, "vapour_density", fit(linear(7), vapour));
 }
 
 /// The parabolas v(t) of cold water under p and u(p) of water at s: their least values, beyond the range as well.
@@ -196,13 +219,30 @@ inline constexpr None surface{};
 
 )";
 
+constexpr const char* regions_head =
+    R"(// Written by tools/first_guesses/fit_guesses.cpp; run it again rather than edit. Where searches on the saturation line
+// begin: theta by ln(p/pca); densities of saturated water and steam, relative to the critical one, by the root of tc - t,
+// K, from 350 degC up. The notes give the greatest and the root-mean-square error.
+// clang-format off
+#pragma once
+
+#include "regions/number.hpp"
+
+namespace ktl::first_guesses {
+
+)";
+
 } // namespace
 
 int main(int count, char** arguments) {
-    if (count != 2) {
-        std::cerr << "usage: ktl_fit_guesses FILE\n";
+    if (count != 3) {
+        std::cerr << "usage: ktl_fit_guesses ENGINE_FILE REGIONS_FILE\n";
         return 2;
     }
+    std::ofstream regions(arguments[2]);
+    regions << regions_head;
+    write_line(regions);
+    regions << "\n} // namespace ktl::first_guesses\n";
     std::ofstream out(arguments[1]);
     out << head;
     Fitted fitted;
@@ -211,5 +251,5 @@ int main(int count, char** arguments) {
     write_borders(out, fitted);
     write_surfaces(out, fitted);
     out << "\n} // namespace ktl::engine::guesses\n";
-    return out.flush() ? 0 : 1;
+    return out.flush() && regions.flush() ? 0 : 1;
 }

@@ -46,6 +46,8 @@ double volume3(double p, double t);
 
 /// Up to this temperature both outer roots stand apart from the critical volume.
 inline constexpr double last_apart = 374.1;
+/// Up to this one they are roots at all.
+inline constexpr double last_loop = 374.149;
 
 class Random {
 public:
