@@ -59,7 +59,7 @@ T inside_near_critical(Pair pair, const Found<T>& found, const T& guess, const M
     const T far = both(abs(v - ktl_lc.vca) > top_width * ktl_lc.vca, side);
     const T off_dome = choose(t < ktl_lc.tc, choose(t < top_of_dome, side, far), T(1.0));
     const T within =
-        both(t >= ktl_lc.t3min + margin.one_phase, both(t <= ktl_lc.t3max, both(p <= ktl_lc.pmax, T(1.0))));
+        both(t > ktl_lc.t3min + margin.one_phase, both(t <= ktl_lc.t3max, both(p <= ktl_lc.pmax, T(1.0))));
     return both(p >= boundary_at(t) * (1.0 + margin.pressure), within) * stable * off_dome * near_critical_volume(v);
 }
 

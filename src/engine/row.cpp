@@ -30,7 +30,7 @@ Class class_of(Pair pair, double a, double b) noexcept {
 
 /// True where two values name one state at most, so that whichever class finds a state has found it.
 constexpr bool names_one(Pair pair) {
-    return pair == Pair::ph || pair == Pair::ps || pair == Pair::pu || pair >= Pair::hs;
+    return pair == Pair::ph || pair == Pair::ps || pair == Pair::pu || pair == Pair::tv || pair >= Pair::hs;
 }
 
 /// The order in which sub-regions claim a state: 1 and 2, their mixtures, then sub-region 3.
