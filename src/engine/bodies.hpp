@@ -8,12 +8,6 @@
 
 namespace ktl::engine {
 
-/// 1 where the condition holds and so does the rest.
-template <class Condition, class T>
-T both(const Condition& condition, const T& rest) {
-    return choose(condition, rest, T(0.0));
-}
-
 /// The homogeneous sub-regions.
 enum class Body { water, steam, near_critical };
 

@@ -34,11 +34,13 @@ enum class Class : std::uint8_t {
     vapour_like,   ///< sub-region 3 above middle_entropy; p, t: below the critical temperature, below ps(t)
     supercritical, ///< p, t alone: sub-region 3 from the critical temperature up
     wet_liquid, ///< two phases up to 350 degC, pairs without p and t: below wet_limit, wet_volume_limit, turning_from
-    wet,        ///< two phases up to 350 degC
-    wet_near_critical, ///< two phases above 350 degC
-    search,            ///< left to the exact search
+    wet,         ///< two phases up to 350 degC
+    wet_turning, ///< s, x alone: two phases up to 350 degC from turning_from to turning_to
+    wet_near_critical,         ///< two phases above 350 degC
+    wet_near_critical_turning, ///< s, x alone: two phases above 350 degC from turning_from to turning_to
+    search,                    ///< left to the exact search
 };
-inline constexpr std::size_t class_count = 11;
+inline constexpr std::size_t class_count = 13;
 
 /// Where steam and the states near the critical point are split into classes: p in bar, s in kJ/(kg K).
 inline constexpr double thin_limit = 40.0;
@@ -46,8 +48,10 @@ inline constexpr double dense_limit = 5.85;
 inline constexpr double middle_entropy = 4.443;
 inline constexpr double wet_limit = 3.78;
 inline constexpr double wet_volume_limit = 0.01; ///< in place of wet_limit for pairs with v, m3/kg
-/// Between these qualities s may turn along the saturation line, and s, x is left to the search.
+/// Between these qualities s may turn along the saturation line: engine/turning.hpp.
 inline constexpr double turning_from = 0.36, turning_to = 0.63;
+/// Temperature at which the quality of the turn is greatest, and up to which it is fitted, degC.
+inline constexpr double widest_turning = 244.0, last_turning = 374.0;
 /// Lowest temperature of steam at thin_limit, less a trifle.
 inline constexpr double thin_temperature = 250.3;
 
@@ -111,13 +115,14 @@ constexpr T scaled(const T& x) {
     }
 }
 
-/// The value whose scaled form is x; the scales of results are linear, log, root and reciprocal.
+/// The value whose scaled form is x; the scales of results are linear, log, root, reciprocal and below_critical_t.
 template <Scale scale, class T>
 constexpr T unscaled(const T& x) {
     if constexpr (scale == Scale::linear) return x;
     if constexpr (scale == Scale::log) return exp(x);
     if constexpr (scale == Scale::root) return x * x;
     if constexpr (scale == Scale::reciprocal) return 1.0 / x;
+    if constexpr (scale == Scale::below_critical_t) return ktl_lc.tca * (1.0 - x * x) - ktl_lc.tza;
 }
 
 /// Carries an interval to -1..1.
@@ -156,6 +161,12 @@ constexpr T position(const T& x) {
 template <const auto& curve, class T>
 constexpr T value(const T& x) {
     return polynomial<curve>(position<curve>(x));
+}
+
+/// The value that stands at a position.
+template <const auto& curve, class T>
+constexpr T at_position(const T& u) {
+    return unscaled<curve.x>(curve.span.middle + u * (1.0 / curve.span.slope));
 }
 
 /// y(x), over linear and logarithmic scales held at its end values outside the interval of the fit.

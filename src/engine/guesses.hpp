@@ -11,7 +11,7 @@
 // guessed; first is not touched. docs/guesses.md holds the errors reached.
 #pragma once
 
-#include "engine/guesses_data.hpp"
+#include "engine/turning.hpp"
 #include "regions/saturation.hpp"
 
 #include <type_traits>
@@ -21,11 +21,6 @@ namespace ktl::engine::guesses {
 /// True of a polynomial that was fitted.
 template <const auto& y>
 inline constexpr bool fitted = !std::is_same_v<decltype(y), const None&>;
-
-template <class T>
-constexpr T number(Class c) {
-    return T(static_cast<double>(c));
-}
 
 template <Pair pair, Border line, class T>
 constexpr T at(const T& x) {
@@ -159,7 +154,8 @@ struct Lines {
     }
 };
 
-constexpr bool two_phase(Class c) { return c >= Class::wet_liquid && c <= Class::wet_near_critical; }
+constexpr bool two_phase(Class c) { return c >= Class::wet_liquid && c <= Class::wet_near_critical_turning; }
+constexpr bool turning(Class c) { return c == Class::wet_turning || c == Class::wet_near_critical_turning; }
 constexpr bool near_critical(Class c) { return c >= Class::liquid_like && c <= Class::supercritical; }
 
 /// Where an unknown of a class comes from: it is given, a polynomial stands, or there is no guess.
@@ -174,6 +170,7 @@ constexpr Source source() {
 /// True where guess() has something to give for rows of the class.
 template <Pair pair, Class c>
 constexpr bool guessed() {
+    if (turning(c)) return pair == Pair::sx;
     if (c == Class::supercritical && pair != Pair::pt) return false;
     return source<pair, c, Unknown::t>() != Source::none &&
            (two_phase(c) || source<pair, c, Unknown::first>() != Source::none);
@@ -193,23 +190,15 @@ void guess_one(const T& a, const T& b, T& out) {
 
 template <Pair pair, Class c, class T>
 void guess(const T& a, const T& b, T& first, T& t) {
-    guess_one<pair, c, Unknown::t>(a, b, t);
+    if constexpr (turning(c))
+        t = turning_temperature<c == Class::wet_near_critical_turning>(a, b);
+    else
+        guess_one<pair, c, Unknown::t>(a, b, t);
     if constexpr (pair == Pair::th && c == Class::water)
         first =
             saturation::terms(t).p; // enthalpy falls from there, ever less: Newton takes the first pressure that fits
     else if constexpr (!two_phase(c))
         guess_one<pair, c, Unknown::first>(a, b, first);
-}
-
-/// s, x: by the tie line of 350 degC. t rises with s below turning_from, and falls above turning_to.
-template <class T>
-T classify_by_quality(const T& s, const T& x) {
-    const auto is = [](Class c) { return number<T>(c); };
-    constexpr auto& tie = tie_curve;
-    const T high = is(Class::wet_near_critical);
-    const T line = value<tie>(x);
-    return choose(x < turning_from, choose(s > line, high, is(Class::wet_liquid)),
-                  choose(x > turning_to, choose(s < line, high, is(Class::wet)), is(Class::search)));
 }
 
 /// The class of the row, as a whole number; search for p, t, which its own rule divides, and for px and tx.
@@ -242,7 +231,12 @@ void guess(Class c, const T& a, const T& b, T& first, T& t) {
     case Class::wet_liquid: return guess<pair, Class::wet_liquid>(a, b, first, t);
     case Class::wet: return guess<pair, Class::wet>(a, b, first, t);
     case Class::wet_near_critical: return guess<pair, Class::wet_near_critical>(a, b, first, t);
-    case Class::search: return;
+    default: break;
+    }
+    if constexpr (pair == Pair::sx) {
+        if (c == Class::wet_turning) return guess<pair, Class::wet_turning>(a, b, first, t);
+        if (c == Class::wet_near_critical_turning)
+            return guess<pair, Class::wet_near_critical_turning>(a, b, first, t);
     }
 }
 

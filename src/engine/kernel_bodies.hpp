@@ -159,6 +159,7 @@ Mixed<T> off_line(Pair pair, const T& a, const T& b, const T& t) {
         m.vapour = guesses::vapour_volume(t);
     }
     mix<high>(m, pair, quantities(pair), a, b);
+    if (pair == Pair::sx) m.converged = m.converged * guesses::is_lowest<high>(a, b, m.t);
     return m;
 }
 

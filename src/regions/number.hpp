@@ -27,6 +27,12 @@ constexpr T choose(bool condition, const T& a, const T& b) {
     return condition ? a : b;
 }
 
+/// 1 where the condition holds and so does the rest.
+template <class Condition, class T>
+T both(const Condition& condition, const T& rest) {
+    return choose(condition, rest, T(0.0));
+}
+
 /// What a() or b() gives, as the condition tells. One number asks for one of them only, many lanes for both.
 template <class Condition, class A, class B>
 constexpr auto decide(const Condition& condition, A&& a, B&& b) {

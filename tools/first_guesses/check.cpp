@@ -33,6 +33,16 @@ constexpr auto calls = all_calls(std::make_index_sequence<ktl::pair_count>());
 
 } // namespace
 
+namespace {
+
+/// True of the coldest mixture of its entropy and quality, where that is beyond doubt.
+bool lowest(const State& state) {
+    const auto test = state.t > ktl::ktl_lc.t1 ? guesses::is_lowest<true, double> : guesses::is_lowest<false, double>;
+    return test(state.s, state.x, state.t) > 0.5;
+}
+
+} // namespace
+
 bool followed(Pair pair, Class where) {
     const char leader = name(pair)[0];
     if (pair == Pair::pt && !guesses::near_critical(where)) return false;
@@ -47,12 +57,15 @@ Quality check(Pair pair, Class where, std::size_t n, std::uint64_t seed) {
     const Region region = region_of(where);
     const bool wet = region == Region::wet || region == Region::wet_near_critical;
     Quality q;
+    double all = 0.0;
     const auto note = [](double miss, double& greatest, double& rms) {
         greatest = std::max(greatest, miss);
         rms += miss * miss;
     };
     for (const State& state : draw(pair, where, n, seed)) {
         const double a = state(given[0]), b = state(given[1]);
+        if (guesses::turning(where) && !lowest(state)) continue;
+        all += 1.0;
         const auto found = pair == Pair::pt ? where : static_cast<Class>(static_cast<int>(call.classify(a, b)));
         if (region_of(found) != region) {
             q.wrong += 1.0;
@@ -71,7 +84,7 @@ Quality check(Pair pair, Class where, std::size_t n, std::uint64_t seed) {
             if (k == 3 && reached) q.three += 1.0;
         }
     }
-    const double all = static_cast<double>(n), right = all - q.wrong;
+    const double right = all - q.wrong;
     q.two /= all, q.three /= all, q.wrong /= all;
     q.t_rms = std::sqrt(q.t_rms / right), q.first_rms = std::sqrt(q.first_rms / right);
     return q;

@@ -19,6 +19,7 @@ inline constexpr double tolerance = 1.0e-12;
 
 /// True where the class has a guess that Newton steps follow.
 bool followed(Pair pair, Class where);
+/// Of s, x where several states may be, those count that are beyond doubt the lowest.
 Quality check(Pair pair, Class where, std::size_t n, std::uint64_t seed);
 
 } // namespace first_guesses

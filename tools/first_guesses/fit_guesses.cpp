@@ -19,7 +19,8 @@ constexpr std::size_t curve_points = 2000, surface_points = 6000;
 /// Printed names; the order is that of the enumerations.
 constexpr std::string_view class_names[]{"water",       "steam_thin",       "steam",         "steam_dense",
                                          "liquid_like", "vapour_like",      "supercritical", "wet_liquid",
-                                         "wet",         "wet_near_critical"};
+                                         "wet",         "wet_turning",      "wet_near_critical",
+                                         "wet_near_critical_turning"};
 constexpr std::string_view border_names[]{"liquid",   "vapour", "near_liquid", "near_vapour", "isotherm",
                                           "boundary", "middle", "thin",        "dense",       "tie"};
 std::string_view word(Class c) { return class_names[static_cast<std::size_t>(c)]; }
@@ -137,6 +138,42 @@ void write_water(std::ostream& out, Fitted& fitted) {
     write_curve(out, "tie_curve", fit(curve(Scale::linear, Scale::linear, 2), tie));
 }
 
+/// Quality at which entropy turns along the saturation line at t.
+double turning_quality(double t) {
+    constexpr double step = 1.0e-3;
+    const auto rise = [t](double x) { return mixture(t + step, x).s - mixture(t - step, x).s; };
+    return rise(0.0) / (rise(0.0) - rise(1.0));
+}
+
+/// Entropy of both phases along one part of the saturation line, and the quality at which that of mixtures turns there.
+void write_quality_line(std::ostream& out, const std::string& part, Scale scale, double from, double to) {
+    std::vector<Point> water, steam, turning;
+    for (std::size_t k = 0; k < curve_points; ++k) {
+        const double along = static_cast<double>(k) / static_cast<double>(curve_points - 1);
+        const double t = from + along * (2.0 - along) * (to - from);
+        water.push_back({t, 0.0, mixture(t, 0.0).s});
+        steam.push_back({t, 0.0, mixture(t, 1.0).s});
+        turning.push_back({t, 0.0, turning_quality(t)});
+    }
+    write_curve(out, (part + "_water_entropy_curve").c_str(), fit(curve(scale, Scale::linear, 13), water));
+    write_curve(out, (part + "_steam_entropy_curve").c_str(), fit(curve(scale, Scale::linear, 13), steam));
+    write_curve(out, (part + "_turning_quality_curve").c_str(), fit(curve(scale, Scale::linear, 13), turning));
+}
+
+void write_quality_lines(std::ostream& out) {
+    constexpr double step = 0.01; // off both ends, for slopes
+    write_quality_line(out, "wet", Scale::linear, ktl::ktl_lc.tmin + step, ktl::ktl_lc.t1 - step);
+    write_quality_line(out, "near", Scale::below_critical_t, ktl::ktl_lc.t1 + step, guesses::last_turning);
+    std::vector<Point> dip;
+    for (std::size_t k = 0; k < curve_points; ++k) {
+        const double along = static_cast<double>(k) / static_cast<double>(curve_points - 1);
+        const double t = ktl::ktl_lc.tmin + step + along * (guesses::widest_turning - ktl::ktl_lc.tmin - step);
+        const double x = turning_quality(t);
+        dip.push_back({x, 0.0, mixture(t, x).s});
+    }
+    write_curve(out, "dip_entropy_curve", fit(curve(Scale::linear, Scale::linear, 12), dip));
+}
+
 /// The lines as seen() asks for them.
 struct FittedLines {
     Pair pair;
@@ -248,6 +285,7 @@ int main(int count, char** arguments) {
     Fitted fitted;
     write_saturation(out, fitted);
     write_water(out, fitted);
+    write_quality_lines(out);
     write_borders(out, fitted);
     write_surfaces(out, fitted);
     out << "\n} // namespace ktl::engine::guesses\n";

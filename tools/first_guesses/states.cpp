@@ -131,6 +131,7 @@ State draw(Region region, Random& random) {
 
 Class class_of(Pair pair, const State& state) {
     const auto given = name(pair);
+    const bool turns = state.x > guesses::turning_from && state.x < guesses::turning_to;
     switch (state.region) {
     case Region::water: return Class::water;
     case Region::steam:
@@ -138,12 +139,12 @@ Class class_of(Pair pair, const State& state) {
         return state.p < guesses::thin_limit ? Class::steam_thin : Class::steam;
     case Region::wet:
         if (given[0] == 'p' || given[0] == 't') return Class::wet;
-        if (given[1] == 'x' && state.x > guesses::turning_from && state.x < guesses::turning_to) return Class::search;
+        if (given[1] == 'x' && turns) return Class::wet_turning;
         if (given[1] == 'x') return state.x < guesses::turning_from ? Class::wet_liquid : Class::wet;
         if (given[0] == 'v') return state.v < guesses::wet_volume_limit ? Class::wet_liquid : Class::wet;
         return state.s < guesses::wet_limit ? Class::wet_liquid : Class::wet;
     case Region::wet_near_critical:
-        if (given[1] == 'x' && state.x > guesses::turning_from && state.x < guesses::turning_to) return Class::search;
+        if (given[1] == 'x' && turns) return Class::wet_near_critical_turning;
         return Class::wet_near_critical;
     default:
         if (pair == Pair::pt && state.t >= ktl_lc.tc) return Class::supercritical;
@@ -156,8 +157,8 @@ Region region_of(Class c) {
     if (c == Class::water) return Region::water;
     if (c <= Class::steam_dense) return Region::steam;
     if (c <= Class::supercritical) return Region::near_critical_steam;
-    if (c <= Class::wet) return Region::wet;
-    return c == Class::wet_near_critical ? Region::wet_near_critical : Region::none;
+    if (c <= Class::wet_turning) return Region::wet;
+    return c <= Class::wet_near_critical_turning ? Region::wet_near_critical : Region::none;
 }
 
 std::vector<State> draw(Pair pair, Class wanted, std::size_t n, std::uint64_t seed) {

@@ -1,0 +1,109 @@
+// Mixtures of given entropy and quality where entropy turns along the saturation line, from turning_from to turning_to.
+//
+// At constant quality entropy falls with t to a dip below widest_turning, rises to a crest and falls on. The quality of
+// the turn at t is 0.366 at 0.01 degC, 0.567 at 244, 0.430 at 369 degC, from where it grows to the critical point: above
+// 0.568 entropy falls all the way, below 0.429 it rises on to the critical point.
+#pragma once
+
+#include "engine/guesses_data.hpp"
+
+namespace ktl::engine::guesses {
+
+template <class T>
+constexpr T number(Class c) {
+    return T(static_cast<double>(c));
+}
+
+/// Entropy of dry steam at 0.01 degC, where that of water is zero, kJ/(kg K).
+inline constexpr double coldest_entropy = 9.157460783;
+/// Above this quality there is no dip.
+inline constexpr double last_dip = 0.568;
+
+/// Entropy at the dip, kJ/(kg K); more than any above last_dip.
+template <class T>
+T dip_entropy(const T& x) {
+    return choose(x > last_dip, T(coldest_entropy), held<dip_entropy_curve>(x));
+}
+
+/// s, x by the tie line of 350 degC and, within the turning, by the entropies where it begins: above that at 0.01 degC
+/// the coldest state is on the rise to the crest, down to the dip on the fall to it, below on the fall from the crest.
+template <class T>
+T classify_by_quality(const T& s, const T& x) {
+    const auto is = [](Class c) { return number<T>(c); };
+    const T high = is(Class::wet_near_critical);
+    const T line = value<tie_curve>(x);
+    const T rising = choose(s > line, is(Class::wet_near_critical_turning), is(Class::wet_turning));
+    const T falling = choose(s < line, is(Class::wet_near_critical_turning), is(Class::wet_turning));
+    const T middle = choose(s > coldest_entropy * x, rising,
+                            choose(s < dip_entropy(x), falling, is(Class::wet_turning)));
+    return choose(x < turning_from, choose(s > line, high, is(Class::wet_liquid)),
+                  choose(x > turning_to, choose(s < line, high, is(Class::wet)), middle));
+}
+
+/// Position in the fits of one part of the saturation line; high: above 350 degC.
+template <bool high, class T>
+T line_position(const T& t) {
+    if constexpr (high) return position<near_turning_quality_curve>(t);
+    return position<wet_turning_quality_curve>(t);
+}
+template <bool high, class T>
+T line_temperature(const T& u) {
+    if constexpr (high) return at_position<near_turning_quality_curve>(u);
+    return at_position<wet_turning_quality_curve>(u);
+}
+template <bool high, class T>
+T turning_quality(const T& u) {
+    if constexpr (high) return polynomial<near_turning_quality_curve>(u);
+    return polynomial<wet_turning_quality_curve>(u);
+}
+template <bool high, class T>
+T line_entropy(const T& u, const T& x) {
+    const auto mixed = [&](const T& water, const T& steam) { return water + x * (steam - water); };
+    if constexpr (high)
+        return mixed(polynomial<near_water_entropy_curve>(u), polynomial<near_steam_entropy_curve>(u));
+    return mixed(polynomial<wet_water_entropy_curve>(u), polynomial<wet_steam_entropy_curve>(u));
+}
+
+/// First guess of the temperature of a row within the turning, by halving the part of the line where it may be.
+template <bool high, class T>
+T turning_temperature(const T& s, const T& x) {
+    constexpr int halvings = 16;
+    const T rising = both(s > coldest_entropy * x, T(1.0));
+    const T before_dip = high ? T(0.0) : choose(s < dip_entropy(x), T(0.0), T(1.0) - rising);
+    // 1 where the state is warmer than the mixture at u.
+    const auto is_warmer = [&](const T& u) {
+        const T entropy = line_entropy<high>(u, x);
+        const T off = x - turning_quality<high>(u);
+        const T below = both(entropy < s, high ? both(off < 0.0, T(1.0)) : T(1.0));
+        const T above = both(entropy > s, choose(before_dip > 0.5, both(off > 0.0, T(1.0)), T(1.0)));
+        return choose(rising > 0.5, below, above);
+    };
+    T cold(high ? 1.0 : -1.0);
+    T warm = choose(before_dip > 0.5, line_position<high>(T(widest_turning)), T(high ? -1.0 : 1.0));
+    for (int pass = 0; pass < halvings; ++pass) {
+        const T middle = 0.5 * (cold + warm);
+        const auto warmer = is_warmer(middle) > 0.5;
+        cold = choose(warmer, middle, cold);
+        warm = choose(warmer, warm, middle);
+    }
+    return line_temperature<high>(T(0.5 * (cold + warm)));
+}
+
+/// 1 where the mixture of that entropy and quality at t is the coldest one beyond doubt.
+template <bool high, class T>
+T is_lowest(const T& s, const T& x, const T& t) {
+    constexpr double width = 0.001;           // from the turn, in x
+    constexpr double entropy_width = 1.0e-4;  // from the dip, more than its fit is off
+    constexpr double least_at_350 = 0.476;    // quality of the turn between 350 and 353 degC, less a trifle
+    constexpr double least = 0.4285;          // and above
+    constexpr double valley = 369.0;          // degC
+    const T off = x - turning_quality<high>(line_position<high>(t));
+    const T late = both(s < dip_entropy(x) - entropy_width, T(1.0));
+    const T falling = both(off > width, high ? late : choose(t < widest_turning, T(1.0), late));
+    const T climbs = high ? both(x < choose(t < valley, T(least_at_350), T(least)), T(1.0)) : T(1.0);
+    const T rising = both(off < -width, both(s > coldest_entropy * x + 1.0e-6, climbs));
+    const T lowest = choose(t < last_turning, choose(off > 0.0, falling, rising), T(0.0));
+    return choose(x < turning_from, T(1.0), choose(x > turning_to, T(1.0), lowest));
+}
+
+} // namespace ktl::engine::guesses
