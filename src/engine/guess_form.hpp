@@ -33,7 +33,7 @@ enum class Class : std::uint8_t {
     liquid_like,   ///< sub-region 3 below middle_entropy; p, t: below the critical temperature, above ps(t)
     vapour_like,   ///< sub-region 3 above middle_entropy; p, t: below the critical temperature, below ps(t)
     supercritical, ///< p, t alone: sub-region 3 from the critical temperature up
-    wet_liquid, ///< two phases up to 350 degC, pairs without p and t: below wet_limit, wet_volume_limit, turning_from
+    wet_liquid,  ///< two phases up to 350 degC, pairs without p and t: below wet_limit, wet_volume_limit, turning_from
     wet,         ///< two phases up to 350 degC
     wet_turning, ///< s, x alone: two phases up to 350 degC from turning_from to turning_to
     wet_near_critical,         ///< two phases above 350 degC

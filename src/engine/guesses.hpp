@@ -235,8 +235,7 @@ void guess(Class c, const T& a, const T& b, T& first, T& t) {
     }
     if constexpr (pair == Pair::sx) {
         if (c == Class::wet_turning) return guess<pair, Class::wet_turning>(a, b, first, t);
-        if (c == Class::wet_near_critical_turning)
-            return guess<pair, Class::wet_near_critical_turning>(a, b, first, t);
+        if (c == Class::wet_near_critical_turning) return guess<pair, Class::wet_near_critical_turning>(a, b, first, t);
     }
 }
 

@@ -10,9 +10,8 @@ namespace ktl::engine {
 
 /// The kind of each class; the classes of one kind follow one another. Class::search has none.
 inline constexpr std::array<Kind, guesses::class_count - 1> kind_of{
-    Kind::water,         Kind::steam,         Kind::steam, Kind::steam, Kind::near_critical,
-    Kind::near_critical, Kind::near_critical, Kind::wet,   Kind::wet,   Kind::wet,   Kind::wet_near_critical,
-    Kind::wet_near_critical};
+    Kind::water,         Kind::steam, Kind::steam, Kind::steam, Kind::near_critical,     Kind::near_critical,
+    Kind::near_critical, Kind::wet,   Kind::wet,   Kind::wet,   Kind::wet_near_critical, Kind::wet_near_critical};
 static_assert(std::is_sorted(kind_of.begin(), kind_of.end()));
 
 /// The region of a state of that kind at its own variables.

@@ -19,6 +19,9 @@ inline constexpr double coldest_entropy = 9.157460783;
 /// Above this quality there is no dip.
 inline constexpr double last_dip = 0.568;
 
+/// Quality of the turn at 350 degC, less a trifle: above, the crest lies below 350 degC.
+inline constexpr double turning_at_350 = 0.48;
+
 /// Entropy at the dip, kJ/(kg K); more than any above last_dip.
 template <class T>
 T dip_entropy(const T& x) {
@@ -32,10 +35,11 @@ T classify_by_quality(const T& s, const T& x) {
     const auto is = [](Class c) { return number<T>(c); };
     const T high = is(Class::wet_near_critical);
     const T line = value<tie_curve>(x);
-    const T rising = choose(s > line, is(Class::wet_near_critical_turning), is(Class::wet_turning));
+    const T rising = choose(s > choose(x < turning_at_350, line, T(coldest_entropy)),
+                            is(Class::wet_near_critical_turning), is(Class::wet_turning));
     const T falling = choose(s < line, is(Class::wet_near_critical_turning), is(Class::wet_turning));
-    const T middle = choose(s > coldest_entropy * x, rising,
-                            choose(s < dip_entropy(x), falling, is(Class::wet_turning)));
+    const T middle =
+        choose(s > coldest_entropy * x, rising, choose(s < dip_entropy(x), falling, is(Class::wet_turning)));
     return choose(x < turning_from, choose(s > line, high, is(Class::wet_liquid)),
                   choose(x > turning_to, choose(s < line, high, is(Class::wet)), middle));
 }
@@ -59,8 +63,7 @@ T turning_quality(const T& u) {
 template <bool high, class T>
 T line_entropy(const T& u, const T& x) {
     const auto mixed = [&](const T& water, const T& steam) { return water + x * (steam - water); };
-    if constexpr (high)
-        return mixed(polynomial<near_water_entropy_curve>(u), polynomial<near_steam_entropy_curve>(u));
+    if constexpr (high) return mixed(polynomial<near_water_entropy_curve>(u), polynomial<near_steam_entropy_curve>(u));
     return mixed(polynomial<wet_water_entropy_curve>(u), polynomial<wet_steam_entropy_curve>(u));
 }
 
@@ -70,16 +73,18 @@ T turning_temperature(const T& s, const T& x) {
     constexpr int halvings = 16;
     const T rising = both(s > coldest_entropy * x, T(1.0));
     const T before_dip = high ? T(0.0) : choose(s < dip_entropy(x), T(0.0), T(1.0) - rising);
+    const T widest = line_position<high>(T(widest_turning));
     // 1 where the state is warmer than the mixture at u.
     const auto is_warmer = [&](const T& u) {
         const T entropy = line_entropy<high>(u, x);
         const T off = x - turning_quality<high>(u);
-        const T below = both(entropy < s, high ? both(off < 0.0, T(1.0)) : T(1.0));
+        const T climbs = both(off < 0.0, T(1.0));
+        const T below = both(entropy < s, high ? climbs : choose(u < widest, T(1.0), climbs));
         const T above = both(entropy > s, choose(before_dip > 0.5, both(off > 0.0, T(1.0)), T(1.0)));
         return choose(rising > 0.5, below, above);
     };
     T cold(high ? 1.0 : -1.0);
-    T warm = choose(before_dip > 0.5, line_position<high>(T(widest_turning)), T(high ? -1.0 : 1.0));
+    T warm = choose(before_dip > 0.5, widest, T(high ? -1.0 : 1.0));
     for (int pass = 0; pass < halvings; ++pass) {
         const T middle = 0.5 * (cold + warm);
         const auto warmer = is_warmer(middle) > 0.5;
@@ -92,15 +97,16 @@ T turning_temperature(const T& s, const T& x) {
 /// 1 where the mixture of that entropy and quality at t is the coldest one beyond doubt.
 template <bool high, class T>
 T is_lowest(const T& s, const T& x, const T& t) {
-    constexpr double width = 0.001;           // from the turn, in x
-    constexpr double entropy_width = 1.0e-4;  // from the dip, more than its fit is off
-    constexpr double least_at_350 = 0.476;    // quality of the turn between 350 and 353 degC, less a trifle
-    constexpr double least = 0.4285;          // and above
-    constexpr double valley = 369.0;          // degC
+    constexpr double width = 0.001;          // from the turn, in x
+    constexpr double entropy_width = 1.0e-4; // from the dip, more than its fit is off, and the jump at 350 degC
+    constexpr double valley = 369.0;         // degC, where the turn is at the quality
+    constexpr double least = 0.4285;         // less a trifle
     const T off = x - turning_quality<high>(line_position<high>(t));
     const T late = both(s < dip_entropy(x) - entropy_width, T(1.0));
     const T falling = both(off > width, high ? late : choose(t < widest_turning, T(1.0), late));
-    const T climbs = high ? both(x < choose(t < valley, T(least_at_350), T(least)), T(1.0)) : T(1.0);
+    const T climbs = high ? both(x < choose(t < valley, T(turning_at_350), T(least)),
+                                 both(s > value<tie_curve>(x) + entropy_width, T(1.0)))
+                          : T(1.0);
     const T rising = both(off < -width, both(s > coldest_entropy * x + 1.0e-6, climbs));
     const T lowest = choose(t < last_turning, choose(off > 0.0, falling, rising), T(0.0));
     return choose(x < turning_from, T(1.0), choose(x > turning_to, T(1.0), lowest));

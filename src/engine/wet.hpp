@@ -136,11 +136,14 @@ T step_along(const Phases<high, T>& phases, Quantities given, const T& a, const 
     return dt;
 }
 
-/// The same towards the mixture of quality x with the given entropy.
+/// The same towards the mixture of quality x with the given entropy; met becomes 1 where that has it already, but for
+/// rounding. Near a turn of entropy along the line rounding moves t further than a search would end with.
 template <bool high, class T>
-T step_of_quality(const Phases<high, T>& phases, const T& entropy, const T& x) {
+T step_of_quality(const Phases<high, T>& phases, const T& entropy, const T& x, T& met) {
     const Blend<T> y = phases.blend(Quantity::entropy);
-    return (entropy - y.at(x)) / y.along(x);
+    const T miss = entropy - y.at(x);
+    met = is_met(Quantity::entropy, miss, entropy);
+    return miss / y.along(x);
 }
 
 /// Newton for the temperature of the mixture with A = a and B = b, or of the entropy a and the quality b, from the
@@ -152,9 +155,12 @@ void mix(Mixed<T>& m, Pair pair, Quantities given, const T& a, const T& b) {
     for (int pass = 0; pass < most_passes; ++pass) {
         const Phases<high, T> phases(line_at(m.t), m);
         T x = b;
-        const T dt = pair == Pair::sx ? step_of_quality<high>(phases, a, b) : step_along<high>(phases, given, a, b, x);
+        T met(0.0);
+        const T dt =
+            pair == Pair::sx ? step_of_quality<high>(phases, a, b, met) : step_along<high>(phases, given, a, b, x);
         m.x = choose(m.converged < 0.5, x, m.x);
         phases.move(m, dt, pace);
+        if (!high) m.converged = larger(m.converged, met);
         if (all_set(m.converged)) break;
     }
     settle<high>(m);

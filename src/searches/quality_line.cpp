@@ -82,6 +82,39 @@ constexpr Parts outermost_parts{{{KTL_WET, ktl_lc.tmin, ktl_lc.t1max},
 /// Intervals in which a part is looked at first: narrow enough that none holds two turning points.
 constexpr std::size_t steps = 16;
 
+using LookTemperatures = std::array<double, steps + 1>;
+LookTemperatures look_temperatures(const Part& part) {
+    LookTemperatures t{};
+    for (std::size_t n = 0; n < t.size(); ++n) {
+        const double share = static_cast<double>(n) / steps;
+        t[n] = n == steps ? part.to : part.from + (part.to - part.from) * share;
+    }
+    return t;
+}
+
+/// Entropies of the outermost phases at the looks of a part, the same for all lines.
+struct PhaseEntropies {
+    std::array<double, steps + 1> water, steam;
+};
+using OutermostEntropies = std::array<PhaseEntropies, outermost_parts.size()>;
+const PhaseEntropies& outermost_entropies(const Part& part) {
+    static const OutermostEntropies all = [] {
+        OutermostEntropies made{};
+        for (std::size_t k = 0; k < made.size(); ++k) {
+            const LookTemperatures t = look_temperatures(outermost_parts[k]);
+            for (std::size_t n = 0; n < t.size(); ++n) {
+                const auto at = [&](double x) {
+                    return QualityLine{0.0, x, Phases::outermost}.residual(t[n], outermost_parts[k].region);
+                };
+                made[k].water[n] = at(0.0);
+                made[k].steam[n] = at(1.0);
+            }
+        }
+        return made;
+    }();
+    return all[static_cast<std::size_t>(&part - outermost_parts.data())];
+}
+
 /// Least value of sign times the residual between a and b, by golden section, or a point where it is not positive.
 double turning_point(const QualityLine& line, double a, double b, int region, double sign) {
     constexpr double golden = 0.6180339887498949;
@@ -104,14 +137,14 @@ double turning_point(const QualityLine& line, double a, double b, int region, do
 
 /// Temperatures of one part and the residuals there.
 struct Looks {
-    std::array<double, steps + 1> t, f;
+    LookTemperatures t;
+    std::array<double, steps + 1> f{};
 
-    Looks(const QualityLine& line, const Part& part) {
-        for (std::size_t n = 0; n < t.size(); ++n) {
-            const double share = static_cast<double>(n) / steps;
-            t[n] = n == steps ? part.to : part.from + (part.to - part.from) * share;
-            f[n] = line.residual(t[n], part.region);
-        }
+    Looks(const QualityLine& line, const Part& part) : t(look_temperatures(part)) {
+        for (std::size_t n = 0; n < t.size(); ++n) f[n] = line.residual(t[n], part.region);
+    }
+    Looks(const QualityLine& line, const Part& part, const PhaseEntropies& s) : t(look_temperatures(part)) {
+        for (std::size_t n = 0; n < t.size(); ++n) f[n] = s.water[n] + line.x * (s.steam[n] - s.water[n]) - line.s;
     }
 
     /// Second difference at look n, or at the neighbour that has one.
@@ -185,7 +218,8 @@ int on_quality_line(double s, double x, Phases source, FoundState* out, int most
     const QualityLine line{s, x, source};
     States states{out, most};
     for (const Part& part : source == Phases::of_entry ? entry_parts : outermost_parts) {
-        const Looks looks(line, part);
+        const Looks looks =
+            source == Phases::outermost ? Looks(line, part, outermost_entropies(part)) : Looks(line, part);
         const int before = states.count;
         look(line, part, looks, states);
         if (states.count == before && part.region == KTL_WET_NEAR_CRITICAL && source == Phases::of_entry)

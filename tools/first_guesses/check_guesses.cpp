@@ -8,9 +8,9 @@ namespace {
 
 using namespace first_guesses;
 
-constexpr const char* class_names[]{"water",       "steam_thin",    "steam",      "steam_dense", "liquid_like",
-                                    "vapour_like", "supercritical", "wet_liquid", "wet",         "wet_turning",
-                                    "wet_near_critical", "wet_near_critical_turning"};
+constexpr const char* class_names[]{
+    "water",         "steam_thin", "steam", "steam_dense", "liquid_like",       "vapour_like",
+    "supercritical", "wet_liquid", "wet",   "wet_turning", "wet_near_critical", "wet_near_critical_turning"};
 
 } // namespace
 

@@ -17,10 +17,9 @@ namespace guesses = ktl::engine::guesses;
 constexpr std::size_t curve_points = 2000, surface_points = 6000;
 
 /// Printed names; the order is that of the enumerations.
-constexpr std::string_view class_names[]{"water",       "steam_thin",       "steam",         "steam_dense",
-                                         "liquid_like", "vapour_like",      "supercritical", "wet_liquid",
-                                         "wet",         "wet_turning",      "wet_near_critical",
-                                         "wet_near_critical_turning"};
+constexpr std::string_view class_names[]{
+    "water",         "steam_thin", "steam", "steam_dense", "liquid_like",       "vapour_like",
+    "supercritical", "wet_liquid", "wet",   "wet_turning", "wet_near_critical", "wet_near_critical_turning"};
 constexpr std::string_view border_names[]{"liquid",   "vapour", "near_liquid", "near_vapour", "isotherm",
                                           "boundary", "middle", "thin",        "dense",       "tie"};
 std::string_view word(Class c) { return class_names[static_cast<std::size_t>(c)]; }

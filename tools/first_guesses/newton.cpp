@@ -40,7 +40,8 @@ Trial in_mixture(Pair pair, const Quantities& given, Scalar a, Scalar b, const T
     ktl::engine::Mixed<Scalar> m{0.0, trial.t, trial.liquid, trial.vapour, 0.0};
     const ktl::engine::Phases<high, Scalar> phases(ktl::engine::line_at(m.t), m);
     Scalar x = b;
-    const Scalar dt = pair == Pair::sx ? ktl::engine::step_of_quality<high>(phases, a, b)
+    Scalar met = 0.0;
+    const Scalar dt = pair == Pair::sx ? ktl::engine::step_of_quality<high>(phases, a, b, met)
                                        : ktl::engine::step_along<high>(phases, given, a, b, x);
     ktl::engine::Pace<Scalar> pace{.negligible = 0.0};
     phases.move(m, dt, pace);
