@@ -97,10 +97,10 @@ T turning_temperature(const T& s, const T& x) {
 /// 1 where the mixture of that entropy and quality at t is the coldest one beyond doubt.
 template <bool high, class T>
 T is_lowest(const T& s, const T& x, const T& t) {
-    constexpr double width = 0.001;          // from the turn, in x
-    constexpr double entropy_width = 1.0e-4; // from the dip, more than its fit is off, and the jump at 350 degC
-    constexpr double valley = 369.0;         // degC, where the turn is at the quality
-    constexpr double least = 0.4285;         // less a trifle
+    constexpr double width = high ? 4.5e-4 : 1.0e-3; // from the turn, in x: more than its fit is off
+    constexpr double entropy_width = 1.0e-4;         // from the dip, more than its fit is off, and the jump at 350 degC
+    constexpr double valley = 369.0;                 // degC, where the turn is at the quality
+    constexpr double least = 0.4285;                 // less a trifle
     const T off = x - turning_quality<high>(line_position<high>(t));
     const T late = both(s < dip_entropy(x) - entropy_width, T(1.0));
     const T falling = both(off > width, high ? late : choose(t < widest_turning, T(1.0), late));

@@ -144,6 +144,13 @@ double turning_quality(double t) {
     return rise(0.0) / (rise(0.0) - rise(1.0));
 }
 
+/// Above 350 degC: it waves up to 354 degC, below which a straight line stands for it.
+double near_turning_quality(double t) {
+    constexpr double straight = 354.0;
+    const double slope = turning_quality(straight + 1.0) - turning_quality(straight);
+    return t < straight ? turning_quality(straight) + (t - straight) * slope : turning_quality(t);
+}
+
 /// Entropy of both phases along one part of the saturation line, and the quality at which that of mixtures turns there.
 void write_quality_line(std::ostream& out, const std::string& part, Scale scale, double from, double to) {
     std::vector<Point> water, steam, turning;
@@ -152,7 +159,7 @@ void write_quality_line(std::ostream& out, const std::string& part, Scale scale,
         const double t = from + along * (2.0 - along) * (to - from);
         water.push_back({t, 0.0, mixture(t, 0.0).s});
         steam.push_back({t, 0.0, mixture(t, 1.0).s});
-        turning.push_back({t, 0.0, turning_quality(t)});
+        turning.push_back({t, 0.0, scale == Scale::linear ? turning_quality(t) : near_turning_quality(t)});
     }
     write_curve(out, (part + "_water_entropy_curve").c_str(), fit(curve(scale, Scale::linear, 13), water));
     write_curve(out, (part + "_steam_entropy_curve").c_str(), fit(curve(scale, Scale::linear, 13), steam));
