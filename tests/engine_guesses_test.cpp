@@ -22,7 +22,7 @@ struct Promise {
 constexpr Promise usual{0.95, 0.98, 0.015};
 
 /// Classes that fall short of the usual: cold water turns, water at the saturation line hardly differs in v, s or u from
-/// compressed water, and mixtures of nearly no steam have nearly the t of any other.
+/// compressed water, and mixtures of nearly no steam have nearly the t of any other. Where entropy turns t is ill defined.
 struct Exception {
     Pair pair;
     Class where;
@@ -36,7 +36,9 @@ constexpr std::array exceptions{
     Exception{Pair::ts, Class::water, {0.88, 0.94, 0.04}},
     Exception{Pair::tu, Class::water, {0.8, 0.94, 0.04}},
     Exception{Pair::sx, Class::wet, {0.5, 0.98, 0.01}},
+    Exception{Pair::sx, Class::wet_turning, {0.92, 0.98, 0.01}},
     Exception{Pair::sx, Class::wet_near_critical, {0.2, 0.97, 0.01}},
+    Exception{Pair::sx, Class::wet_near_critical_turning, {0.92, 0.98, 0.01}},
     Exception{Pair::hs, Class::wet_liquid, {0.75, 0.98, 0.01}},
     Exception{Pair::hs, Class::wet_near_critical, {0.8, 0.97, 0.02}},
     Exception{Pair::us, Class::water, {0.4, 0.85, 0.06}},
