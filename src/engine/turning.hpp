@@ -94,13 +94,15 @@ T turning_temperature(const T& s, const T& x) {
     return line_temperature<high>(T(0.5 * (cold + warm)));
 }
 
-/// 1 where the mixture of that entropy and quality at t is the coldest one beyond doubt.
+/// 1 where the mixture of that entropy and quality at t is the coldest one beyond doubt. On the fall to the dip it is.
+/// On the rise all on that fall must have less entropy, and on the fall from the crest all before it more. Above 350 degC
+/// a rise goes back to the dip up to turning_at_350, and from the valley of the turning quality on up to its least value;
+/// entropy jumps up by 6e-5 at 350 degC.
 template <bool high, class T>
 T is_lowest(const T& s, const T& x, const T& t) {
     constexpr double width = high ? 4.5e-4 : 1.0e-3; // from the turn, in x: more than its fit is off
-    constexpr double entropy_width = 1.0e-4;         // from the dip, more than its fit is off, and the jump at 350 degC
-    constexpr double valley = 369.0;                 // degC, where the turn is at the quality
-    constexpr double least = 0.4285;                 // less a trifle
+    constexpr double entropy_width = 1.0e-4;         // more than the fit of the dip is off, and than the jump
+    constexpr double valley = 369.0, least = 0.4285; // degC; less a trifle
     const T off = x - turning_quality<high>(line_position<high>(t));
     const T late = both(s < dip_entropy(x) - entropy_width, T(1.0));
     const T falling = both(off > width, high ? late : choose(t < widest_turning, T(1.0), late));
