@@ -74,10 +74,11 @@ constexpr Parts entry_parts{{{KTL_WET, ktl_lc.tmin, ktl_lc.t1max},
                              {KTL_WET_NEAR_CRITICAL, 374.14965914868077, ktl_lc.tc},
                              {KTL_WET, ktl_lc.t1max, ktl_lc.t1max + 0.5}}};
 /// The outermost volumes bend at 374.149 degC, and are steep before the critical point.
+constexpr double outermost_bend = 374.149;
 constexpr Parts outermost_parts{{{KTL_WET, ktl_lc.tmin, ktl_lc.t1max},
                                  {KTL_WET_NEAR_CRITICAL, 350.00000000000006, 374.0},
-                                 {KTL_WET_NEAR_CRITICAL, 374.0, 374.149},
-                                 {KTL_WET_NEAR_CRITICAL, 374.149, ktl_lc.tc},
+                                 {KTL_WET_NEAR_CRITICAL, 374.0, outermost_bend},
+                                 {KTL_WET_NEAR_CRITICAL, outermost_bend, ktl_lc.tc},
                                  {KTL_WET, ktl_lc.t1max, ktl_lc.t1max + 0.5}}};
 /// Intervals in which a part is looked at first: narrow enough that none holds two turning points.
 constexpr std::size_t steps = 16;
@@ -115,20 +116,33 @@ const PhaseEntropies& outermost_entropies(const Part& part) {
     return all[static_cast<std::size_t>(&part - outermost_parts.data())];
 }
 
-/// Least value of sign times the residual between a and b, by golden section, or a point where it is not positive.
-double turning_point(const QualityLine& line, double a, double b, int region, double sign) {
+/// A turning point nearer to zero than this may itself count as a state, kJ/(kg K).
+constexpr double touch = 1.0e-8;
+/// True where saturated phases from t on change without jumps or scatter.
+bool is_smooth(const QualityLine& line, double t) { return line.source == Phases::outermost && t < outermost_bend; }
+
+/// Least value of sign times the residual between a and b, by golden section, or a point where it is not positive. Where
+/// the line is smooth, the search ends where the least value so far is twice as far from zero as from the greatest in what
+/// is left of the interval.
+double turning_point(const QualityLine& line, double a, double fa, double b, double fb, int region) {
     constexpr double golden = 0.6180339887498949;
     constexpr int most_passes = 40;
+    const double sign = fa > 0.0 ? 1.0 : -1.0;
+    const bool smooth = is_smooth(line, a);
+    double f_a = sign * fa;
+    double f_b = sign * fb;
     double left = b - golden * (b - a);
     double right = a + golden * (b - a);
     double f_left = sign * line.residual(left, region);
     double f_right = sign * line.residual(right, region);
-    for (int pass = 0; pass < most_passes && std::fmin(f_left, f_right) > 0.0; ++pass) {
+    for (int pass = 0; pass < most_passes; ++pass) {
+        const double least = std::fmin(f_left, f_right);
+        if (!(least > 0.0) || (smooth && least > touch && least > 2.0 * (std::fmax(f_a, f_b) - least))) break;
         if (f_left < f_right) {
-            b = right, right = left, f_right = f_left;
+            b = right, f_b = f_right, right = left, f_right = f_left;
             left = b - golden * (b - a), f_left = sign * line.residual(left, region);
         } else {
-            a = left, left = right, f_left = f_right;
+            a = left, f_a = f_left, left = right, f_left = f_right;
             right = a + golden * (b - a), f_right = sign * line.residual(right, region);
         }
     }
@@ -186,8 +200,9 @@ void look(const QualityLine& line, const Part& part, const Looks& looks, States&
         if (fa * fb <= 0.0) {
             states.add(line.root(a, fa, b, fb, part.region));
         } else if (looks.may_turn_at_zero(n)) {
-            const double t = turning_point(line, a, b, part.region, fa > 0.0 ? 1.0 : -1.0);
+            const double t = turning_point(line, a, fa, b, fb, part.region);
             const double ft = line.residual(t, part.region);
+            if (is_smooth(line, a) && fa * ft > 0.0 && std::fabs(ft) > touch) continue;
             const FoundState colder = line.root(a, fa, t, ft, part.region);
             states.add(colder);
             if (colder.found() && states.wanted()) states.add(line.root(t, ft, b, fb, part.region));
