@@ -1,6 +1,6 @@
 #include "yardstick.hpp"
 
-#include "engine/lanes.hpp"
+#include "engine/lanes/lanes.hpp"
 
 namespace ktl_bench {
 

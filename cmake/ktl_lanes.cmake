@@ -16,7 +16,7 @@ set(ktl_avx512_flags ${ktl_avx2_flags} -mavx512f -mavx512cd -mavx512vl -mavx512d
 
 # ktl_kernels: their objects, which the shared and the static library share.
 function(ktl_add_kernels)
-    add_library(ktl_kernels OBJECT ${CMAKE_CURRENT_SOURCE_DIR}/engine/kernels_scalar.cpp)
+    add_library(ktl_kernels OBJECT ${CMAKE_CURRENT_SOURCE_DIR}/engine/kernels/kernels_scalar.cpp)
     ktl_target(ktl_kernels)
     target_include_directories(ktl_kernels PRIVATE ${CMAKE_CURRENT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/include)
     # Sanitizers multiply the code, which has to stay small there.
@@ -30,8 +30,8 @@ function(ktl_add_kernels)
                                                  VISIBILITY_INLINES_HIDDEN ON)
     if(KTL_VECTOR_LANES)
         foreach(set IN ITEMS avx2 avx512)
-            target_sources(ktl_kernels PRIVATE ${CMAKE_CURRENT_SOURCE_DIR}/engine/kernels_${set}.cpp)
-            set_source_files_properties(engine/kernels_${set}.cpp PROPERTIES COMPILE_OPTIONS "${ktl_${set}_flags}")
+            target_sources(ktl_kernels PRIVATE ${CMAKE_CURRENT_SOURCE_DIR}/engine/kernels/kernels_${set}.cpp)
+            set_source_files_properties(engine/kernels/kernels_${set}.cpp PROPERTIES COMPILE_OPTIONS "${ktl_${set}_flags}")
         endforeach()
         target_include_directories(ktl_kernels SYSTEM PRIVATE ${KTL_HIGHWAY_INCLUDE_DIR})
         target_compile_definitions(ktl_kernels PRIVATE KTL_LANES)

@@ -1,5 +1,5 @@
 // The first guesses of the inversions against states drawn from the region equations.
-#include "engine/guesses.hpp"
+#include "engine/guesses/guesses.hpp"
 #include "first_guesses/check.hpp"
 #include "regions/saturation.hpp"
 
@@ -25,31 +25,31 @@ constexpr Promise usual{0.95, 0.98, 0.015};
 /// compressed water, and mixtures of nearly no steam have nearly the t of any other. Where entropy turns t is ill defined.
 struct Exception {
     Pair pair;
-    Class where;
+    GuessPatch where;
     Promise promise;
 };
 constexpr std::array exceptions{
-    Exception{Pair::pt, Class::supercritical, {0.93, 0.99, 0.0}},
-    Exception{Pair::pv, Class::water, {0.88, 0.96, 0.01}},
-    Exception{Pair::tv, Class::water, {0.95, 0.95, 0.04}},
-    Exception{Pair::th, Class::liquid_like, {0.65, 0.98, 0.01}},
-    Exception{Pair::ts, Class::water, {0.88, 0.94, 0.04}},
-    Exception{Pair::tu, Class::water, {0.8, 0.94, 0.04}},
-    Exception{Pair::sx, Class::wet, {0.5, 0.98, 0.01}},
-    Exception{Pair::sx, Class::wet_turning, {0.92, 0.98, 0.01}},
-    Exception{Pair::sx, Class::wet_near_critical, {0.2, 0.97, 0.01}},
-    Exception{Pair::sx, Class::wet_near_critical_turning, {0.92, 0.98, 0.01}},
-    Exception{Pair::hs, Class::wet_liquid, {0.75, 0.98, 0.01}},
-    Exception{Pair::hs, Class::wet_near_critical, {0.8, 0.97, 0.02}},
-    Exception{Pair::us, Class::water, {0.4, 0.85, 0.06}},
-    Exception{Pair::us, Class::liquid_like, {0.92, 0.97, 0.02}},
-    Exception{Pair::us, Class::wet_near_critical, {0.85, 0.98, 0.02}},
-    Exception{Pair::vh, Class::water, {0.95, 0.95, 0.04}},
-    Exception{Pair::vs, Class::water, {0.94, 0.94, 0.05}},
-    Exception{Pair::vu, Class::water, {0.95, 0.95, 0.05}},
+    Exception{Pair::pt, GuessPatch::supercritical, {0.93, 0.99, 0.0}},
+    Exception{Pair::pv, GuessPatch::water, {0.88, 0.96, 0.01}},
+    Exception{Pair::tv, GuessPatch::water, {0.95, 0.95, 0.04}},
+    Exception{Pair::th, GuessPatch::liquid_like, {0.65, 0.98, 0.01}},
+    Exception{Pair::ts, GuessPatch::water, {0.88, 0.94, 0.04}},
+    Exception{Pair::tu, GuessPatch::water, {0.8, 0.94, 0.04}},
+    Exception{Pair::sx, GuessPatch::wet, {0.5, 0.98, 0.01}},
+    Exception{Pair::sx, GuessPatch::wet_turning, {0.92, 0.98, 0.01}},
+    Exception{Pair::sx, GuessPatch::wet_near_critical, {0.2, 0.97, 0.01}},
+    Exception{Pair::sx, GuessPatch::wet_near_critical_turning, {0.92, 0.98, 0.01}},
+    Exception{Pair::hs, GuessPatch::wet_low_s, {0.75, 0.98, 0.01}},
+    Exception{Pair::hs, GuessPatch::wet_near_critical, {0.8, 0.97, 0.02}},
+    Exception{Pair::us, GuessPatch::water, {0.4, 0.85, 0.06}},
+    Exception{Pair::us, GuessPatch::liquid_like, {0.92, 0.97, 0.02}},
+    Exception{Pair::us, GuessPatch::wet_near_critical, {0.85, 0.98, 0.02}},
+    Exception{Pair::vh, GuessPatch::water, {0.95, 0.95, 0.04}},
+    Exception{Pair::vs, GuessPatch::water, {0.94, 0.94, 0.05}},
+    Exception{Pair::vu, GuessPatch::water, {0.95, 0.95, 0.05}},
 };
 
-Promise promise(Pair pair, Class where) {
+Promise promise(Pair pair, GuessPatch where) {
     const auto* row = std::find_if(exceptions.begin(), exceptions.end(),
                                    [=](const Exception& x) { return x.pair == pair && x.where == where; });
     return row == exceptions.end() ? usual : row->promise;
@@ -59,8 +59,8 @@ class FirstGuesses : public testing::TestWithParam<std::size_t> {};
 
 TEST_P(FirstGuesses, KeepTheirPromise) {
     const auto pair = static_cast<Pair>(GetParam());
-    for (std::size_t c = 0; c < guesses::class_count; ++c) {
-        const auto where = static_cast<Class>(c);
+    for (std::size_t c = 0; c < guesses::patch_count; ++c) {
+        const auto where = static_cast<GuessPatch>(c);
         if (!followed(pair, where)) continue;
         const Promise least = promise(pair, where);
         const Quality q = check(pair, where, 1000, 77);
@@ -93,7 +93,7 @@ TEST(Classify, TakesAnyValue) {
             for (const double c : {guesses::classify<Pair::ph>(a, b), guesses::classify<Pair::hs>(a, b),
                                    guesses::classify<Pair::tv>(a, b), guesses::classify<Pair::sx>(a, b)}) {
                 EXPECT_GE(c, 0.0);
-                EXPECT_LT(c, static_cast<double>(guesses::class_count));
+                EXPECT_LT(c, static_cast<double>(guesses::patch_count));
             }
 }
 

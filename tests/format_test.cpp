@@ -1,5 +1,5 @@
 // Fixed-width fields, as formatted Fortran output writes them.
-#include "front/format.hpp"
+#include "reports/format.hpp"
 
 #include <climits>
 #include <clocale>
@@ -10,7 +10,7 @@
 
 namespace {
 
-using ktl::front::Line;
+using ktl::reports::Line;
 using Limits = std::numeric_limits<double>;
 
 std::string real_1pe(double value, int w, int d) { return std::string(Line{}.real_1pe(value, w, d).view()); }

@@ -1,5 +1,5 @@
 // Stored products against their factors, and the stored constants against each other.
-#include "front/constants.hpp"
+#include "regions/constants.hpp"
 #include "regions/region1_data.hpp"
 #include "regions/region2_data.hpp"
 #include "regions/region3_data.hpp"

@@ -1,5 +1,5 @@
 // Working records: computed once for a state, one to a thread, and without influence on any result.
-#include "front/constants.hpp"
+#include "regions/constants.hpp"
 
 #include "support/reports.hpp"
 #include "support/states.hpp"

@@ -1,5 +1,5 @@
 // The saturation line: its end, its inverses, and the odd ways of ktl_tp.
-#include "front/constants.hpp"
+#include "regions/constants.hpp"
 
 #include "support/compare.hpp"
 #include "support/random.hpp"

@@ -1,5 +1,5 @@
 // The finders from pressure and temperature, from quality, and from pressure and enthalpy.
-#include "front/constants.hpp"
+#include "regions/constants.hpp"
 
 #include "support/compare.hpp"
 #include "support/reports.hpp"

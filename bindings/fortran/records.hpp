@@ -8,12 +8,12 @@ namespace ktl::fortran {
 void keep_common_in_step();
 
 /// Keeps the blocks in step when a routine returns.
-class InStep {
+class CommonSync {
 public:
-    InStep() = default;
-    InStep(const InStep&) = delete;
-    InStep& operator=(const InStep&) = delete;
-    ~InStep() { keep_common_in_step(); }
+    CommonSync() = default;
+    CommonSync(const CommonSync&) = delete;
+    CommonSync& operator=(const CommonSync&) = delete;
+    ~CommonSync() { keep_common_in_step(); }
 };
 
 } // namespace ktl::fortran

@@ -119,8 +119,8 @@ public:
     [[nodiscard]] Region region() const noexcept { return region_; }
 
 private:
-    friend struct Access;
-    double p_, t_, v_, h_, s_, cp_, cv_, w2_, dvdt_, dvdp_;
+    friend struct StateBuilder;
+    double p_, t_, v_, h_, s_, cp_, cv_, speed_of_sound_squared_, dvdt_, dvdp_;
     Region region_;
 };
 
@@ -170,7 +170,7 @@ public:
     [[nodiscard]] KTL_API double get(Property property) const noexcept;
 
 private:
-    friend struct Access;
+    friend struct StateBuilder;
     Phase bulk_, liquid_, vapour_;
     double x_;
     Status status_;

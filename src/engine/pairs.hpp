@@ -1,7 +1,7 @@
 // What the values of a pair are.
 #pragma once
 
-#include "regions/state.hpp"
+#include "searches/state.hpp"
 
 #include <array>
 #include <ktl/steam.hpp>

@@ -14,7 +14,7 @@ inline constexpr double not_a_number = std::numeric_limits<double>::quiet_NaN();
 struct Solution {
     Status status = Status::no_state;
     Region region = Region::none;
-    double first = not_a_number; ///< p in sub-regions 1 and 2, v in sub-region 3, x in two phases
+    double primary = not_a_number; ///< p in sub-regions 1 and 2, v in sub-region 3, x in two phases
     double t = not_a_number;
     double liquid = not_a_number, vapour = not_a_number;
 

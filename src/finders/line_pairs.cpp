@@ -1,7 +1,7 @@
 // States from entropy and enthalpy or internal energy, and from volume and a second property.
-#include "finders/hand_back.hpp"
-#include "front/diagnostics.hpp"
-#include "searches/curve_search.hpp"
+#include "finders/return_state.hpp"
+#include "reports/diagnostics.hpp"
+#include "searches/isentrope_isochore.hpp"
 
 #include <ktl/ktlftn.h>
 
@@ -30,14 +30,14 @@ bool beyond_isochore(Quantity y, ktl_property_eps of_end, double value, double v
 
 int on_entropy(Quantity y, ktl_property_eps of_end, double& value, double& s, double eps) {
     if (!searches::finite(value, s) || beyond_isentrope(y, of_end, value, s, eps)) return KTL_NO_STATE;
-    const FoundState found = searches::on_isentrope(y, value, s, Phases::of_entry);
-    return finders::hand_back(found, {y, value, Quantity::entropy, s}, value, s);
+    const FoundState found = searches::on_isentrope(y, value, s, SaturationModel::entry_compatible);
+    return finders::return_state(found, {y, value, Quantity::entropy, s}, value, s);
 }
 
 int on_volume(Quantity y, ktl_property_eps of_end, double& v, double& value, double eps) {
     if (!searches::finite(v, value) || beyond_isochore(y, of_end, value, v, eps)) return KTL_NO_STATE;
-    const FoundState found = searches::on_isochore(y, value, v, Phases::of_entry);
-    return finders::hand_back(found, {Quantity::volume, v, y, value}, v, value);
+    const FoundState found = searches::on_isochore(y, value, v, SaturationModel::entry_compatible);
+    return finders::return_state(found, {Quantity::volume, v, y, value}, v, value);
 }
 
 } // namespace
@@ -46,7 +46,7 @@ int ktlrhs(double& h, double& s, const double& eps) { return on_entropy(Quantity
 
 int ktlrus(double& u, double& s, const double& eps) {
     const int region = on_entropy(Quantity::energy, ktl_ut, u, s, eps);
-    if (region == KTL_NO_STATE) front::no_state_us(u, s);
+    if (region == KTL_NO_STATE) reports::no_state_us(u, s);
     return region;
 }
 

@@ -1,5 +1,5 @@
 // States from pressure and a second property: region by saturated values at the pressure, then inversion.
-#include "front/constants.hpp"
+#include "regions/constants.hpp"
 
 #include <algorithm>
 #include <cmath>

@@ -1,6 +1,6 @@
 // States from pressure and entropy, internal energy or volume.
-#include "finders/hand_back.hpp"
-#include "regions/curves.hpp"
+#include "finders/return_state.hpp"
+#include "searches/lines.hpp"
 
 #include <ktl/ktlftn.h>
 
@@ -11,7 +11,8 @@ using namespace ktl;
 int on_pressure(Quantity y, double& p, double& value) {
     double p_in = p;
     if (!searches::finite(p, value) || !searches::bring_within(p_in, ktl_lc.pmin, ktl_lc.pmax)) return KTL_NO_STATE;
-    return finders::hand_back(on_isobar(y, p_in, value, Phases::of_entry), {Quantity::pressure, p, y, value}, p, value);
+    return finders::return_state(on_isobar(y, p_in, value, SaturationModel::entry_compatible),
+                                 {Quantity::pressure, p, y, value}, p, value);
 }
 
 } // namespace

@@ -1,5 +1,5 @@
 // States from pressure and temperature, and from pressure or temperature and quality.
-#include "front/constants.hpp"
+#include "regions/constants.hpp"
 
 #include <cmath>
 #include <ktl/ktlftn.h>

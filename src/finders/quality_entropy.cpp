@@ -1,6 +1,6 @@
 // States from entropy and quality.
-#include "front/diagnostics.hpp"
-#include "searches/given.hpp"
+#include "reports/diagnostics.hpp"
+#include "searches/acceptance.hpp"
 #include "searches/quality_line.hpp"
 
 #include <ktl/ktlftn.h>
@@ -10,12 +10,12 @@ int ktlrsx(double& s, double& x, const double& /*eps*/) {
     double quality = x;
     if (searches::finite(s, x) && x >= -rounding && searches::bring_within(quality, 0.0, 1.0)) {
         FoundState found;
-        if (searches::on_quality_line(s, quality, Phases::of_entry, &found, 1) == 1) {
-            s = found.first;
+        if (searches::on_quality_line(s, quality, SaturationModel::entry_compatible, &found, 1) == 1) {
+            s = found.primary;
             x = found.t;
             return found.region;
         }
     }
-    front::no_state_sx(s, x);
+    reports::no_state_sx(s, x);
     return KTL_NO_STATE;
 }

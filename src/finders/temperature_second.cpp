@@ -1,7 +1,7 @@
 // States from temperature and volume, enthalpy, entropy or internal energy.
-#include "finders/hand_back.hpp"
-#include "front/diagnostics.hpp"
-#include "regions/curves.hpp"
+#include "finders/return_state.hpp"
+#include "reports/diagnostics.hpp"
+#include "searches/lines.hpp"
 
 #include <ktl/ktlftn.h>
 
@@ -12,8 +12,8 @@ using namespace ktl;
 int on_temperature(Quantity y, double& t, double& value) {
     double t_in = t;
     if (!searches::finite(t, value) || !searches::bring_within(t_in, ktl_lc.tmin, ktl_lc.tmax)) return KTL_NO_STATE;
-    return finders::hand_back(on_isotherm(y, t_in, value, Phases::of_entry), {Quantity::temperature, t, y, value}, t,
-                              value);
+    return finders::return_state(on_isotherm(y, t_in, value, SaturationModel::entry_compatible),
+                                 {Quantity::temperature, t, y, value}, t, value);
 }
 
 } // namespace
@@ -23,12 +23,12 @@ int ktlrts(double& t, double& s, const double& /*eps*/) { return on_temperature(
 
 int ktlrth(double& t, double& h, const double& /*eps*/) {
     const int region = on_temperature(Quantity::enthalpy, t, h);
-    if (region == KTL_NO_STATE) front::no_state_th(t, h);
+    if (region == KTL_NO_STATE) reports::no_state_th(t, h);
     return region;
 }
 
 int ktlrtu(double& t, double& u, const double& /*eps*/) {
     const int region = on_temperature(Quantity::energy, t, u);
-    if (region == KTL_NO_STATE) front::no_state_tu(t, u);
+    if (region == KTL_NO_STATE) reports::no_state_tu(t, u);
     return region;
 }

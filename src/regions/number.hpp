@@ -23,23 +23,23 @@ constexpr void count_evaluation() {}
 
 /// a where the condition holds, else b: no branch, so that a type of many lanes can provide its own.
 template <class T>
-constexpr T choose(bool condition, const T& a, const T& b) {
+constexpr T select(bool condition, const T& a, const T& b) {
     return condition ? a : b;
 }
 
 /// 1 where the condition holds and so does the rest.
 template <class Condition, class T>
-T both(const Condition& condition, const T& rest) {
-    return choose(condition, rest, T(0.0));
+T zero_unless(const Condition& condition, const T& rest) {
+    return select(condition, rest, T(0.0));
 }
 
 /// What a() or b() gives, as the condition tells. One number asks for one of them only, many lanes for both.
 template <class Condition, class A, class B>
-constexpr auto decide(const Condition& condition, A&& a, B&& b) {
+constexpr auto select_lazy(const Condition& condition, A&& a, B&& b) {
     if constexpr (std::is_same_v<Condition, bool>)
         return condition ? a() : b();
     else
-        return choose(condition, a(), b());
+        return select(condition, a(), b());
 }
 
 /// A fitted polynomial of u = (x - middle) slope, which is -1 to 1 over the range of the fit.

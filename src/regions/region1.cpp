@@ -1,7 +1,7 @@
 // Doors of sub-region 1: working terms and range reports in front of the equations.
 #include "regions/region1.hpp"
 
-#include "regions/working.hpp"
+#include "regions/region_cache.hpp"
 
 #include <ktl/ktlftn.h>
 
@@ -10,7 +10,7 @@ namespace {
 using namespace ktl;
 
 /// Record ktl_s1. Written by comt1 alone, one to a thread.
-constinit thread_local WorkingTerms<region1::Terms<double>> ktl_s1{};
+constinit thread_local RegionCache<region1::Terms<double>> ktl_s1{};
 
 const region1::Terms<double>& prepared(double p, double t) {
     constexpr Limits limits{"COMT1 ", ktl_lc.tmin, ktl_lc.t1max};

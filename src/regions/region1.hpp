@@ -10,7 +10,7 @@
 // IFC-67, section 9.1. v = vca zeta_beta, h = pvo10 (zeta - theta zeta_theta), s = -pvot zeta_theta.
 #pragma once
 
-#include "front/constants.hpp"
+#include "regions/constants.hpp"
 #include "regions/number.hpp"
 #include "regions/region1_data.hpp"
 

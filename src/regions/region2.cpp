@@ -1,7 +1,7 @@
 // Doors of sub-region 2: working terms and range reports in front of the equations.
 #include "regions/region2.hpp"
 
-#include "regions/working.hpp"
+#include "regions/region_cache.hpp"
 
 #include <ktl/ktlftn.h>
 
@@ -10,7 +10,7 @@ namespace {
 using namespace ktl;
 
 /// Record ktl_s2. Written by comt2 alone, one to a thread.
-constinit thread_local WorkingTerms<region2::Terms<double>> ktl_s2{};
+constinit thread_local RegionCache<region2::Terms<double>> ktl_s2{};
 
 const region2::Terms<double>& prepared(double p, double t) {
     constexpr Limits limits{"COMT2 ", ktl_lc.t2min, ktl_lc.tmax};

@@ -10,7 +10,7 @@
 // cp = -pvot theta zeta_theta_theta. Each theta-derivative of X^n brings a factor -n b.
 #pragma once
 
-#include "front/constants.hpp"
+#include "regions/constants.hpp"
 #include "regions/number.hpp"
 #include "regions/region2_data.hpp"
 

@@ -1,7 +1,7 @@
 // Doors of sub-region 3: cache, range report and records in front of the equations.
 #include "regions/region3.hpp"
 
-#include "front/diagnostics.hpp"
+#include "reports/diagnostics.hpp"
 
 #include <ktl/ktlftn.h>
 
@@ -20,7 +20,7 @@ constinit thread_local Working ktl_s3{};
 /// One report for the pair, whichever of the two is out of range.
 void check_range(double v, double t) {
     if (out_of_range(v, ktl_lc.v3min, ktl_lc.v3max) || out_of_range(t, ktl_lc.t3min, ktl_lc.t3max))
-        front::report("COMT3 ", front::Case::volume_temperature_out_of_range, v, t);
+        reports::report("COMT3 ", reports::Case::volume_temperature_out_of_range, v, t);
 }
 
 /// A search at fixed temperature changes v alone; the terms of temperature then stand.

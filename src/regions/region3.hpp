@@ -10,7 +10,7 @@
 // cp = pvot (-theta psi_theta_theta + theta psi_chi_theta^2 / psi_chi_chi).
 #pragma once
 
-#include "front/constants.hpp"
+#include "regions/constants.hpp"
 #include "regions/number.hpp"
 #include "regions/region3_data.hpp"
 
@@ -53,7 +53,7 @@ void temperature_terms(Terms<T>& s, const T& t) {
     // Below 0.01 the thirtieth power is set to zero before it would underflow.
     const T y4 = s.y2 * s.y2;
     const T y8 = y4 * y4;
-    s.y30 = choose(s.y < 0.01, T(0.0), y8 * y8 * y8 * y4 * s.y2);
+    s.y30 = select(s.y < 0.01, T(0.0), y8 * y8 * y8 * y4 * s.y2);
     s.y31 = s.y30 * s.y;
 }
 
@@ -91,7 +91,7 @@ Terms<T> terms(const T& v, const T& t) {
 /// Keeps a term of the d groups on the liquid side, theta < 1 and chi < 1, and drops it elsewhere.
 template <class T>
 T liquid_side(const Terms<T>& s, const T& term) {
-    return choose(s.theta < 1.0, choose(s.ex < 1.0, term, T(0.0)), T(0.0));
+    return select(s.theta < 1.0, select(s.ex < 1.0, term, T(0.0)), T(0.0));
 }
 
 /// The groups in chi that go with L^0..L^3: S0..S3, or one of their derivatives.

@@ -1,7 +1,7 @@
 // Doors of the saturation line, and its two inverses.
 #include "regions/saturation.hpp"
 
-#include "front/diagnostics.hpp"
+#include "reports/diagnostics.hpp"
 #include "solvers/bracketing.hpp"
 
 #include <array>
@@ -10,12 +10,12 @@
 namespace {
 
 using namespace ktl;
-using front::Case;
+using reports::Case;
 
 /// True, and reported, above the critical temperature, where the line has ended.
 bool beyond_end(double t) {
     if (!(t > ktl_lc.tc)) return false;
-    front::report("KTL_PT", Case::temperature_out_of_range, t);
+    reports::report("KTL_PT", Case::temperature_out_of_range, t);
     return true;
 }
 
@@ -75,7 +75,7 @@ double psl1(const double& t) {
 }
 
 double ktl_it(const double& p) {
-    if (p > ktl_lc.pca || p < ktl_lc.pmin) front::report("KTL_IT", Case::pressure_out_of_range, p);
+    if (p > ktl_lc.pca || p < ktl_lc.pmin) reports::report("KTL_IT", Case::pressure_out_of_range, p);
     double a = ktl_lc.tmin;
     double b_end = ktl_lc.tc;
     return solvers::solve<solvers::LastPoint>([](double t) { return ktl_pt(t); }, p, a, b_end, 1.0e-12).z;
@@ -84,7 +84,7 @@ double ktl_it(const double& p) {
 double ktl_tp(const double& pin) {
     const double tol = tolerance(pin);
     if (pin > ktl_lc.pca) {
-        front::report("KTL_TP", Case::pressure_out_of_range, pin);
+        reports::report("KTL_TP", Case::pressure_out_of_range, pin);
         return 0.0;
     }
     const bool below = pin < ktl_lc.pca;
@@ -103,6 +103,6 @@ double ktl_tp(const double& pin) {
         }
         if (correct(t, pin, tol, f)) return t;
     }
-    front::report("KTL_TP", below ? Case::pressure_not_converged : Case::pressure_out_of_range, pin);
+    reports::report("KTL_TP", below ? Case::pressure_not_converged : Case::pressure_out_of_range, pin);
     return t;
 }

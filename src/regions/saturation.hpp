@@ -3,9 +3,9 @@
 //   ln(p/pca) = (1/theta) S/(1 + k6 x + k7 x^2) - x/(k8 x^2 + k9),   x = 1 - theta,  S = sum(n=1..5) kn x^n
 #pragma once
 
-#include "front/constants.hpp"
-#include "regions/first_guesses.hpp"
+#include "regions/constants.hpp"
 #include "regions/number.hpp"
+#include "regions/saturation_guess_data.hpp"
 
 #include <array>
 
@@ -86,7 +86,7 @@ T log_slope(const Terms<T>& s) {
 template <class T>
 T temperature(const T& p) {
     const T w = log(p * (1.0 / ktl_lc.pca));
-    T theta = first_guesses::saturation_theta(w);
+    T theta = saturation_guesses::saturation_theta(w);
     for (int step = 0; step < 2; ++step) {
         const Terms<T> s = terms_of_theta(theta);
         theta = theta + (w - log_pressure(s)) / log_slope(s);

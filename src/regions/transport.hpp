@@ -40,7 +40,7 @@ T conductivity(const T& v, const T& t) {
     const T below450 = lambda - 0.000103 * rho * exp(-1.33e-10 * (t2 * t2));
     const T below300 = below450 - 0.000173 * rho * exp(-6.8e-05 * t2);
     const T below150 = below300 - 6.8e-05 * rho * exp(-0.0422 * t);
-    return choose(t > 450.0, lambda, choose(t > 300.0, below450, choose(t > 150.0, below300, below150)));
+    return select(t > 450.0, lambda, select(t > 300.0, below450, select(t > 150.0, below300, below150)));
 }
 
 } // namespace ktl::transport

@@ -2,8 +2,8 @@
 // turning points between.
 #include "searches/quality_line.hpp"
 
-#include "searches/given.hpp"
-#include "solvers/enclosure.hpp"
+#include "searches/acceptance.hpp"
+#include "searches/enclosure.hpp"
 
 #include <algorithm>
 #include <array>
@@ -20,14 +20,14 @@ constexpr double neighbour = 1.0e-8;
 /// Entropy along a line of quality x, against the given entropy s.
 struct QualityLine {
     double s, x;
-    Phases source;
+    SaturationModel model;
 
     /// A mixture at t. Up to 350.5 degC the saturated phases may be those of sub-regions 1 and 2, which there
     /// cover the gap between the two parts of the line.
     [[nodiscard]] FoundState at(double t, int region) const {
-        if (region != KTL_WET) return mixture(saturated_at(t, source), x);
+        if (region != KTL_WET) return mixture(saturated_at(t, model), x);
         const double p = saturation::terms(t).p;
-        return mixture({t, p, KTL_WET, p, p, source}, x);
+        return mixture({t, p, KTL_WET, p, p, model}, x);
     }
     [[nodiscard]] double residual(double t, int region) const { return at(t, region).value(Quantity::entropy) - s; }
 
@@ -38,8 +38,8 @@ struct QualityLine {
         const FoundState other = at(beside, region);
         const double share = residual(t, region) / (residual(t, region) - residual(beside, region));
         state.phases.liquid += share * (other.phases.liquid - state.phases.liquid);
-        state.phases.steam += share * (other.phases.steam - state.phases.steam);
-        return confirmed(state, {Quantity::entropy, s, Quantity::entropy, s, source});
+        state.phases.vapour += share * (other.phases.vapour - state.phases.vapour);
+        return confirmed(state, {Quantity::entropy, s, Quantity::entropy, s, model});
     }
 
     [[nodiscard]] FoundState root(double a, double fa, double b, double fb, int region) const {
@@ -48,14 +48,15 @@ struct QualityLine {
         FoundState state = checked(found.x, region);
         // Near the critical point the saturated volumes of the entry scatter from one temperature to the next:
         // one of the neighbours has the entropy.
-        if (source == Phases::outermost && !state.found()) return between_neighbours(found.x, found.other, region);
+        if (model == SaturationModel::outermost_roots && !state.found())
+            return between_neighbours(found.x, found.other, region);
         for (int n = 1; n <= most_neighbours && region == KTL_WET_NEAR_CRITICAL && !state.found(); ++n)
             state = checked(found.x + (n % 2 == 0 ? n : -n) * neighbour, region);
         return state;
     }
     [[nodiscard]] FoundState checked(double t, int region) const {
-        const double share = source == Phases::outermost ? 0.1 : 1.0;
-        return confirmed(at(t, region), {Quantity::entropy, s, Quantity::entropy, s, source}, share);
+        const double share = model == SaturationModel::outermost_roots ? 0.1 : 1.0;
+        return confirmed(at(t, region), {Quantity::entropy, s, Quantity::entropy, s, model}, share);
     }
 };
 
@@ -105,7 +106,8 @@ const PhaseEntropies& outermost_entropies(const Part& part) {
             const LookTemperatures t = look_temperatures(outermost_parts[k]);
             for (std::size_t n = 0; n < t.size(); ++n) {
                 const auto at = [&](double x) {
-                    return QualityLine{0.0, x, Phases::outermost}.residual(t[n], outermost_parts[k].region);
+                    return QualityLine{0.0, x, SaturationModel::outermost_roots}.residual(t[n],
+                                                                                          outermost_parts[k].region);
                 };
                 made[k].water[n] = at(0.0);
                 made[k].steam[n] = at(1.0);
@@ -119,7 +121,9 @@ const PhaseEntropies& outermost_entropies(const Part& part) {
 /// A turning point nearer to zero than this may itself count as a state, kJ/(kg K).
 constexpr double touch = 1.0e-8;
 /// True where saturated phases from t on change without jumps or scatter.
-bool is_smooth(const QualityLine& line, double t) { return line.source == Phases::outermost && t < outermost_bend; }
+bool is_smooth(const QualityLine& line, double t) {
+    return line.model == SaturationModel::outermost_roots && t < outermost_bend;
+}
 
 /// Least value of sign times the residual between a and b, by golden section, or a point where it is not positive. Where
 /// the line is smooth, the search ends where the least value so far is twice as far from zero as from the greatest in what
@@ -229,15 +233,16 @@ void look_closely(const QualityLine& line, const Part& part, const Looks& looks,
 
 } // namespace
 
-int on_quality_line(double s, double x, Phases source, FoundState* out, int most) {
-    const QualityLine line{s, x, source};
+int on_quality_line(double s, double x, SaturationModel model, FoundState* out, int most) {
+    const QualityLine line{s, x, model};
     States states{out, most};
-    for (const Part& part : source == Phases::of_entry ? entry_parts : outermost_parts) {
-        const Looks looks =
-            source == Phases::outermost ? Looks(line, part, outermost_entropies(part)) : Looks(line, part);
+    for (const Part& part : model == SaturationModel::entry_compatible ? entry_parts : outermost_parts) {
+        const Looks looks = model == SaturationModel::outermost_roots ? Looks(line, part, outermost_entropies(part))
+                                                                      : Looks(line, part);
         const int before = states.count;
         look(line, part, looks, states);
-        if (states.count == before && part.region == KTL_WET_NEAR_CRITICAL && source == Phases::of_entry)
+        if (states.count == before && part.region == KTL_WET_NEAR_CRITICAL &&
+            model == SaturationModel::entry_compatible)
             look_closely(line, part, looks, 0.002, 2, states);
         if (!states.wanted()) break;
     }

@@ -28,7 +28,7 @@ enum class Exit {
 };
 
 /// What a search found: z, and how it ended.
-struct Found {
+struct RootResult {
     double z;
     Exit exit;
 };
@@ -107,7 +107,8 @@ void bisect(Interval& s, double c, double fc, Residual&& residual) {
 /// Bracketed loop from a point c with residual fc. on_point(c) is told of each false-position point right
 /// after its evaluation.
 template <class Rule, class Residual, class OnPoint>
-Found bracketed(Interval& s, double c, double fc, double eps, double epr, Residual&& residual, OnPoint&& on_point) {
+RootResult bracketed(Interval& s, double c, double fc, double eps, double epr, Residual&& residual,
+                     OnPoint&& on_point) {
     for (int pass = 1; pass <= most_passes; ++pass) {
         if (Rule::test_late && std::fabs(fc) < epr) return {c, Exit::residual};
         if (s.narrow(eps)) return {Rule::test_late ? c : s.middle(), Exit::width};
@@ -127,7 +128,7 @@ Found bracketed(Interval& s, double c, double fc, double eps, double epr, Residu
 
 /// Secant steps from b and a; they may leave the interval. The residual at a is evaluated in every pass.
 template <class Residual>
-Found secant(Interval& s, double epr, Residual&& residual) {
+RootResult secant(Interval& s, double epr, Residual&& residual) {
     double fprev = s.fb;
     double c = s.a;
     for (int pass = 1; pass <= most_passes; ++pass) {
@@ -143,7 +144,7 @@ Found secant(Interval& s, double epr, Residual&& residual) {
 
 /// z between a and b with f(z) = x, to |f - x| < |x eps|; a and b are left at the last interval.
 template <class Rule, class F>
-Found solve(F&& f, double x, double& a, double& b, double eps) {
+RootResult solve(F&& f, double x, double& a, double& b, double eps) {
     const auto residual = [&f, x](double z) { return f(z) - x; };
     const double epr = std::fabs(x * eps);
     const double fa = residual(a);
@@ -153,7 +154,7 @@ Found solve(F&& f, double x, double& a, double& b, double eps) {
 
     Interval s{a, b, fa, fb};
     const bool outside = Rule::no_sign_change == OnNoSignChange::secant && fa * fb > 0.0;
-    const Found found =
+    const RootResult found =
         outside ? secant(s, epr, residual) : bracketed<Rule>(s, a, fa, eps, epr, residual, [](double) {});
     a = s.a;
     b = s.b;

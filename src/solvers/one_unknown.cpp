@@ -1,5 +1,5 @@
 // Doors of the solvers in one unknown.
-#include "front/diagnostics.hpp"
+#include "reports/diagnostics.hpp"
 #include "solvers/bracketing.hpp"
 
 #include <ktl/ktlftn.h>
@@ -8,7 +8,7 @@ namespace solvers = ktl::solvers;
 
 double ktl_i1(ktl_property f, const double& y, const double& x, double& a, double& b, const double& eps) {
     const auto found = solvers::solve<solvers::WarnAndZero>([&](double z) { return f(y, z); }, x, a, b, eps);
-    if (found.exit == solvers::Exit::passes) ktl::front::warn_passes("KTL_I1");
+    if (found.exit == solvers::Exit::passes) ktl::reports::warn_passes("KTL_I1");
     return found.z;
 }
 

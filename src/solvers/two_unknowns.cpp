@@ -1,5 +1,5 @@
 // Door of the solver in two unknowns: an inner search nested in the residual of the outer one.
-#include "front/diagnostics.hpp"
+#include "reports/diagnostics.hpp"
 #include "solvers/bracketing.hpp"
 
 #include <ktl/ktlftn.h>
@@ -23,7 +23,7 @@ void ktl_id(ktl_property f1, const double& x, ktl_property f2, const double& y, 
 
     Interval s{a2, b2, fa2, fb2};
     const auto found = bracketed<PairOfUnknowns>(s, a2, fa2, eps, eps1, residual, [&](double) { c1 = z; });
-    if (found.exit == Exit::passes) ktl::front::warn_passes("KTL_ID");
+    if (found.exit == Exit::passes) ktl::reports::warn_passes("KTL_ID");
     a1 = b1 = c1;
     a2 = b2 = found.z;
 }

@@ -1,5 +1,5 @@
 // Pairs that name several states, and pairs between two sub-regions.
-#include "regions/state.hpp"
+#include "searches/state.hpp"
 
 #include <algorithm>
 #include <cmath>
@@ -106,7 +106,7 @@ Crossings crossings(double s, double x) {
     double before = wet_entropy(0.01, x) - s;
     for (int n = 1; n <= 7500; ++n) {
         const double t = std::min(0.05 * n, 374.15);
-        const ktl::Saturated phases = ktl::saturated_at(t, ktl::Phases::outermost);
+        const ktl::Saturated phases = ktl::saturated_at(t, ktl::SaturationModel::outermost_roots);
         const double now = phases.mixture(ktl::Quantity::entropy, x) - s;
         if (before * now < 0.0 && found.count++ == 0) found.first = t;
         before = now;

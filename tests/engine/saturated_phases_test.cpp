@@ -23,7 +23,7 @@ TEST(SaturationTemperature, IsTheInverseToRounding) {
     }
 }
 
-TEST(SaturatedPhases, AreTheOutermostRoots) {
+TEST(SaturatedProperties, AreTheOutermostRoots) {
     for (const double t : {350.001, 355.0, 362.0, 370.0, 373.0, 373.2, 374.0, 374.1, 374.14, 374.149}) {
         SCOPED_TRACE(t);
         const State state = ktl::state(Pair::tx, t, 0.5);
@@ -37,7 +37,7 @@ TEST(SaturatedPhases, AreTheOutermostRoots) {
     }
 }
 
-TEST(SaturatedPhases, MeetAtTheCriticalPoint) {
+TEST(SaturatedProperties, MeetAtTheCriticalPoint) {
     double water = 0.0;
     double steam = 1.0;
     for (int n = 0; n <= 4000; ++n) {
@@ -56,7 +56,7 @@ TEST(SaturatedPhases, MeetAtTheCriticalPoint) {
 }
 
 /// Isotherms have other volumes under the saturation pressure too, four per cent from the outermost one here.
-TEST(SaturatedPhases, OfASearchedTemperatureAreTheOutermostRoots) {
+TEST(SaturatedProperties, OfASearchedTemperatureAreTheOutermostRoots) {
     const State found = ktl::state(Pair::sx, 4.3994114379882809, 0.25926825828997457);
     const State same = ktl::state(Pair::tx, found.t(), found.x());
     EXPECT_NEAR(found.vapour().v(), same.vapour().v(), 1e-9);
@@ -64,7 +64,7 @@ TEST(SaturatedPhases, OfASearchedTemperatureAreTheOutermostRoots) {
 }
 
 /// Mixtures of the last millikelvins by every pair that may give one.
-TEST(SaturatedPhases, MixturesAreFoundUpToTheCriticalPoint) {
+TEST(SaturatedProperties, MixturesAreFoundUpToTheCriticalPoint) {
     ktl::test::Random random(4);
     for (int n = 0; n < 300; ++n) {
         const double t = 374.15 - std::exp(random.between(-20.0, -4.0));

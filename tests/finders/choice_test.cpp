@@ -1,7 +1,7 @@
 // Which state the finders choose where a pair has several, or lies between two sub-regions.
 #include "found.hpp"
 
-#include "regions/state.hpp"
+#include "searches/state.hpp"
 #include "support/compare.hpp"
 #include "support/reports.hpp"
 

@@ -2,7 +2,7 @@
 // published: sums over tables of terms, nothing shared with the closed forms of the library but the coefficients.
 #pragma once
 
-#include "front/constants.hpp"
+#include "regions/constants.hpp"
 #include "regions/region1_data.hpp"
 #include "regions/region2_data.hpp"
 #include "regions/region3_data.hpp"

@@ -1,7 +1,7 @@
 // Random states, each in the domain of its sub-region.
 #pragma once
 
-#include "front/constants.hpp"
+#include "regions/constants.hpp"
 #include "regions/region2.hpp"
 #include "regions/region3.hpp"
 #include "regions/saturation.hpp"

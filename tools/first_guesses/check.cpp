@@ -15,19 +15,19 @@ namespace {
 
 struct Calls {
     double (*classify)(const double&, const double&);
-    void (*guess)(Class, const double&, const double&, double&, double&);
-    std::array<bool, guesses::class_count> guessed;
+    void (*guess)(GuessPatch, const double&, const double&, double&, double&);
+    std::array<bool, guesses::patch_count> guessed;
 };
 
 template <Pair pair, std::size_t... c>
-constexpr Calls calls_of(std::index_sequence<c...> /*classes*/) {
+constexpr Calls calls_of(std::index_sequence<c...> /*patches*/) {
     return {&guesses::classify<pair, double>,
             &guesses::guess<pair, double>,
-            {guesses::guessed<pair, static_cast<Class>(c)>()...}};
+            {guesses::guessed<pair, static_cast<GuessPatch>(c)>()...}};
 }
 template <std::size_t... k>
 constexpr std::array<Calls, sizeof...(k)> all_calls(std::index_sequence<k...> /*pairs*/) {
-    return {calls_of<static_cast<Pair>(k)>(std::make_index_sequence<guesses::class_count>())...};
+    return {calls_of<static_cast<Pair>(k)>(std::make_index_sequence<guesses::patch_count>())...};
 }
 constexpr auto calls = all_calls(std::make_index_sequence<ktl::pair_count>());
 
@@ -43,7 +43,7 @@ bool lowest(const State& state) {
 
 } // namespace
 
-bool followed(Pair pair, Class where) {
+bool followed(Pair pair, GuessPatch where) {
     const char leader = name(pair)[0];
     if (pair == Pair::pt && !guesses::near_critical(where)) return false;
     if (pair == Pair::tv && guesses::near_critical(where)) return false;
@@ -51,7 +51,7 @@ bool followed(Pair pair, Class where) {
     return calls[static_cast<std::size_t>(pair)].guessed[static_cast<std::size_t>(where)];
 }
 
-Quality check(Pair pair, Class where, std::size_t n, std::uint64_t seed) {
+Quality check(Pair pair, GuessPatch where, std::size_t n, std::uint64_t seed) {
     const auto given = name(pair);
     const Calls& call = calls[static_cast<std::size_t>(pair)];
     const Region region = region_of(where);
@@ -66,7 +66,7 @@ Quality check(Pair pair, Class where, std::size_t n, std::uint64_t seed) {
         const double a = state(given[0]), b = state(given[1]);
         if (guesses::turning(where) && !lowest(state)) continue;
         all += 1.0;
-        const auto found = pair == Pair::pt ? where : static_cast<Class>(static_cast<int>(call.classify(a, b)));
+        const auto found = pair == Pair::pt ? where : static_cast<GuessPatch>(static_cast<int>(call.classify(a, b)));
         if (region_of(found) != region) {
             q.wrong += 1.0;
             continue;

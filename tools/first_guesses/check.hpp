@@ -2,7 +2,7 @@
 // steps bring to rounding.
 #pragma once
 
-#include "engine/guesses.hpp"
+#include "engine/guesses/guesses.hpp"
 #include "states.hpp"
 
 namespace first_guesses {
@@ -17,9 +17,9 @@ struct Quality {
 /// Miss that counts as rounding.
 inline constexpr double tolerance = 1.0e-12;
 
-/// True where the class has a guess that Newton steps follow.
-bool followed(Pair pair, Class where);
+/// True where the patch has a guess that Newton steps follow.
+bool followed(Pair pair, GuessPatch where);
 /// Of s, x where several states may be, those count that are beyond doubt the lowest.
-Quality check(Pair pair, Class where, std::size_t n, std::uint64_t seed);
+Quality check(Pair pair, GuessPatch where, std::size_t n, std::uint64_t seed);
 
 } // namespace first_guesses

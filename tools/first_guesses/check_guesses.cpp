@@ -8,9 +8,9 @@ namespace {
 
 using namespace first_guesses;
 
-constexpr const char* class_names[]{
+constexpr const char* patch_names[]{
     "water",         "steam_thin", "steam", "steam_dense", "liquid_like",       "vapour_like",
-    "supercritical", "wet_liquid", "wet",   "wet_turning", "wet_near_critical", "wet_near_critical_turning"};
+    "supercritical", "wet_low_s",  "wet",   "wet_turning", "wet_near_critical", "wet_near_critical_turning"};
 
 } // namespace
 
@@ -21,12 +21,12 @@ int main(int count, char** arguments) {
     for (std::size_t k = 0; k < ktl::pair_count; ++k) {
         const auto pair = static_cast<Pair>(k);
         if (count > 2 && name(pair) != arguments[2]) continue;
-        for (std::size_t c = 0; c + 1 < ktl::engine::guesses::class_count; ++c) {
-            const auto where = static_cast<Class>(c);
+        for (std::size_t c = 0; c + 1 < ktl::engine::guesses::patch_count; ++c) {
+            const auto where = static_cast<GuessPatch>(c);
             if (!followed(pair, where)) continue;
             const Quality q = check(pair, where, n, 1000 + 100 * k + c);
             std::printf("| %s | %s | %.2g | %.2g | %.2g | %.2g | %.2f | %.2f | %.2f |\n", letters[k].data(),
-                        class_names[c], q.t_greatest, q.t_rms, q.first_greatest, q.first_rms, 100.0 * q.two,
+                        patch_names[c], q.t_greatest, q.t_rms, q.first_greatest, q.first_rms, 100.0 * q.two,
                         100.0 * q.three, 100.0 * q.wrong);
         }
     }

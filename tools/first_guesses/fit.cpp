@@ -11,25 +11,25 @@ namespace first_guesses {
 
 namespace guesses = ktl::engine::guesses;
 
-double scaled(Scale scale, double x) {
+double transform(Scale scale, double x) {
     switch (scale) {
     case Scale::linear: return x;
-    case Scale::log: return guesses::scaled<Scale::log>(x);
-    case Scale::root: return guesses::scaled<Scale::root>(x);
-    case Scale::fourth_root: return guesses::scaled<Scale::fourth_root>(x);
-    case Scale::reciprocal: return guesses::scaled<Scale::reciprocal>(x);
-    case Scale::below_critical_p: return guesses::scaled<Scale::below_critical_p>(x);
-    case Scale::below_critical_t: return guesses::scaled<Scale::below_critical_t>(x);
-    case Scale::above_least_volume: return guesses::scaled<Scale::above_least_volume>(x);
+    case Scale::log: return guesses::transform<Scale::log>(x);
+    case Scale::root: return guesses::transform<Scale::root>(x);
+    case Scale::fourth_root: return guesses::transform<Scale::fourth_root>(x);
+    case Scale::reciprocal: return guesses::transform<Scale::reciprocal>(x);
+    case Scale::below_critical_p: return guesses::transform<Scale::below_critical_p>(x);
+    case Scale::below_critical_t: return guesses::transform<Scale::below_critical_t>(x);
+    case Scale::above_least_volume: return guesses::transform<Scale::above_least_volume>(x);
     }
     return x;
 }
 
-double unscaled(Scale scale, double x) {
+double inverse_transform(Scale scale, double x) {
     switch (scale) {
-    case Scale::log: return guesses::unscaled<Scale::log>(x);
-    case Scale::root: return guesses::unscaled<Scale::root>(x);
-    case Scale::reciprocal: return guesses::unscaled<Scale::reciprocal>(x);
+    case Scale::log: return guesses::inverse_transform<Scale::log>(x);
+    case Scale::root: return guesses::inverse_transform<Scale::root>(x);
+    case Scale::reciprocal: return guesses::inverse_transform<Scale::reciprocal>(x);
     default: return x;
     }
 }
@@ -38,9 +38,9 @@ namespace {
 
 constexpr int passes = 12;
 
-Span span_of(const std::vector<double>& x) {
+Interval span_of(const std::vector<double>& x) {
     const auto [low, high] = std::minmax_element(x.begin(), x.end());
-    return *low < *high ? Span{0.5 * (*low + *high), 2.0 / (*high - *low)} : Span{*low, 1.0};
+    return *low < *high ? Interval{0.5 * (*low + *high), 2.0 / (*high - *low)} : Interval{*low, 1.0};
 }
 
 /// T_k in powers of x: row k.
@@ -91,9 +91,9 @@ const char* name(Scale scale) {
     return names[static_cast<std::size_t>(scale)];
 }
 
-std::string span_text(const Span& span) {
+std::string span_text(const Interval& span) {
     std::ostringstream text;
-    text << '{' << number(span.middle) << ", " << number(span.slope) << '}';
+    text << '{' << number(span.center) << ", " << number(span.inverse_half_width) << '}';
     return text.str();
 }
 
@@ -102,8 +102,8 @@ std::string span_text(const Span& span) {
 Polynomial fit(const Shape& shape, const std::vector<Point>& points) {
     std::vector<double> a, b;
     for (const Point& point : points) {
-        a.push_back(scaled(shape.a, point.a));
-        b.push_back(scaled(shape.b, point.b));
+        a.push_back(transform(shape.a, point.a));
+        b.push_back(transform(shape.b, point.b));
     }
     Polynomial out{shape, span_of(a), span_of(b), std::vector<double>(shape.na * shape.nb)};
 
@@ -119,7 +119,7 @@ Polynomial fit(const Shape& shape, const std::vector<Point>& points) {
             const Term term = terms[static_cast<std::size_t>(c)];
             basis(r, c) = ta[term.i] * tb[term.j];
         }
-        wanted(r) = scaled(shape.z, points[k].z);
+        wanted(r) = transform(shape.z, points[k].z);
         cost(r) = points[k].weight;
     }
 
@@ -161,14 +161,14 @@ Polynomial fit(const Shape& shape, const std::vector<Point>& points) {
 }
 
 double Polynomial::operator()(double a, double b) const {
-    const double x = a_span(scaled(shape.a, a)), y = b_span(scaled(shape.b, b));
+    const double x = a_span(transform(shape.a, a)), y = b_span(transform(shape.b, b));
     double sum = 0.0;
     for (std::size_t i = shape.na; i-- > 0;) {
         double inner = 0.0;
         for (std::size_t j = shape.nb; j-- > 0;) inner = c[i * shape.nb + j] + y * inner;
         sum = inner + x * sum;
     }
-    return unscaled(shape.z, sum);
+    return inverse_transform(shape.z, sum);
 }
 
 namespace {
@@ -190,7 +190,8 @@ std::string Polynomial::curve_text() const {
 }
 
 std::string Polynomial::fit_text() const {
-    return '{' + number(a_span.middle) + ", " + number(a_span.slope) + ", " + row_text(c, 0, shape.na) + '}';
+    return '{' + number(a_span.center) + ", " + number(a_span.inverse_half_width) + ", " + row_text(c, 0, shape.na) +
+           '}';
 }
 
 std::string Polynomial::surface_text() const {

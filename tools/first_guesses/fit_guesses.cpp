@@ -17,12 +17,12 @@ namespace guesses = ktl::engine::guesses;
 constexpr std::size_t curve_points = 2000, surface_points = 6000;
 
 /// Printed names; the order is that of the enumerations.
-constexpr std::string_view class_names[]{
+constexpr std::string_view patch_names[]{
     "water",         "steam_thin", "steam", "steam_dense", "liquid_like",       "vapour_like",
-    "supercritical", "wet_liquid", "wet",   "wet_turning", "wet_near_critical", "wet_near_critical_turning"};
+    "supercritical", "wet_low_s",  "wet",   "wet_turning", "wet_near_critical", "wet_near_critical_turning"};
 constexpr std::string_view border_names[]{"liquid",   "vapour", "near_liquid", "near_vapour", "isotherm",
                                           "boundary", "middle", "thin",        "dense",       "tie"};
-std::string_view word(Class c) { return class_names[static_cast<std::size_t>(c)]; }
+std::string_view word(GuessPatch c) { return patch_names[static_cast<std::size_t>(c)]; }
 std::string_view word(Border b) { return border_names[static_cast<std::size_t>(b)]; }
 
 void note_error(std::ostream& out, const Polynomial& y) {
@@ -127,7 +127,8 @@ void write_water(std::ostream& out, Fitted& fitted) {
         const double curvature = (slope(cold + width) - slope(cold - width)) / (2.0 * width);
         volume.push_back({p, 0.0, phase(Region::water, p, cold).v - 0.5 * slope(cold) * slope(cold) / curvature});
         const auto y = phase(Region::water, saturation_pressure(ktl::ktl_lc.t1 * along), ktl::ktl_lc.t1 * along);
-        energy.push_back({y.s, 0.0, y.h - 100.0 * y.p * y.v - 50.0e5 * (y.p * y.v) * (y.p * y.v) / y.w2});
+        energy.push_back(
+            {y.s, 0.0, y.h - 100.0 * y.p * y.v - 50.0e5 * (y.p * y.v) * (y.p * y.v) / y.speed_of_sound_squared});
         tie.push_back({along, 0.0, mixture(ktl::ktl_lc.t1, along).s});
     }
     fitted.least_volume = fit(curve(Scale::linear, Scale::linear, 6), volume);
@@ -180,7 +181,7 @@ void write_quality_lines(std::ostream& out) {
     write_curve(out, "dip_entropy_curve", fit(curve(Scale::linear, Scale::linear, 12), dip));
 }
 
-/// The lines as seen() asks for them.
+/// The lines as guess_coordinates() asks for them.
 struct FittedLines {
     Pair pair;
     const Fitted& fitted;
@@ -197,8 +198,8 @@ void weigh(const SurfaceItem& item, const std::vector<State>& states, std::vecto
     constexpr double bound = 8.0, part = 1.0e-3;
     double low = 1.0e300, high = -1.0e300;
     for (const Point& point : points) {
-        low = std::min(low, scaled(item.shape.z, point.z));
-        high = std::max(high, scaled(item.shape.z, point.z));
+        low = std::min(low, transform(item.shape.z, point.z));
+        high = std::max(high, transform(item.shape.z, point.z));
     }
     std::vector<double> weights;
     for (std::size_t k = 0; k < points.size(); ++k) {
@@ -210,7 +211,7 @@ void weigh(const SurfaceItem& item, const std::vector<State>& states, std::vecto
             trial.liquid = v.liquid, trial.vapour = v.vapour;
         }
         double& missed = item.unknown == Unknown::t ? trial.t : trial.first;
-        missed = unscaled(item.shape.z, scaled(item.shape.z, missed) + part * (high - low));
+        missed = inverse_transform(item.shape.z, transform(item.shape.z, missed) + part * (high - low));
         const double a = state(given[0]), b = state(given[1]);
         const double left = miss(item.pair, state.region, a, b, step(item.pair, state.region, a, b, trial));
         weights.push_back(std::isfinite(left) ? std::sqrt(left) : 1.0);
@@ -230,14 +231,14 @@ void write_surfaces(std::ostream& out, const Fitted& fitted) {
         const FittedLines lines{item.pair, fitted};
         const std::vector<State> states = draw(item.pair, item.where, surface_points, ++seed);
         for (const State& state : states) {
-            const auto by = guesses::seen(item.pair, item.where, lines, state(given[0]), state(given[1]));
+            const auto by = guesses::guess_coordinates(item.pair, item.where, lines, state(given[0]), state(given[1]));
             points.push_back({by.a, by.b, item.unknown == Unknown::t ? state.t : state.first});
         }
         weigh(item, states, points);
         const Polynomial z = fit(item.shape, points);
         out << "template <>\ninline constexpr " << surface_type(z) << " surface<Pair::" << given
-            << ", Class::" << word(item.where) << ", Unknown::" << (item.unknown == Unknown::t ? "t" : "first") << ">"
-            << z.surface_text();
+            << ", GuessPatch::" << word(item.where) << ", Unknown::" << (item.unknown == Unknown::t ? "t" : "first")
+            << ">" << z.surface_text();
         note_error(out, z);
     }
 }
@@ -248,7 +249,7 @@ constexpr const char* head =
 // clang-format off
 #pragma once
 
-#include "engine/guess_form.hpp"
+#include "engine/guesses/guess_form.hpp"
 
 namespace ktl::engine::guesses {
 
@@ -257,7 +258,7 @@ struct None {};
 
 template <Pair pair, Border line>
 inline constexpr None border{};
-template <Pair pair, Class where, Unknown unknown>
+template <Pair pair, GuessPatch where, Unknown unknown>
 inline constexpr None surface{};
 
 )";
@@ -271,7 +272,7 @@ constexpr const char* regions_head =
 
 #include "regions/number.hpp"
 
-namespace ktl::first_guesses {
+namespace ktl::saturation_guesses {
 
 )";
 
@@ -285,7 +286,7 @@ int main(int count, char** arguments) {
     std::ofstream regions(arguments[2]);
     regions << regions_head;
     write_line(regions);
-    regions << "\n} // namespace ktl::first_guesses\n";
+    regions << "\n} // namespace ktl::saturation_guesses\n";
     std::ofstream out(arguments[1]);
     out << head;
     Fitted fitted;

@@ -1,7 +1,7 @@
 #include "newton.hpp"
 
-#include "engine/scalar.hpp"
-#include "engine/wet.hpp"
+#include "engine/kernels/two_phase.hpp"
+#include "engine/lanes/scalar.hpp"
 
 #include <algorithm>
 #include <array>
@@ -13,9 +13,9 @@ namespace first_guesses {
 namespace {
 
 using ktl::Quantity;
-using ktl::engine::Body;
 using ktl::engine::Quantities;
 using ktl::engine::Scalar;
+using ktl::engine::SubRegion;
 
 Quantity quantity(char letter) {
     switch (letter) {
@@ -28,23 +28,23 @@ Quantity quantity(char letter) {
     }
 }
 
-template <Body body>
-Trial in_body(const Quantities& given, Scalar a, Scalar b, const Trial& trial) {
-    const auto y = ktl::engine::body_at<body>(Scalar(trial.first), Scalar(trial.t));
-    const auto d = ktl::engine::step<body>(given, y, a, b);
-    return {trial.first + d.first.value, trial.t + d.t.value};
+template <SubRegion sub_region>
+Trial in_sub_region(const Quantities& given, Scalar a, Scalar b, const Trial& trial) {
+    const auto y = ktl::engine::properties_at<sub_region>(Scalar(trial.first), Scalar(trial.t));
+    const auto d = ktl::engine::step<sub_region>(given, y, a, b);
+    return {trial.first + d.primary.value, trial.t + d.t.value};
 }
 
 template <bool high>
 Trial in_mixture(Pair pair, const Quantities& given, Scalar a, Scalar b, const Trial& trial) {
-    ktl::engine::Mixed<Scalar> m{0.0, trial.t, trial.liquid, trial.vapour, 0.0};
-    const ktl::engine::Phases<high, Scalar> phases(ktl::engine::line_at(m.t), m);
+    ktl::engine::TwoPhaseIterate<Scalar> m{0.0, trial.t, trial.liquid, trial.vapour, 0.0};
+    const ktl::engine::PhasePairIterate<high, Scalar> phases(ktl::engine::line_at(m.t), m);
     Scalar x = b;
     Scalar met = 0.0;
     const Scalar dt = pair == Pair::sx ? ktl::engine::step_of_quality<high>(phases, a, b, met)
-                                       : ktl::engine::step_along<high>(phases, given, a, b, x);
-    ktl::engine::Pace<Scalar> pace{.negligible = 0.0};
-    phases.move(m, dt, pace);
+                                       : ktl::engine::step_along_line<high>(phases, given, a, b, x);
+    ktl::engine::ConvergenceTest<Scalar> convergence{.negligible = 0.0};
+    phases.move(m, dt, convergence);
     return {trial.first, m.t.value, m.liquid.value, m.vapour.value};
 }
 
@@ -53,11 +53,11 @@ Trial in_mixture(Pair pair, const Quantities& given, Scalar a, Scalar b, const T
 Trial step(Pair pair, Region region, double a, double b, const Trial& trial) {
     const Quantities given{quantity(name(pair)[0]), quantity(name(pair)[1])};
     switch (region) {
-    case Region::water: return in_body<Body::water>(given, a, b, trial);
-    case Region::steam: return in_body<Body::steam>(given, a, b, trial);
+    case Region::water: return in_sub_region<SubRegion::water>(given, a, b, trial);
+    case Region::steam: return in_sub_region<SubRegion::steam>(given, a, b, trial);
     case Region::wet: return in_mixture<false>(pair, given, a, b, trial);
     case Region::wet_near_critical: return in_mixture<true>(pair, given, a, b, trial);
-    default: return in_body<Body::near_critical>(given, a, b, trial);
+    default: return in_sub_region<SubRegion::near_critical>(given, a, b, trial);
     }
 }
 

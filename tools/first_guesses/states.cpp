@@ -8,7 +8,7 @@
 namespace first_guesses {
 
 using ktl::ktl_lc;
-using ktl::engine::Thermo;
+using ktl::engine::PhaseProperties;
 namespace guesses = ktl::engine::guesses;
 
 double State::operator()(char letter) const {
@@ -23,14 +23,14 @@ double State::operator()(char letter) const {
     }
 }
 
-Thermo<double> phase(Region region, double first, double t) {
+PhaseProperties<double> phase(Region region, double first, double t) {
     if (region == Region::water) return ktl::engine::from_gibbs(ktl::region1::terms(first, t), first, t);
     if (region == Region::steam) return ktl::engine::from_gibbs(ktl::region2::terms(first, t), first, t);
-    return ktl::engine::from_isochoric(ktl::engine::isochoric(first, t));
+    return ktl::engine::from_helmholtz(ktl::engine::helmholtz_properties(first, t));
 }
 
 State single(Region region, double first, double t) {
-    const Thermo<double> y = phase(region, first, t);
+    const PhaseProperties<double> y = phase(region, first, t);
     return {region, first, y.p, t, y.v, y.h, y.s, 0.0};
 }
 
@@ -129,45 +129,45 @@ State draw(Region region, Random& random) {
     }
 }
 
-Class class_of(Pair pair, const State& state) {
+GuessPatch patch_of(Pair pair, const State& state) {
     const auto given = name(pair);
     const bool turns = state.x > guesses::turning_from && state.x < guesses::turning_to;
     switch (state.region) {
-    case Region::water: return Class::water;
+    case Region::water: return GuessPatch::water;
     case Region::steam:
-        if (state.s < guesses::dense_limit) return Class::steam_dense;
-        return state.p < guesses::thin_limit ? Class::steam_thin : Class::steam;
+        if (state.s < guesses::dense_limit) return GuessPatch::steam_dense;
+        return state.p < guesses::thin_limit ? GuessPatch::steam_thin : GuessPatch::steam;
     case Region::wet:
-        if (given[0] == 'p' || given[0] == 't') return Class::wet;
-        if (given[1] == 'x' && turns) return Class::wet_turning;
-        if (given[1] == 'x') return state.x < guesses::turning_from ? Class::wet_liquid : Class::wet;
-        if (given[0] == 'v') return state.v < guesses::wet_volume_limit ? Class::wet_liquid : Class::wet;
-        return state.s < guesses::wet_limit ? Class::wet_liquid : Class::wet;
+        if (given[0] == 'p' || given[0] == 't') return GuessPatch::wet;
+        if (given[1] == 'x' && turns) return GuessPatch::wet_turning;
+        if (given[1] == 'x') return state.x < guesses::turning_from ? GuessPatch::wet_low_s : GuessPatch::wet;
+        if (given[0] == 'v') return state.v < guesses::wet_volume_limit ? GuessPatch::wet_low_s : GuessPatch::wet;
+        return state.s < guesses::wet_limit ? GuessPatch::wet_low_s : GuessPatch::wet;
     case Region::wet_near_critical:
-        if (given[1] == 'x' && turns) return Class::wet_near_critical_turning;
-        return Class::wet_near_critical;
+        if (given[1] == 'x' && turns) return GuessPatch::wet_near_critical_turning;
+        return GuessPatch::wet_near_critical;
     default:
-        if (pair == Pair::pt && state.t >= ktl_lc.tc) return Class::supercritical;
-        if (pair == Pair::pt) return state.v < ktl_lc.vca ? Class::liquid_like : Class::vapour_like;
-        return state.s < guesses::middle_entropy ? Class::liquid_like : Class::vapour_like;
+        if (pair == Pair::pt && state.t >= ktl_lc.tc) return GuessPatch::supercritical;
+        if (pair == Pair::pt) return state.v < ktl_lc.vca ? GuessPatch::liquid_like : GuessPatch::vapour_like;
+        return state.s < guesses::middle_entropy ? GuessPatch::liquid_like : GuessPatch::vapour_like;
     }
 }
 
-Region region_of(Class c) {
-    if (c == Class::water) return Region::water;
-    if (c <= Class::steam_dense) return Region::steam;
-    if (c <= Class::supercritical) return Region::near_critical_steam;
-    if (c <= Class::wet_turning) return Region::wet;
-    return c <= Class::wet_near_critical_turning ? Region::wet_near_critical : Region::none;
+Region region_of(GuessPatch c) {
+    if (c == GuessPatch::water) return Region::water;
+    if (c <= GuessPatch::steam_dense) return Region::steam;
+    if (c <= GuessPatch::supercritical) return Region::near_critical_steam;
+    if (c <= GuessPatch::wet_turning) return Region::wet;
+    return c <= GuessPatch::wet_near_critical_turning ? Region::wet_near_critical : Region::none;
 }
 
-std::vector<State> draw(Pair pair, Class wanted, std::size_t n, std::uint64_t seed) {
+std::vector<State> draw(Pair pair, GuessPatch wanted, std::size_t n, std::uint64_t seed) {
     const Region region = region_of(wanted);
     Random random(seed);
     std::vector<State> states;
     while (states.size() < n) {
         const State state = draw(region, random);
-        if (class_of(pair, state) == wanted) states.push_back(state);
+        if (patch_of(pair, state) == wanted) states.push_back(state);
     }
     return states;
 }

@@ -1,8 +1,8 @@
 // States drawn from the sub-regions, and their properties by the region equations.
 #pragma once
 
-#include "engine/guess_form.hpp"
-#include "engine/thermo.hpp"
+#include "engine/guesses/guess_form.hpp"
+#include "engine/kernels/thermo.hpp"
 
 #include <random>
 #include <string_view>
@@ -12,7 +12,7 @@ namespace first_guesses {
 
 using ktl::Pair;
 using ktl::Region;
-using ktl::engine::guesses::Class;
+using ktl::engine::guesses::GuessPatch;
 
 /// The letters of the pairs, in the order of the enumeration.
 inline constexpr std::string_view letters[ktl::pair_count]{"pt", "ph", "ps", "pu", "pv", "px", "tv", "th", "ts",
@@ -30,7 +30,7 @@ struct State {
 };
 
 /// A homogeneous phase in the variables of its region, with all slopes.
-ktl::engine::Thermo<double> phase(Region region, double first, double t);
+ktl::engine::PhaseProperties<double> phase(Region region, double first, double t);
 State single(Region region, double first, double t);
 /// Two phases at t.
 State mixture(double t, double x);
@@ -59,15 +59,15 @@ private:
     std::mt19937_64 bits_;
 };
 
-/// One state of the equations that the class uses, drawn over its whole range: even in t, and by halves even in p
+/// One state of the equations that the patch uses, drawn over its whole range: even in t, and by halves even in p
 /// and in ln p (sub-region 3: in p and in ln v; two phases: in quality).
 State draw(Region region, Random& random);
 
-/// The region whose equations hold in the class; near the critical point that of steam.
-Region region_of(Class c);
-/// n states of a class of the pair.
-std::vector<State> draw(Pair pair, Class wanted, std::size_t n, std::uint64_t seed);
-/// The class where a state of the region belongs by its properties.
-Class class_of(Pair pair, const State& state);
+/// The region whose equations hold in the patch; near the critical point that of steam.
+Region region_of(GuessPatch c);
+/// n states of a patch of the pair.
+std::vector<State> draw(Pair pair, GuessPatch wanted, std::size_t n, std::uint64_t seed);
+/// The patch where a state of the region belongs by its properties.
+GuessPatch patch_of(Pair pair, const State& state);
 
 } // namespace first_guesses

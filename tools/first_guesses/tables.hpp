@@ -1,4 +1,4 @@
-// What is fitted: the lines between classes and the surfaces of first guesses.
+// What is fitted: the lines between patches and the surfaces of first guesses.
 #pragma once
 
 #include "fit.hpp"
@@ -19,9 +19,9 @@ extern const std::vector<BorderItem> border_items;
 
 struct SurfaceItem {
     Pair pair;
-    Class where;
+    GuessPatch where;
     Unknown unknown;
-    Shape shape; ///< over the two given values; wet_liquid of h, s and u, s: over the depth below the liquid line
+    Shape shape; ///< over the two given values; wet_low_s of h, s and u, s: over the depth below the liquid line
 };
 extern const std::vector<SurfaceItem> surface_items;
 

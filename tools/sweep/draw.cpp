@@ -1,6 +1,6 @@
 #include "draw.hpp"
 
-#include "front/constants.hpp"
+#include "regions/constants.hpp"
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
@@ -10,7 +10,7 @@ namespace sweep {
 namespace {
 
 using ktl::ktl_lc;
-using ktl::Phases;
+using ktl::SaturationModel;
 
 constexpr double entry_eps = 1.0e-8;
 
@@ -38,19 +38,19 @@ double entry_steam_volume(double t, double ps) {
     return ktl_i2(ktl_a3, t, ps, a, b, entry_eps);
 }
 
-Values wet(int region, double x, double t, Phases source) {
+Values wet(int region, double x, double t, SaturationModel model) {
     const double ps = ktl_pt(t);
     if (region == KTL_WET) return mixed(water(ps, t), steam(ps, t), ps, x);
-    if (source == Phases::of_entry)
+    if (model == SaturationModel::entry_compatible)
         return mixed(near_critical(entry_water_volume(t, ps), t), near_critical(entry_steam_volume(t, ps), t), ps, x);
-    const ktl::Saturated phases = ktl::saturated_at(t, source);
-    Values values = mixed(near_critical(phases.liquid, t), near_critical(phases.steam, t), ps, x);
+    const ktl::Saturated phases = ktl::saturated_at(t, model);
+    Values values = mixed(near_critical(phases.liquid, t), near_critical(phases.vapour, t), ps, x);
     values.u = values.h - 100.0 * ps * values.v;
     return values;
 }
 
-Values wet(double x, double t, Phases source) {
-    return wet(t > ktl_lc.t3min ? KTL_WET_NEAR_CRITICAL : KTL_WET, x, t, source);
+Values wet(double x, double t, SaturationModel model) {
+    return wet(t > ktl_lc.t3min ? KTL_WET_NEAR_CRITICAL : KTL_WET, x, t, model);
 }
 
 /// Volume between a (above p) and b (below p) by bisection alone.
@@ -166,7 +166,7 @@ Values evaluate(int region, double first, double t) {
     case KTL_STEAM: return steam(first, t);
     case KTL_NEAR_CRITICAL_STEAM:
     case KTL_NEAR_CRITICAL_LIQUID: return near_critical(first, t);
-    default: return wet(region, first, t, Phases::of_entry);
+    default: return wet(region, first, t, SaturationModel::entry_compatible);
     }
 }
 
@@ -190,7 +190,7 @@ Values at_pressure_temperature(double p, double t) {
     return p <= ktl::boundary_pressure(t) ? steam(p, t) : near_critical_at(p, t);
 }
 
-Values draw(Random& random, int kind, Phases source) {
+Values draw(Random& random, int kind, SaturationModel model) {
     const double t_water = random.uniform(ktl_lc.tmin, ktl_lc.t1max);
     const double t_steam = random.uniform(ktl_lc.tmin, ktl_lc.tmax);
     const double t_dense = random.uniform(ktl_lc.t3min + 1e-9, ktl_lc.t3max);
@@ -207,11 +207,11 @@ Values draw(Random& random, int kind, Phases source) {
         return near_critical_at(random.uniform(ktl::boundary_pressure(t), 250.0), t);
     }
     case 7: return around_critical(random);
-    case 8: return wet(share, random.uniform(ktl_lc.tmin, ktl_lc.tc), source);
-    case 9: return wet(share, random.uniform(348.0, ktl_lc.tc), source);
+    case 8: return wet(share, random.uniform(ktl_lc.tmin, ktl_lc.tc), model);
+    case 9: return wet(share, random.uniform(348.0, ktl_lc.tc), model);
     case 10: {
         const double t = std::min(border_temperature(random), ktl_lc.tc);
-        return wet(border_quality(random), t, source);
+        return wet(border_quality(random), t, model);
     }
     default: {
         const double t = border_temperature(random);
@@ -220,7 +220,7 @@ Values draw(Random& random, int kind, Phases source) {
     }
 }
 
-Values draw_at_border(Random& random, int kind, Phases source) {
+Values draw_at_border(Random& random, int kind, SaturationModel model) {
     const double past = std::nextafter(ktl_lc.t3min, ktl_lc.tc);
     Values a{};
     Values b{};
@@ -234,8 +234,8 @@ Values draw_at_border(Random& random, int kind, Phases source) {
         b = opposite(a.p, t, a.v);
     } else {
         const double x = random.uniform(0.0, 1.0);
-        a = wet(KTL_WET, x, ktl_lc.t3min, source);
-        b = wet(KTL_WET_NEAR_CRITICAL, x, past, source);
+        a = wet(KTL_WET, x, ktl_lc.t3min, model);
+        b = wet(KTL_WET_NEAR_CRITICAL, x, past, model);
     }
     const double share = random.uniform(0.0, 1.0);
     const auto between = [&](double Values::*member) { return a.*member + share * (b.*member - a.*member); };

@@ -1,7 +1,7 @@
 // Random states of the whole range and of its borders, evaluated by the named routines.
 #pragma once
 
-#include "regions/state.hpp"
+#include "searches/state.hpp"
 
 #include <array>
 #include <cstdint>
@@ -36,13 +36,13 @@ void silence_reports();
 Values evaluate(int region, double first, double t);
 
 /// One state of the valid range. kind cycles through the sub-regions, the neighbourhood of the critical point, the
-/// mixtures and the borders. Mixtures above 350 degC have saturated phases from the given source.
-Values draw(Random& random, int kind, ktl::Phases source = ktl::Phases::of_entry);
+/// mixtures and the borders. Mixtures above 350 degC have saturated phases from the given model.
+Values draw(Random& random, int kind, ktl::SaturationModel model = ktl::SaturationModel::entry_compatible);
 inline constexpr int kinds = 12;
 
 /// Values between those of two neighbouring states, one on each side of a border between sub-regions: of 350 degC
 /// in water and in mixtures, and of the 2/3 boundary, in turn. They lie in a gap or an overlap, or between both.
-Values draw_at_border(Random& random, int kind, ktl::Phases source = ktl::Phases::of_entry);
+Values draw_at_border(Random& random, int kind, ktl::SaturationModel model = ktl::SaturationModel::entry_compatible);
 
 /// True where the region number suits the state, rounding at the borders aside.
 bool suits(int region, const Values& got);

@@ -154,8 +154,9 @@ void run_task(long task, long count, std::uint64_t seed, Tallies& tallies) {
     const auto at_border = [](long n) { return n % (kinds + 1) == kinds; };
     for (long n = 0; n < count; ++n)
         states[static_cast<std::size_t>(n)] =
-            at_border(n) ? draw_at_border(random, static_cast<int>(n / (kinds + 1) % 3), ktl::Phases::outermost)
-                         : draw(random, static_cast<int>(n % (kinds + 1)), ktl::Phases::outermost);
+            at_border(n)
+                ? draw_at_border(random, static_cast<int>(n / (kinds + 1) % 3), ktl::SaturationModel::outermost_roots)
+                : draw(random, static_cast<int>(n % (kinds + 1)), ktl::SaturationModel::outermost_roots);
     for (std::size_t k = 0; k < rows.size(); ++k) {
         const Row& row = rows.at(k);
         const auto pair = static_cast<ktl::Pair>(k);

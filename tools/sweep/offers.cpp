@@ -47,7 +47,7 @@ void draw_offer(Random& random, const Row& row, long number, double& a, double& 
         b = any_value(random, row.name[1]);
         return;
     }
-    const Values state = draw(random, static_cast<int>(number % kinds), ktl::Phases::outermost);
+    const Values state = draw(random, static_cast<int>(number % kinds), ktl::SaturationModel::outermost_roots);
     a = state.*row.first;
     b = state.*row.second;
     (number % 3 == 1 ? a : b) *= 1.0 + random.around_zero(1e-14, 1.0);
@@ -86,7 +86,7 @@ bool on_border(const State& state, const ktl::engine::Solution& exact) {
     const bool engine_low = near_critical(exact.region);
     const double t = engine_low ? state.t() : exact.t;
     if ((engine_low ? state.region() : exact.region) != ktl::Region::steam) return std::fabs(t - 350.0) < 1e-6;
-    const double p = engine_low ? state.p() : exact.first;
+    const double p = engine_low ? state.p() : exact.primary;
     return std::fabs(p / ktl::boundary_pressure(t) - 1.0) < 1e-7;
 }
 

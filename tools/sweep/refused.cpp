@@ -1,6 +1,6 @@
 #include "refused.hpp"
 
-#include "front/constants.hpp"
+#include "regions/constants.hpp"
 
 #include <algorithm>
 #include <cmath>

@@ -1,0 +1,11 @@
+#include "engine/kernels/kernel_table.hpp"
+#include "engine/lanes/lanes.hpp"
+
+namespace ktl::engine {
+
+const Kernels* avx2_kernels() noexcept {
+    static constexpr Kernels of_lanes = table<HWY_NAMESPACE::Lanes>("avx2");
+    return &of_lanes;
+}
+
+} // namespace ktl::engine

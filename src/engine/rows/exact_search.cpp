@@ -1,0 +1,228 @@
+// Searches that find every state of the range.
+//
+// Border gaps. The sub-regions do not meet exactly at 350 degC and on the 2/3 boundary, so a pair there may have a state
+// on both sides or on neither. On both: sub-regions 1 and 2 go before sub-region 3. On neither: sub-region 1,
+// sub-region 2 or their mixture goes on past its limit, by less than 0.5 K or 1 % of the pressure, to exactly the given
+// values. Saturated phases above 350 degC are the outermost ones of the isotherm (SaturationModel::outermost_roots).
+#include "engine/solution.hpp"
+
+#include "engine/pairs.hpp"
+#include "regions/dual.hpp"
+#include "searches/acceptance.hpp"
+#include "searches/isentrope_isochore.hpp"
+#include "searches/lines.hpp"
+#include "searches/quality_line.hpp"
+
+#include <algorithm>
+#include <array>
+
+namespace ktl::engine {
+
+namespace {
+
+using searches::Given;
+constexpr SaturationModel outermost = SaturationModel::outermost_roots;
+
+/// A pressure this close to that of saturation, relative, leaves the quality open.
+constexpr double on_saturation_line = 1.0e-8;
+
+/// How a pair is searched for.
+enum class SearchMethod { pressure_temperature, quality, isobar, isotherm, quality_line, isentrope, isochore };
+constexpr SearchMethod method_of(Pair pair) {
+    if (pair == Pair::pt) return SearchMethod::pressure_temperature;
+    if (pair == Pair::px || pair == Pair::tx) return SearchMethod::quality;
+    if (pair == Pair::sx) return SearchMethod::quality_line;
+    if (has_pressure(pair)) return SearchMethod::isobar;
+    if (has_temperature(pair)) return SearchMethod::isotherm;
+    return pair == Pair::hs || pair == Pair::us ? SearchMethod::isentrope : SearchMethod::isochore;
+}
+
+struct PairPlan {
+    SearchMethod method;
+    Quantity a, b; // without meaning for a quality
+};
+PairPlan plan_of(Pair pair) { return {method_of(pair), quantities(pair).a, quantities(pair).b}; }
+
+Solution failed(Status status) {
+    Solution out;
+    out.status = status;
+    return out;
+}
+
+Solution solution(const FoundState& state) {
+    if (!state.found()) return {};
+    Solution out{Status::solved, static_cast<Region>(state.region), state.primary, state.t, not_a_number, not_a_number};
+    if (state.wet()) {
+        out.liquid = state.phases.liquid;
+        out.vapour = state.phases.vapour;
+    }
+    return out;
+}
+
+/// A value past a limit by no more than this, relative, counts as the limit: states reproduce their values to 1e-10.
+constexpr double limit_rounding = 0.5e-10;
+
+/// Brings a given value to the limit that rounding alone may have put it past; solved unless it lies further out.
+Status within(double& value, double low, double high, Status if_low, Status if_high) {
+    if (value < low - limit_rounding * (low > 0.0 ? low : 1.0)) return if_low;
+    if (value > high + limit_rounding * high) return if_high;
+    value = std::clamp(value, low, high);
+    return Status::solved;
+}
+Status pressure_within(double& p) {
+    return within(p, ktl_lc.pmin, ktl_lc.pmax, Status::pressure_low, Status::pressure_high);
+}
+Status temperature_within(double& t) {
+    return within(t, ktl_lc.tmin, ktl_lc.tmax, Status::temperature_low, Status::temperature_high);
+}
+Status quality_within(double& x) { return within(x, 0.0, 1.0, Status::quality_low, Status::quality_high); }
+
+Solution at_pressure_temperature(double p, double t) {
+    if (const Status status = pressure_within(p); status != Status::solved) return failed(status);
+    if (const Status status = temperature_within(t); status != Status::solved) return failed(status);
+    const bool subcritical = t <= ktl_lc.tc;
+    const double ps = subcritical ? saturation::terms(t).p : ktl_lc.pca;
+    if (subcritical && std::fabs(p - ps) <= on_saturation_line * p) {
+        Solution out = solution(mixture(saturated_at(t, outermost), not_a_number));
+        out.status = Status::undetermined;
+        return out;
+    }
+    if (!(t > ktl_lc.t3min)) return solution({p > ps ? KTL_LIQUID : KTL_STEAM, p, t, {}});
+    if (!(p > boundary_pressure(t))) return solution({KTL_STEAM, p, t, {}});
+    return solution(searches::confirmed(near_critical_at(p, t, outermost),
+                                        {Quantity::pressure, p, Quantity::temperature, t, outermost}));
+}
+
+Solution of_quality(Quantity line, double value, double x) {
+    const bool by_pressure = line == Quantity::pressure;
+    if (const Status status =
+            by_pressure ? within(value, ktl_lc.pmin, ktl_lc.pca, Status::pressure_low, Status::above_critical)
+                        : within(value, ktl_lc.tmin, ktl_lc.tc, Status::temperature_low, Status::above_critical);
+        status != Status::solved)
+        return failed(status);
+    if (const Status status = quality_within(x); status != Status::solved) return failed(status);
+    return solution(mixture(by_pressure ? saturated_under(value, outermost) : saturated_at(value, outermost), x));
+}
+
+/// Derivative of a property of water by its pressure (where by_pressure) or its temperature.
+double slope_of_water(Quantity y, double p, double t, bool by_pressure) {
+    const Dual slope = property(y, KTL_LIQUID, Dual(p, 1.0, 0.0), Dual(t, 0.0, 1.0));
+    return by_pressure ? slope.first : slope.second;
+}
+
+/// The end of the isobar beyond which the value lies. The least volume of cold water is no end.
+Status past_end_of_isobar(Quantity y, double p, double value) {
+    if (value > property(y, KTL_STEAM, p, ktl_lc.tmax)) return Status::temperature_high;
+    const bool least = slope_of_water(y, p, ktl_lc.tmin, false) > 0.0;
+    return least && value < property(y, KTL_LIQUID, p, ktl_lc.tmin) ? Status::temperature_low : Status::no_state;
+}
+/// The end of the isotherm beyond which the value lies. Where a property of water turns its least value is no end.
+Status past_end_of_isotherm(Quantity y, double t, double value) {
+    if (value > property(y, KTL_STEAM, ktl_lc.pmin, t)) return Status::pressure_low;
+    const bool least = t > ktl_lc.t1max || slope_of_water(y, ktl_lc.pmax, t, true) < 0.0;
+    return least ? Status::pressure_high : Status::no_state;
+}
+
+Solution on_line(const PairPlan& plan, double a, double b) {
+    const bool isobar = plan.method == SearchMethod::isobar;
+    if (const Status status = isobar ? pressure_within(a) : temperature_within(a); status != Status::solved)
+        return failed(status);
+    const FoundState end = isobar ? on_isobar(plan.b, a, b, outermost) : on_isotherm(plan.b, a, b, outermost);
+    const FoundState found = searches::confirmed(end, {plan.a, a, plan.b, b, outermost});
+    if (found.found()) return solution(found);
+    return failed(isobar ? past_end_of_isobar(plan.b, a, b) : past_end_of_isotherm(plan.b, a, b));
+}
+
+Solution on_quality_line(double s, double x) {
+    if (const Status status = quality_within(x); status != Status::solved) return failed(status);
+    FoundState found;
+    searches::on_quality_line(s, x, outermost, &found, 1);
+    return solution(found);
+}
+
+/// The state that the rule gives.
+Solution first_state(const PairPlan& plan, double a, double b) {
+    switch (plan.method) {
+    case SearchMethod::pressure_temperature: return at_pressure_temperature(a, b);
+    case SearchMethod::quality: return of_quality(plan.a, a, b);
+    case SearchMethod::isobar:
+    case SearchMethod::isotherm: return on_line(plan, a, b);
+    case SearchMethod::quality_line: return on_quality_line(a, b);
+    case SearchMethod::isentrope: return solution(searches::on_isentrope(plan.a, a, b, outermost));
+    case SearchMethod::isochore: break;
+    }
+    return solution(searches::on_isochore(plan.b, b, a, outermost));
+}
+
+/// The states of a pair, that of the rule first.
+struct Several {
+    std::array<FoundState, 4> states{};
+    int count = 0;
+
+    static bool same(const FoundState& a, const FoundState& b) {
+        const auto close = [&](Quantity y, double relative) {
+            return std::fabs(a.value(y) - b.value(y)) <= relative * std::fabs(b.value(y));
+        };
+        return std::fabs(a.t - b.t) <= 1.0e-5 && close(Quantity::pressure, 1.0e-6) && close(Quantity::volume, 1.0e-8);
+    }
+    /// Takes a state unless it is none or there already.
+    void add(const FoundState& state) {
+        if (!state.found() || count == static_cast<int>(states.size())) return;
+        const auto end = states.begin() + count;
+        if (std::none_of(states.begin(), end, [&](const FoundState& known) { return same(known, state); }))
+            states.at(static_cast<std::size_t>(count++)) = state;
+    }
+};
+
+/// The mixture and both kinds of water that a line of constant pressure or temperature may have beside the first state.
+void add_others(const PairPlan& plan, double a, double b, Several& found) {
+    const bool isobar = plan.method == SearchMethod::isobar;
+    const int region = found.states.front().region;
+    const bool may_turn = isobar == (plan.b == Quantity::volume) && (region == KTL_LIQUID || region == KTL_WET) &&
+                          (isobar || a <= ktl_lc.t1max);
+    if (!may_turn) return;
+    const Given given{plan.a, a, plan.b, b, outermost};
+    const BothSides water = isobar ? water_on_isobar(a, b, outermost) : water_on_isotherm(plan.b, a, b, outermost);
+    if (!isobar || a <= last_low_pressure(outermost)) {
+        const Saturated phases = isobar ? saturated_under(a, outermost) : saturated_at(a, outermost);
+        const double liquid = phases.of_liquid(plan.b);
+        found.add(searches::confirmed(mixture(phases, (b - liquid) / (phases.of_vapour(plan.b) - liquid)), given));
+    }
+    found.add(searches::confirmed(water.preferred, given));
+    found.add(searches::confirmed(water.other, given));
+}
+
+Several all_states(const PairPlan& plan, double a, double b) {
+    Several found;
+    if (plan.method == SearchMethod::quality_line) {
+        if (quality_within(b) == Status::solved)
+            found.count = searches::on_quality_line(a, b, outermost, found.states.data(), 3);
+        return found;
+    }
+    const bool isobar = plan.method == SearchMethod::isobar;
+    if (!isobar && plan.method != SearchMethod::isotherm) return found;
+    if ((isobar ? pressure_within(a) : temperature_within(a)) != Status::solved) return found;
+    const FoundState first = isobar ? on_isobar(plan.b, a, b, outermost) : on_isotherm(plan.b, a, b, outermost);
+    found.add(searches::confirmed(first, {plan.a, a, plan.b, b, outermost}));
+    if (found.count > 0) add_others(plan, a, b, found);
+    return found;
+}
+
+} // namespace
+
+Solution search(Pair pair, double a, double b, int number) noexcept {
+    if (static_cast<std::size_t>(pair) >= pair_count) return {};
+    if (!searches::finite(a, b)) return failed(Status::not_a_number);
+    if (number == 0) return first_state(plan_of(pair), a, b);
+    const Several found = all_states(plan_of(pair), a, b);
+    return number > 0 && number < found.count ? solution(found.states.at(static_cast<std::size_t>(number)))
+                                              : Solution{};
+}
+
+int count_states(Pair pair, double a, double b) noexcept {
+    const Solution first = search(pair, a, b, 0);
+    if (first.status != Status::solved) return 0;
+    return std::max(1, all_states(plan_of(pair), a, b).count);
+}
+
+} // namespace ktl::engine

@@ -1,0 +1,183 @@
+#include "regions/dual.hpp"
+#include "searches/enclosure.hpp"
+#include "searches/lines.hpp"
+
+#include <algorithm>
+
+namespace ktl {
+
+namespace {
+
+/// How far sub-region 2 goes on past the 2/3 boundary to cover a gap, as a factor of pressure.
+constexpr double reach = 1.01;
+/// How far, as a factor of volume, searches in sub-region 3 begin outside it.
+constexpr double outside = 1.02;
+/// A volume of sub-region 3 greater than any at pmax.
+constexpr double loose_at_pmax = 0.0035;
+
+/// One search: the temperature, the property and its value. Trials are made in a variable z of the sub-region: the
+/// pressure in sub-region 1, the volume in sub-region 3.
+struct Isotherm {
+    Quantity y;
+    double t;
+    double value;
+    SaturationModel model;
+    region3::Terms<double> terms3{}; // of temperature, once prepared
+
+    [[nodiscard]] double residual(int region, double z) const { return property(y, region, z, t) - value; }
+    [[nodiscard]] double tolerance(int region) const { return search_tolerance(y, region, value, model); }
+
+    [[nodiscard]] double residual3(double v) const {
+        auto s = terms3;
+        region3::volume_terms(s, v);
+        return helmholtz_property(y, s, v, t) - value;
+    }
+    [[nodiscard]] double pressure3(double v) const {
+        auto s = terms3;
+        region3::volume_terms(s, v);
+        return region3::pressure(s);
+    }
+
+    /// Derivative of the property by z.
+    [[nodiscard]] double slope(int region, double z) const {
+        return property(y, region, Dual(z, 1.0, 0.0), Dual(t)).first;
+    }
+};
+
+/// Steam of sub-region 2 between two pressures. Volume is searched by density and entropy over the logarithm of
+/// the pressure: so they are almost straight from the lowest pressure to the highest.
+FoundState steam(const Isotherm& line, double a, double b) {
+    const double tolerance = search_tolerance(line.value);
+    double p = 0.0;
+    if (line.y == Quantity::volume) {
+        const double density = 1.0 / line.value;
+        const auto f = [&](double z) { return 1.0 / volume(region2::terms(z, line.t)) - density; };
+        p = solvers::enclose(f, a, b, search_tolerance(density)).x;
+    } else if (line.y == Quantity::entropy) {
+        const auto f = [&](double z) { return line.residual(KTL_STEAM, std::exp(z)); };
+        p = std::exp(solvers::enclose(f, std::log(a), std::log(b), tolerance).x);
+    } else {
+        const auto f = [&](double z) { return line.residual(KTL_STEAM, z); };
+        p = solvers::enclose(f, a, b, tolerance).x;
+    }
+    return {KTL_STEAM, p, line.t, {}};
+}
+
+/// Where the property turns between a and b; b where it does not.
+double turning_point(const Isotherm& line, int region, double a, double b) {
+    const auto slope = [&](double z) { return line.slope(region, z); };
+    const double slope_a = slope(a);
+    const double slope_b = slope(b);
+    return slope_a * slope_b < 0.0 ? solvers::enclose(slope, a, slope_a, b, slope_b, 0.0).x : b;
+}
+
+/// First z from a, the end of lower pressure, towards b at which the residual vanishes. The property turns at most
+/// once between them: where both ends lie on one side of zero, the search ends at the turning point.
+template <class Residual>
+FoundState first_from(const Isotherm& line, int region, double a, double fa, double b, Residual&& f) {
+    const double fb = f(b);
+    double end = b;
+    double f_end = fb;
+    if (fa * fb > 0.0) {
+        end = turning_point(line, region, a, b);
+        f_end = end == b ? fb : f(end);
+    }
+    return {region, solvers::enclose(f, a, fa, end, f_end, line.tolerance(region)).x, line.t, {}};
+}
+
+FoundState water(const Isotherm& line, double ps, double f_liquid) {
+    return first_from(line, KTL_LIQUID, ps, f_liquid, ktl_lc.pmax,
+                      [&](double p) { return line.residual(KTL_LIQUID, p); });
+}
+
+/// Up to 350 degC: steam, mixture, water.
+FoundState low(const Isotherm& line) {
+    const Saturated phases = saturated_at(line.t, line.model);
+    const double ps = phases.p;
+    const double f_vapour = line.residual(KTL_STEAM, ps);
+    if (f_vapour <= 0.0) return steam(line, std::min(ktl_lc.pmin, ps), ps);
+    const double f_liquid = line.residual(KTL_LIQUID, ps);
+    if (f_liquid >= 0.0) return water(line, ps, f_liquid);
+    const FoundState wet = mixture(phases, f_liquid / (f_liquid - f_vapour));
+    if (wet.primary > least_quality || line.y == Quantity::volume) return wet;
+    const FoundState compressed = water(line, ps, f_liquid);
+    return std::fabs(line.residual(KTL_LIQUID, compressed.primary)) <= line.tolerance(KTL_LIQUID) ? compressed : wet;
+}
+
+/// Volume at pmax, the densest state of the isotherm.
+double least_volume(const Isotherm& line) {
+    const auto f = [&](double v) { return line.pressure3(v) - ktl_lc.pmax; };
+    return solvers::enclose(f, ktl_lc.v3min / outside, loose_at_pmax, search_tolerance(ktl_lc.pmax)).x;
+}
+
+/// Sub-region 3 from volume a to the smaller volume b.
+FoundState near_critical(const Isotherm& line, double a, double b, int region) {
+    if (line.y == Quantity::volume) return {region, std::max(line.value, b), line.t, {}};
+    const auto f = [&](double v) { return line.residual3(v); };
+    return first_from(line, region, a, f(a), b, f);
+}
+
+/// Sub-region 3 and its mixtures, from the volume at the 2/3 boundary on.
+FoundState middle(const Isotherm& line, double greatest) {
+    if (line.t > ktl_lc.tc) return near_critical(line, greatest, least_volume(line), KTL_NEAR_CRITICAL_STEAM);
+    const Saturated phases = saturated_at(line.t, line.model);
+    const double f_vapour = phases.of_vapour(line.y) - line.value;
+    if (f_vapour <= 0.0)
+        return near_critical(line, greatest, phases.vapour / past_saturation(line.model), KTL_NEAR_CRITICAL_STEAM);
+    const double f_liquid = phases.of_liquid(line.y) - line.value;
+    const auto water3 = [&] {
+        return near_critical(line, phases.liquid * past_saturation(line.model), least_volume(line),
+                             KTL_NEAR_CRITICAL_LIQUID);
+    };
+    if (f_liquid >= 0.0) return water3();
+    const FoundState wet = mixture(phases, f_liquid / (f_liquid - f_vapour));
+    if (wet.primary > least_quality || line.y == Quantity::volume) return wet;
+    const FoundState compressed = water3();
+    return std::fabs(line.residual3(compressed.primary)) <= search_tolerance(line.value) ? compressed : wet;
+}
+
+/// A volume of sub-region 3 greater than any at pressures above the 2/3 boundary.
+double greatest_volume(double pl, double t) { return outside * volume(region2::terms(pl, t)); }
+
+/// Above 350 degC: sub-region 2 up to the 2/3 boundary, sub-region 3 beyond it.
+FoundState high(Isotherm& line) {
+    const double pl = boundary_pressure(line.t);
+    if (!(pl < ktl_lc.pmax)) return steam(line, ktl_lc.pmin, ktl_lc.pmax);
+    if (line.residual(KTL_STEAM, pl) <= 0.0) return steam(line, ktl_lc.pmin, pl);
+    region3::temperature_terms(line.terms3, line.t);
+    const FoundState found = middle(line, greatest_volume(pl, line.t));
+    const bool gap = found.region == KTL_NEAR_CRITICAL_STEAM && line.pressure3(found.primary) < pl;
+    return gap ? steam(line, pl, pl * reach) : found;
+}
+
+} // namespace
+
+BothSides water_on_isotherm(Quantity y, double t, double value, SaturationModel model) {
+    const Isotherm line{y, t, value, model, {}};
+    const double ps = saturation::terms(t).p;
+    const double turn = turning_point(line, KTL_LIQUID, ps, ktl_lc.pmax);
+    const auto f = [&](double p) { return line.residual(KTL_LIQUID, p); };
+    const auto between = [&](double a, double b) {
+        return FoundState{KTL_LIQUID, solvers::enclose(f, a, b, line.tolerance(KTL_LIQUID)).x, t, {}};
+    };
+    return {between(ps, turn), turn == ktl_lc.pmax ? FoundState{} : between(turn, ktl_lc.pmax)};
+}
+
+FoundState near_critical_at(double p, double t, SaturationModel model) {
+    Isotherm line{Quantity::pressure, t, p, model, {}};
+    region3::temperature_terms(line.terms3, t);
+    double a = greatest_volume(boundary_pressure(t), t);
+    double b = ktl_lc.v3min / outside;
+    if (t > ktl_lc.tc) return near_critical(line, a, b, KTL_NEAR_CRITICAL_STEAM);
+    const Saturated phases = saturated_at(t, model);
+    const bool water = p > phases.p;
+    (water ? a : b) = water ? phases.liquid * past_saturation(model) : phases.vapour / past_saturation(model);
+    return near_critical(line, a, b, water ? KTL_NEAR_CRITICAL_LIQUID : KTL_NEAR_CRITICAL_STEAM);
+}
+
+FoundState on_isotherm(Quantity y, double t, double value, SaturationModel model) {
+    Isotherm line{y, t, value, model};
+    return t > ktl_lc.t3min ? high(line) : low(line);
+}
+
+} // namespace ktl

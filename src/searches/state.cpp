@@ -1,0 +1,119 @@
+#include "searches/state.hpp"
+
+#include "solvers/bracketing.hpp"
+
+#include <algorithm>
+
+namespace ktl {
+
+namespace {
+
+/// Tolerance with which the entry ktlftn finds saturated volumes.
+constexpr double entry_tolerance = 1.0e-8;
+
+/// Volume between a and b at the pressure p of isotherm t, by the steps of ktl_i2.
+double saturated_volume(const region3::Terms<double>& isotherm, double p, double a, double b) {
+    auto s = isotherm;
+    const auto pressure_at = [&s](double v) {
+        region3::volume_terms(s, v);
+        return region3::pressure(s);
+    };
+    return solvers::solve<solvers::SecantOutside>(pressure_at, p, a, b, entry_tolerance).z;
+}
+
+Saturated entry_at(double t) {
+    const double p = saturation::terms(t).p;
+    if (!(t > ktl_lc.t3min)) return {t, p, KTL_WET, p, p};
+    region3::Terms<double> s;
+    region3::temperature_terms(s, t);
+    const double vpp = saturated_volume(s, p, std::max(0.08611 - 0.000222 * t, 0.00317), 0.008799105448);
+    const double vp = saturated_volume(s, p, std::min(6e-05 * t - 0.01899, 0.00317), 0.00174);
+    return {t, p, KTL_WET_NEAR_CRITICAL, vp, vpp};
+}
+
+Saturated entry_under(double p) {
+    const double t = ktl_it(p);
+    if (p > ktl_lc.p1) return entry_at(std::max(t, std::nextafter(ktl_lc.t3min, ktl_lc.tc)));
+    return {t, p, KTL_WET, p, p};
+}
+
+/// Highest temperature, degC, at which the isotherm has the saturation pressure at both outermost volumes, and these.
+constexpr double t_outermost = 374.149;
+constexpr double v_outermost_liquid = 0.00313970965627;
+constexpr double v_outermost_steam = 0.00319230881332;
+
+/// Newton steps in density from rho towards the volume at which the isotherm has the pressure p. Pressure over
+/// density is convex on the liquid side of the loop and concave on the side of steam: from beyond the outermost root
+/// every step ends between start and root, so it is the outermost one that is found.
+double outermost_volume(region3::Terms<double>& isotherm, double p, double rho) {
+    constexpr int most_steps = 60;
+    double before = 0.0;
+    for (int step = 0; step < most_steps; ++step) {
+        region3::volume_terms(isotherm, 1.0 / rho);
+        const double slope =
+            ktl_lc.pca * ktl_lc.vca * isotherm.ex * isotherm.ex * region3::free_energy_volume_curvature(isotherm);
+        const double change = (p - region3::pressure(isotherm)) / slope;
+        // Rounding decides the step at the root: it turns, or is next to nothing.
+        if (change * before < 0.0 || !(std::fabs(change) > 1.0e-16 * rho)) break;
+        rho += change;
+        before = change;
+    }
+    return 1.0 / rho;
+}
+
+/// The fitted densities of saturated water and steam, relative to the critical one, are off by less than half of this.
+constexpr double beyond = 0.005;
+
+Saturated outermost_at(double t) {
+    const double p = saturation::terms(t).p;
+    if (!(t > ktl_lc.t3min)) return {t, p, KTL_WET, p, p, SaturationModel::outermost_roots};
+    if (t > t_outermost) {
+        const double share = std::sqrt(std::fmax(ktl_lc.tc - t, 0.0) / (ktl_lc.tc - t_outermost));
+        const auto between = [share](double v) { return ktl_lc.vca + share * (v - ktl_lc.vca); };
+        return {t,
+                p,
+                KTL_WET_NEAR_CRITICAL,
+                between(v_outermost_liquid),
+                between(v_outermost_steam),
+                SaturationModel::outermost_roots};
+    }
+    region3::Terms<double> s;
+    region3::temperature_terms(s, t);
+    const double r = std::sqrt(ktl_lc.tc - t);
+    const double liquid = outermost_volume(s, p, (saturation_guesses::liquid_density(r) + beyond) / ktl_lc.vca);
+    const double steam = outermost_volume(s, p, (saturation_guesses::vapour_density(r) - beyond) / ktl_lc.vca);
+    return {t, p, KTL_WET_NEAR_CRITICAL, liquid, steam, SaturationModel::outermost_roots};
+}
+
+Saturated outermost_under(double p) {
+    const double t = saturation::temperature(p);
+    if (p > last_low_pressure(SaturationModel::outermost_roots))
+        return outermost_at(std::clamp(t, std::nextafter(ktl_lc.t3min, ktl_lc.tc), ktl_lc.tc));
+    return {std::clamp(t, ktl_lc.tmin, ktl_lc.t1max), p, KTL_WET, p, p, SaturationModel::outermost_roots};
+}
+
+} // namespace
+
+Saturated saturated_at(double t, SaturationModel model) {
+    return model == SaturationModel::entry_compatible ? entry_at(t) : outermost_at(t);
+}
+
+Saturated saturated_under(double p, SaturationModel model) {
+    // pmin lies below the saturation pressure at tmin by its last digit: a mixture under it has tmin and exactly p.
+    if (!(p > saturation::terms(ktl_lc.tmin).p) && (model == SaturationModel::entry_compatible || !(p >= ktl_lc.pmin)))
+        return saturated_at(ktl_lc.tmin, model);
+    if (!(p < ktl_lc.pca)) return saturated_at(ktl_lc.tc, model);
+    return model == SaturationModel::entry_compatible ? entry_under(p) : outermost_under(p);
+}
+
+double last_low_pressure(SaturationModel model) {
+    return model == SaturationModel::entry_compatible ? ktl_lc.p1 : saturation::terms(ktl_lc.t1max).p;
+}
+
+double boundary_temperature(double p) {
+    using region2::ktl_cl;
+    const double root = std::sqrt(ktl_cl.al1 * ktl_cl.al1 - 4.0 * ktl_cl.al2 * (ktl_cl.al0 - p / ktl_lc.pca));
+    return ktl_lc.tca * (root - ktl_cl.al1) / (2.0 * ktl_cl.al2) - ktl_lc.tza;
+}
+
+} // namespace ktl

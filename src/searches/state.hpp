@@ -1,0 +1,143 @@
+// A state in the variables of its region, and its properties: what searches work on. Nothing here reports or
+// keeps working terms, so trial states may lie anywhere.
+#pragma once
+
+#include "regions/number.hpp"
+#include "regions/region1.hpp"
+#include "regions/region2.hpp"
+#include "regions/region3.hpp"
+#include "regions/saturation.hpp"
+
+#include <ktl/ktlftn.h>
+
+namespace ktl {
+
+enum class Quantity { pressure, temperature, volume, enthalpy, entropy, energy };
+
+/// Quantity of sub-region 1 or 2 from its working terms at p, t.
+template <class Terms, class T>
+T gibbs_property(Quantity y, const Terms& s, const T& p, const T& t) {
+    switch (y) {
+    case Quantity::pressure: return p;
+    case Quantity::temperature: return t;
+    case Quantity::volume: return volume(s);
+    case Quantity::enthalpy: return enthalpy(s);
+    case Quantity::entropy: return entropy(s);
+    case Quantity::energy: break;
+    }
+    return internal_energy(enthalpy(s), p, volume(s));
+}
+
+/// Quantity of sub-region 3 from its working terms at v, t.
+template <class T>
+T helmholtz_property(Quantity y, const region3::Terms<T>& s, const T& v, const T& t) {
+    switch (y) {
+    case Quantity::pressure: return pressure(s);
+    case Quantity::temperature: return t;
+    case Quantity::volume: return v;
+    case Quantity::enthalpy: return enthalpy(s);
+    case Quantity::entropy: return entropy(s);
+    case Quantity::energy: break;
+    }
+    return internal_energy(enthalpy(s), pressure(s), v);
+}
+
+/// Quantity of a single-phase region 1 to 4 in its own variables: p, t or v, t.
+template <class T>
+T property(Quantity y, int region, const T& primary, const T& t) {
+    if (region == KTL_LIQUID) return gibbs_property(y, region1::terms(primary, t), primary, t);
+    if (region == KTL_STEAM) return gibbs_property(y, region2::terms(primary, t), primary, t);
+    return helmholtz_property(y, region3::terms(primary, t), primary, t);
+}
+
+/// Where saturated phases above 350 degC come from.
+enum class SaturationModel {
+    /// The volumes that the entry ktlftn finds, to the last bit, so that the entry evaluates a mixture as it was found.
+    entry_compatible,
+    /// The outermost volumes at which the isotherm has the saturation pressure, up to 374.149 degC. In the last
+    /// millikelvin the saturation line leaves the loop of the isotherms, by up to 3e-9 of the pressure, and one or the
+    /// other volume does not exist: there both go to the critical volume with the square root of the distance from
+    /// the critical temperature.
+    outermost_roots
+};
+
+/// Saturated water and steam at one temperature, in the variables of their regions.
+struct Saturated {
+    double t = 0.0;
+    double p = 0.0;
+    int region = KTL_NO_STATE; // of the mixture: KTL_WET or KTL_WET_NEAR_CRITICAL
+    double liquid = 0.0;       // pressure, or volume above 350 degC
+    double vapour = 0.0;
+    SaturationModel model = SaturationModel::entry_compatible;
+
+    [[nodiscard]] double of_liquid(Quantity y) const {
+        return of_phase(y, region == KTL_WET ? KTL_LIQUID : KTL_NEAR_CRITICAL_LIQUID, liquid);
+    }
+    [[nodiscard]] double of_vapour(Quantity y) const {
+        return of_phase(y, region == KTL_WET ? KTL_STEAM : KTL_NEAR_CRITICAL_STEAM, vapour);
+    }
+    [[nodiscard]] double mixture(Quantity y, double x) const {
+        if (y == Quantity::pressure) return p;
+        if (y == Quantity::temperature) return t;
+        const double water = of_liquid(y);
+        return water + x * (of_vapour(y) - water);
+    }
+
+private:
+    /// The energy of outermost phases is made with the saturation pressure, which they share.
+    [[nodiscard]] double of_phase(Quantity y, int phase, double primary) const {
+        if (y != Quantity::energy || model == SaturationModel::entry_compatible || region == KTL_WET)
+            return property(y, phase, primary, t);
+        return internal_energy(property(Quantity::enthalpy, phase, primary, t), p, primary);
+    }
+};
+
+/// Saturated states at t, 0.01 to 374.15 degC.
+Saturated saturated_at(double t, SaturationModel model);
+/// Saturated states at p, from pmin to the critical pressure; the ends of the line beyond.
+Saturated saturated_under(double p, SaturationModel model);
+/// Pressure above which saturated states under p are those of sub-region 3.
+double last_low_pressure(SaturationModel model);
+/// Factor of volume by which searches in sub-region 3 go on past the outermost phases: within a millikelvin of the
+/// critical point these have the saturation pressure to 4e-9 only, and a value may lie between them and the isobar.
+constexpr double past_saturation(SaturationModel model) {
+    return model == SaturationModel::entry_compatible ? 1.0 : 1.0001;
+}
+
+/// A state that a search returns. The saturated phases stand beside a mixture only.
+struct FoundState {
+    int region = KTL_NO_STATE;
+    double primary = 0.0;
+    double t = 0.0;
+    Saturated phases{};
+
+    [[nodiscard]] bool found() const { return region != KTL_NO_STATE; }
+    [[nodiscard]] bool wet() const { return region == KTL_WET || region == KTL_WET_NEAR_CRITICAL; }
+    [[nodiscard]] double value(Quantity y) const {
+        return wet() ? phases.mixture(y, primary) : property(y, region, primary, t);
+    }
+};
+
+inline FoundState mixture(const Saturated& phases, double x) { return {phases.region, x, phases.t, phases}; }
+
+/// Pressure of the boundary between sub-regions 2 and 3 at t, bar.
+inline double boundary_pressure(double t) { return ktl_lc.pca * region2::boundary((t + ktl_lc.tza) / ktl_lc.tca); }
+/// Its inverse, degC, exact but for rounding; p from p1 up.
+double boundary_temperature(double p);
+
+/// Residual at which a search for y stops: far below what the finders promise, above the rounding of the
+/// equations.
+inline double search_tolerance(double y) { return 1.0e-14 * std::fabs(y) + 1.0e-15; }
+
+/// The same for a quantity of one region. Enthalpy and entropy of sub-region 1 are rounded by up to 2e-12 of them and
+/// 2e-10 kJ/kg, 8e-13 kJ/(kg K): searches with the outermost phases are content with that.
+inline double search_tolerance(Quantity y, int region, double value, SaturationModel model) {
+    const bool plain = region != KTL_LIQUID || model == SaturationModel::entry_compatible || y == Quantity::volume;
+    if (plain) return search_tolerance(value);
+    return 2.0e-12 * std::fabs(value) + (y == Quantity::entropy ? 8.0e-13 : 2.0e-10);
+}
+
+/// A value just outside a limit that rounding alone may have put there.
+inline constexpr double rounding = 1.0e-9;
+
+} // namespace ktl
