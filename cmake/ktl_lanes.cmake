@@ -14,9 +14,10 @@ option(KTL_VECTOR_LANES "Build the vector kernels for AVX2 and AVX-512 (needs th
 set(ktl_avx2_flags -mavx2 -mfma -mbmi -mbmi2 -mf16c -maes -mpclmul)
 set(ktl_avx512_flags ${ktl_avx2_flags} -mavx512f -mavx512cd -mavx512vl -mavx512dq -mavx512bw)
 
-# ktl_kernels: their objects, which the shared and the static library share.
+# ktl_kernels: their objects and the search of one row, which the shared and the static library share.
 function(ktl_add_kernels)
-    add_library(ktl_kernels OBJECT ${CMAKE_CURRENT_SOURCE_DIR}/engine/kernels/kernels_scalar.cpp)
+    add_library(ktl_kernels OBJECT ${CMAKE_CURRENT_SOURCE_DIR}/engine/kernels/kernels_scalar.cpp
+                                   ${CMAKE_CURRENT_SOURCE_DIR}/engine/rows/row.cpp)
     ktl_target(ktl_kernels)
     target_include_directories(ktl_kernels PRIVATE ${CMAKE_CURRENT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/include)
     # Sanitizers multiply the code, which has to stay small there.

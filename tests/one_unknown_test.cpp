@@ -15,7 +15,7 @@ using namespace ktl::test;
 using Points = std::vector<double>;
 using Lines = std::vector<std::string>;
 constexpr double infinity = std::numeric_limits<double>::infinity();
-constexpr double not_a_number = std::numeric_limits<double>::quiet_NaN();
+constexpr double quiet_nan = std::numeric_limits<double>::quiet_NaN();
 constexpr double eps = 1e-8;
 const char* const warning = " *** KTLFTN-WARNING: Maximum number of iterations exceeded (code: KTL_I1) ***";
 
@@ -28,7 +28,7 @@ double solve_toy(Solver solver, double x, double& a, double& b, double tolerance
     case i2: return ktl_i2(fixed_second, fixed, x, a, b, tolerance);
     case i3: return ktl_i3(fixed_second_eps, fixed, x, a, b, tolerance);
     }
-    return not_a_number;
+    return quiet_nan;
 }
 
 const auto linear = [](double z) { return 2.0 * z; };
@@ -101,7 +101,7 @@ TEST(OneUnknown, BracketKept) {
         {1, -1, -1, 1, 1, 2, 1, 2},  {1, -1, 1, 1, 3, 4, 3, 4},            // falling function
         {-1, 1, 0, 1, 2, 3, 0, 1},   {-1, 1, 0, -1, 3, 4, 1, 2},           // fa fc is zero
         {-1, 1, 1, 0, 1, 2, 0, 1},   {-1, 1, -1, 0, 2, 3, 3, 4},           // fa fd, fb fd are zero
-        {0, 1, 1, 1, 2, 3, 0, 1},    {-1, 1, 1, not_a_number, 1, 2, 0, 1}, // fa is zero, fd no number
+        {0, 1, 1, 1, 2, 3, 0, 1},    {-1, 1, 1, quiet_nan, 1, 2, 0, 1}, // fa is zero, fd no number
         {1, 1, 1, 1, 2, 3, 2, 3},    {-1, -1, 1, 1, 0, 1, 0, 1},           // no change over the interval
     };
     for (const auto& [fa, fb, fc, fd, a, b, a2, b2] : rows) {
@@ -180,13 +180,13 @@ TEST(OneUnknown, SecantSteps) {
 /// Functions that yield no number, infinities or a constant: bounded work, no fault.
 TEST(OneUnknown, BoundedWithoutNumbers) {
     Reports reports;
-    const std::function<double(double)> functions[] = {[](double) { return not_a_number; },
+    const std::function<double(double)> functions[] = {[](double) { return quiet_nan; },
                                                        [](double z) { return z > 1.0 ? infinity : -infinity; },
                                                        [](double) { return 1.0; }, linear};
     for (const auto& f : functions)
         for (const Solver solver : all_solvers)
-            for (const double x : {0.0, 5.0, infinity, not_a_number})
-                for (double a : {0.5, not_a_number}) {
+            for (const double x : {0.0, 5.0, infinity, quiet_nan})
+                for (double a : {0.5, quiet_nan}) {
                     double b = 2.0;
                     toy.set(f);
                     solve_toy(solver, x, a, b);

@@ -130,13 +130,13 @@ TEST(TwoUnknowns, WidthAndPasses) {
 
 TEST(TwoUnknowns, BoundedWithoutNumbers) {
     Reports reports;
-    const double not_a_number = std::numeric_limits<double>::quiet_NaN();
-    const auto nothing = [not_a_number](double, double) { return not_a_number; };
+    const double quiet_nan = std::numeric_limits<double>::quiet_NaN();
+    const auto nothing = [quiet_nan](double, double) { return quiet_nan; };
     const auto pole = [](double z, double w) { return 1.0 / (z - w); };
     solve_pair(nothing, 1.0, difference, 1.0, {0.0, 10.0, 0.0, 10.0});
     solve_pair(sum, 1.0, nothing, 1.0, {0.0, 10.0, 0.0, 10.0});
     solve_pair(pole, 1.0, pole, 1.0, {0.0, 10.0, 0.0, 10.0});
-    solve_pair(sum, not_a_number, difference, 1.0, {not_a_number, 10.0, 0.0, not_a_number});
+    solve_pair(sum, quiet_nan, difference, 1.0, {quiet_nan, 10.0, 0.0, quiet_nan});
 }
 
 } // namespace

@@ -1,19 +1,14 @@
 // What the values of a pair are.
 #pragma once
 
-#include "searches/state.hpp"
+#include "regions/quantity.hpp"
 
 #include <array>
 #include <ktl/steam.hpp>
 
 namespace ktl::engine {
 
-/// The two given quantities of a pair.
-struct Quantities {
-    Quantity a, b;
-};
-
-/// The quantities of a pair; what stands for a quality has no meaning.
+/// The quantities of a pair.
 constexpr Quantities quantities(Pair pair) {
     using Q = Quantity;
     constexpr std::array<Quantities, pair_count> all{{
@@ -22,13 +17,13 @@ constexpr Quantities quantities(Pair pair) {
         {Q::pressure, Q::entropy},
         {Q::pressure, Q::energy},
         {Q::pressure, Q::volume},
-        {Q::pressure, Q::pressure},
+        {Q::pressure, Q::quality},
         {Q::temperature, Q::volume},
         {Q::temperature, Q::enthalpy},
         {Q::temperature, Q::entropy},
         {Q::temperature, Q::energy},
-        {Q::temperature, Q::pressure},
-        {Q::entropy, Q::entropy},
+        {Q::temperature, Q::quality},
+        {Q::entropy, Q::quality},
         {Q::enthalpy, Q::entropy},
         {Q::energy, Q::entropy},
         {Q::volume, Q::enthalpy},
@@ -37,9 +32,10 @@ constexpr Quantities quantities(Pair pair) {
     }};
     return all[static_cast<std::size_t>(pair)];
 }
-constexpr bool has_pressure(Pair pair) { return pair >= Pair::ph && pair <= Pair::px; }
-constexpr bool has_temperature(Pair pair) { return pair >= Pair::tv && pair <= Pair::tx; }
-constexpr bool has_quality(Pair pair) { return pair == Pair::px || pair == Pair::tx || pair == Pair::sx; }
+/// Pressure or temperature beside another property than these two.
+constexpr bool has_pressure(Pair pair) { return quantities(pair).a == Quantity::pressure && pair != Pair::pt; }
+constexpr bool has_temperature(Pair pair) { return quantities(pair).a == Quantity::temperature; }
+constexpr bool has_quality(Pair pair) { return quantities(pair).b == Quantity::quality; }
 
 /// How far from its border sub-region 3 may have states beside others across it, which go before them. From 350 degC up, K:
 /// in one phase, and in mixtures, where it falls to the least with (1 - x)^2; measured: up to 1.39 and 0.25 by u, s, 0.61 by

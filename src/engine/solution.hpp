@@ -1,22 +1,20 @@
 // A solved state in the variables of its region, as searches and kernels hand it to the evaluation of properties.
 #pragma once
 
-#include <cmath>
+#include "regions/number.hpp"
+
 #include <ktl/steam.hpp>
-#include <limits>
 
 namespace ktl::engine {
-
-inline constexpr double not_a_number = std::numeric_limits<double>::quiet_NaN();
 
 /// What a search came to. In two phases `first` is the quality and `liquid`, `vapour` are the variables of the
 /// saturated phases: their pressure up to 350 degC, their volumes above.
 struct Solution {
     Status status = Status::no_state;
     Region region = Region::none;
-    double primary = not_a_number; ///< p in sub-regions 1 and 2, v in sub-region 3, x in two phases
-    double t = not_a_number;
-    double liquid = not_a_number, vapour = not_a_number;
+    double primary = quiet_nan; ///< p in sub-regions 1 and 2, v in sub-region 3, x in two phases
+    double t = quiet_nan;
+    double liquid = quiet_nan, vapour = quiet_nan;
 
     [[nodiscard]] bool two_phase() const { return region == Region::wet || region == Region::wet_near_critical; }
 };

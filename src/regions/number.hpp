@@ -3,14 +3,18 @@
 
 #include <cmath>
 #include <cstddef>
+#include <limits>
 #include <type_traits>
 
 namespace ktl {
 
+using std::abs;
 using std::exp;
 using std::log;
 using std::pow;
 using std::sqrt;
+
+inline constexpr double quiet_nan = std::numeric_limits<double>::quiet_NaN();
 
 // One evaluation of a sub-region's equations at a new state. Only the program that measures the work of the
 // finders compiles the library with a counter here.
@@ -42,6 +46,9 @@ constexpr auto select_lazy(const Condition& condition, A&& a, B&& b) {
         return select(condition, a(), b());
 }
 
+/// True if a flag, which is 1 or 0, is set: in every lane of a type of many lanes.
+inline bool all_set(double flag) { return flag > 0.5; }
+
 /// A fitted polynomial of u = (x - middle) slope, which is -1 to 1 over the range of the fit.
 template <std::size_t n>
 struct Fit {
@@ -67,10 +74,14 @@ constexpr T horner(const T& x, double c0, Rest... higher) {
     return c0 + x * horner(x, higher...);
 }
 
-/// Internal energy, kJ/kg, from enthalpy, pressure in bar and volume (1 bar m3 = 100 kJ).
+/// 1 bar m3 is 100 kJ; 1 bar is 1e5 Pa.
+inline constexpr double kj_per_bar_m3 = 100.0;
+inline constexpr double pascals_per_bar = 1.0e5;
+
+/// Internal energy, kJ/kg, from enthalpy, pressure in bar and volume.
 template <class T>
 constexpr T internal_energy(const T& h, const T& p, const T& v) {
-    return h - 100.0 * p * v;
+    return h - kj_per_bar_m3 * p * v;
 }
 
 } // namespace ktl

@@ -1,6 +1,6 @@
 #include "searches/acceptance.hpp"
 
-#include "regions/dual.hpp"
+#include "searches/two_phase.hpp"
 
 #include <algorithm>
 #include <cmath>
@@ -21,15 +21,6 @@ double allowance(Quantity y, double value, int region, SaturationModel model) {
 
 bool has(const FoundState& state, Quantity y, double value, SaturationModel model, double share) {
     return std::fabs(state.value(y) - value) <= share * allowance(y, value, state.region, model);
-}
-
-/// Quantity of any region but KTL_WET_NEAR_CRITICAL, with its derivatives by both variables.
-Dual with_slopes(Quantity y, int region, const Dual& first, const Dual& t) {
-    if (region != KTL_WET) return property(y, region, first, t);
-    const Dual p = saturation::terms(t).p;
-    if (y == Quantity::pressure) return p;
-    const Dual water = property(y, KTL_LIQUID, p, t);
-    return water + first * (property(y, KTL_STEAM, p, t) - water);
 }
 
 /// A variable of a found state, brought back to the limit that it passes by no more than the slack: searches in
@@ -95,9 +86,6 @@ Place place_of_mixture(const FoundState& state) {
     return state.t <= ktl_lc.t1max ? Place::inside : Place::beside;
 }
 
-/// Limits one Newton step: 20 K, a third of a pressure or volume, any part of a quality.
-double limited_step(double step, double most) { return std::clamp(step, -most, most); }
-
 } // namespace
 
 bool finite(double a, double b) { return std::isfinite(a) && std::isfinite(b); }
@@ -132,33 +120,32 @@ FoundState confirmed(FoundState state, const Given& given, double share) {
 }
 
 FoundState corrected(const FoundState& start, const Given& given) {
-    constexpr int most_steps = 12;
-    if (!start.found() || start.region == KTL_WET_NEAR_CRITICAL) return {};
-    const bool wet = start.region == KTL_WET;
-    double z = start.primary;
-    double t = start.t;
-    for (int step = 0; step < most_steps && t > -100.0 && t < 1000.0; ++step) {
-        const Dual first(z, 1.0, 0.0);
-        const Dual second(t, 0.0, 1.0);
-        const Dual a = with_slopes(given.a, start.region, first, second) - given.a_value;
-        const Dual b = with_slopes(given.b, start.region, first, second) - given.b_value;
-        const double determinant = a.first * b.second - a.second * b.first;
-        const double scale = wet ? 1.0 : std::fabs(z);
-        const double dz =
-            limited_step((a.second * b.value - a.value * b.second) / determinant, wet ? 1.0 : scale / 3.0);
-        const double dt = limited_step((a.value * b.first - a.first * b.value) / determinant, 20.0);
-        z += dz;
-        t += dt;
-        // The steps shrink quadratically: after one this small the next would be below rounding.
-        if (std::fabs(dz) <= 1.0e-7 * scale && std::fabs(dt) <= 1.0e-6) break;
+    const Quantities wanted{given.a, given.b};
+    const auto in = [&]<SubRegion sub_region>() {
+        return newton<sub_region, StepLimit::third>(wanted, given.a_value, given.b_value, start.primary, start.t);
+    };
+    switch (start.region) {
+    case KTL_LIQUID: {
+        const auto end = in.operator()<SubRegion::water>();
+        return {start.region, end.primary, end.t, {}};
     }
-    if (start.region == KTL_NEAR_CRITICAL_STEAM || start.region == KTL_NEAR_CRITICAL_LIQUID) {
-        const bool water = t <= ktl_lc.tc && z < ktl_lc.vca;
-        return {water ? KTL_NEAR_CRITICAL_LIQUID : KTL_NEAR_CRITICAL_STEAM, z, t, {}};
+    case KTL_STEAM: {
+        const auto end = in.operator()<SubRegion::steam>();
+        return {start.region, end.primary, end.t, {}};
     }
-    if (!wet) return {start.region, z, t, {}};
-    const double p = saturation::terms(t).p;
-    return mixture({t, p, KTL_WET, p, p, given.model}, z);
+    case KTL_NEAR_CRITICAL_STEAM:
+    case KTL_NEAR_CRITICAL_LIQUID: {
+        const auto end = in.operator()<SubRegion::near_critical>();
+        const bool water = end.t <= ktl_lc.tc && end.primary < ktl_lc.vca;
+        return {water ? KTL_NEAR_CRITICAL_LIQUID : KTL_NEAR_CRITICAL_STEAM, end.primary, end.t, {}};
+    }
+    case KTL_WET: {
+        TwoPhaseIterate<double> m{start.primary, start.t, 0.0, 0.0, 0.0};
+        newton_two_phase<false, StepLimit::third>(m, wanted, given.a_value, given.b_value);
+        return mixture({m.t, m.liquid, KTL_WET, m.liquid, m.liquid, given.model}, m.x);
+    }
+    default: return {};
+    }
 }
 
 Place place_of(const FoundState& state, SaturationModel model) {

@@ -29,9 +29,8 @@ bool bring_within(double& value, double low, double high);
 /// or where its properties are not the given values to the given share of what is allowed.
 FoundState confirmed(FoundState state, const Given& given, double share = 1.0);
 
-/// Twelve Newton steps at most, in both variables, from start towards the state that has the given values, in
-/// the equations of the region of start. Whether they arrive is for confirmed() to say. No state for a mixture
-/// above 350 degC, whose phases are not known in closed form.
+/// Newton steps from start, which is near the state that has the given values, in the equations of its region. Whether they
+/// arrive is for confirmed() to say. No state for a mixture above 350 degC, whose phases have the entry's volumes.
 FoundState corrected(const FoundState& start, const Given& given);
 
 /// How a state lies in the region that it names.

@@ -2,53 +2,10 @@
 // keeps working terms, so trial states may lie anywhere.
 #pragma once
 
-#include "regions/number.hpp"
-#include "regions/region1.hpp"
-#include "regions/region2.hpp"
-#include "regions/region3.hpp"
+#include "regions/quantity.hpp"
 #include "regions/saturation.hpp"
 
-#include <ktl/ktlftn.h>
-
 namespace ktl {
-
-enum class Quantity { pressure, temperature, volume, enthalpy, entropy, energy };
-
-/// Quantity of sub-region 1 or 2 from its working terms at p, t.
-template <class Terms, class T>
-T gibbs_property(Quantity y, const Terms& s, const T& p, const T& t) {
-    switch (y) {
-    case Quantity::pressure: return p;
-    case Quantity::temperature: return t;
-    case Quantity::volume: return volume(s);
-    case Quantity::enthalpy: return enthalpy(s);
-    case Quantity::entropy: return entropy(s);
-    case Quantity::energy: break;
-    }
-    return internal_energy(enthalpy(s), p, volume(s));
-}
-
-/// Quantity of sub-region 3 from its working terms at v, t.
-template <class T>
-T helmholtz_property(Quantity y, const region3::Terms<T>& s, const T& v, const T& t) {
-    switch (y) {
-    case Quantity::pressure: return pressure(s);
-    case Quantity::temperature: return t;
-    case Quantity::volume: return v;
-    case Quantity::enthalpy: return enthalpy(s);
-    case Quantity::entropy: return entropy(s);
-    case Quantity::energy: break;
-    }
-    return internal_energy(enthalpy(s), pressure(s), v);
-}
-
-/// Quantity of a single-phase region 1 to 4 in its own variables: p, t or v, t.
-template <class T>
-T property(Quantity y, int region, const T& primary, const T& t) {
-    if (region == KTL_LIQUID) return gibbs_property(y, region1::terms(primary, t), primary, t);
-    if (region == KTL_STEAM) return gibbs_property(y, region2::terms(primary, t), primary, t);
-    return helmholtz_property(y, region3::terms(primary, t), primary, t);
-}
 
 /// Where saturated phases above 350 degC come from.
 enum class SaturationModel {

@@ -1,5 +1,5 @@
 // The engine's equations: elementary functions, closed slopes, and the same bits from every set of kernels.
-#include "engine/kernels/bodies.hpp"
+#include "regions/quantity.hpp"
 #include "engine/lanes/scalar.hpp"
 #include "engine/rows/block.hpp"
 #include "rows.hpp"

@@ -15,12 +15,12 @@ namespace {
 
 using namespace ktl::test;
 constexpr double infinity = std::numeric_limits<double>::infinity();
-const double not_a_number = std::nan("");
+const double quiet_nan = std::nan("");
 
 bool same(double a, double b) { return std::bit_cast<std::uint64_t>(a) == std::bit_cast<std::uint64_t>(b); }
 
 TEST(Refusal, NumbersOutsideEveryRangeLeaveBothArguments) {
-    const std::vector<double> odd{not_a_number, infinity, -infinity, std::numeric_limits<double>::max(),
+    const std::vector<double> odd{quiet_nan, infinity, -infinity, std::numeric_limits<double>::max(),
                                   -1e300,       1e-300,   -1e-300,   std::numeric_limits<double>::denorm_min()};
     // Every finder takes the two ordinary values in some order; none of the odd ones is within any range, except
     // that next to nothing is a good entropy or energy.
@@ -52,7 +52,7 @@ TEST(Refusal, TinyNumbersGiveAFiniteStateOrNone) {
 }
 
 TEST(Refusal, ToleranceIsNeverAnObstacle) {
-    for (const double odd : {not_a_number, infinity, 0.0, -1.0}) {
+    for (const double odd : {quiet_nan, infinity, 0.0, -1.0}) {
         double h = 3000.0;
         double s = 6.5;
         EXPECT_EQ(ktlrhs(h, s, odd), KTL_STEAM) << odd;
@@ -73,7 +73,7 @@ TEST(Refusal, LinesOfTheFindersThatWriteThem) {
         {ktlrtu, -5.0, 100.0, {" SUB-REGION CANNOT BE CALCULATED IN THIS STATE T=-5.000000000E+00 U= 1.000000000E+02"}},
         {ktlrus, 5000.0, 3.0, {" SUB-REGION CANNOT BE CALCULATED IN THIS STATE U= 0.500000000E+04 S= 0.300000000E+01"}},
         {ktlrus,
-         not_a_number,
+         quiet_nan,
          3.0,
          {" SUB-REGION CANNOT BE CALCULATED IN THIS STATE U=             NaN S= 0.300000000E+01"}},
         {ktlrsx, 6.0, 1.5, {" POINT IS NOT IN WET-REGION  S= 0.600000000E+01 X= 0.150000000E+01"}},
@@ -103,8 +103,8 @@ TEST(Refusal, PropertiesOfTwoVariablesReportAndReturnZero) {
     EXPECT_EQ(reports.lines(), (std::vector<std::string>{
                                    " *** KTLFTN-ERROR: Out of range, P=  1.00000000E+01, V=  1.00000000E+02 ***",
                                    " *** KTLFTN-ERROR: Out of range, T=  1.00000000E+02, S=  9.90000000E+01 ***"}));
-    EXPECT_TRUE(std::isnan(ktl_sp(not_a_number, 0.1, eps)));
-    EXPECT_TRUE(std::isnan(ktl_ht(100.0, not_a_number, eps)));
+    EXPECT_TRUE(std::isnan(ktl_sp(quiet_nan, 0.1, eps)));
+    EXPECT_TRUE(std::isnan(ktl_ht(100.0, quiet_nan, eps)));
     EXPECT_EQ(reports.count(), 0U);
 }
 

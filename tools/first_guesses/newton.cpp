@@ -1,6 +1,6 @@
 #include "newton.hpp"
 
-#include "engine/kernels/two_phase.hpp"
+#include "searches/two_phase.hpp"
 #include "engine/lanes/scalar.hpp"
 
 #include <algorithm>
@@ -13,9 +13,9 @@ namespace first_guesses {
 namespace {
 
 using ktl::Quantity;
-using ktl::engine::Quantities;
+using ktl::Quantities;
 using ktl::engine::Scalar;
-using ktl::engine::SubRegion;
+using ktl::SubRegion;
 
 Quantity quantity(char letter) {
     switch (letter) {
@@ -30,20 +30,20 @@ Quantity quantity(char letter) {
 
 template <SubRegion sub_region>
 Trial in_sub_region(const Quantities& given, Scalar a, Scalar b, const Trial& trial) {
-    const auto y = ktl::engine::properties_at<sub_region>(Scalar(trial.first), Scalar(trial.t));
-    const auto d = ktl::engine::step<sub_region>(given, y, a, b);
+    const auto y = ktl::properties_at<sub_region>(Scalar(trial.first), Scalar(trial.t));
+    const auto d = ktl::searches::step<sub_region>(given, y, a, b);
     return {trial.first + d.primary.value, trial.t + d.t.value};
 }
 
 template <bool high>
 Trial in_mixture(Pair pair, const Quantities& given, Scalar a, Scalar b, const Trial& trial) {
-    ktl::engine::TwoPhaseIterate<Scalar> m{0.0, trial.t, trial.liquid, trial.vapour, 0.0};
-    const ktl::engine::PhasePairIterate<high, Scalar> phases(ktl::engine::line_at(m.t), m);
+    ktl::searches::TwoPhaseIterate<Scalar> m{0.0, trial.t, trial.liquid, trial.vapour, 0.0};
+    const ktl::searches::PhasePairIterate<high, Scalar> phases(ktl::searches::line_at(m.t), m);
     Scalar x = b;
     Scalar met = 0.0;
-    const Scalar dt = pair == Pair::sx ? ktl::engine::step_of_quality<high>(phases, a, b, met)
-                                       : ktl::engine::step_along_line<high>(phases, given, a, b, x);
-    ktl::engine::ConvergenceTest<Scalar> convergence{.negligible = 0.0};
+    const Scalar dt = pair == Pair::sx ? ktl::searches::step_at_quality<high>(phases, given.a, a, b, met)
+                                       : ktl::searches::step_along_line<high>(phases, given, a, b, x);
+    ktl::searches::ConvergenceTest<Scalar> convergence{.negligible = 0.0};
     phases.move(m, dt, convergence);
     return {trial.first, m.t.value, m.liquid.value, m.vapour.value};
 }

@@ -8,7 +8,7 @@
 namespace first_guesses {
 
 using ktl::ktl_lc;
-using ktl::engine::PhaseProperties;
+using ktl::PhaseProperties;
 namespace guesses = ktl::engine::guesses;
 
 double State::operator()(char letter) const {

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "engine/guesses/guess_form.hpp"
-#include "engine/kernels/thermo.hpp"
+#include "regions/phase_properties.hpp"
 
 #include <random>
 #include <string_view>
@@ -30,7 +30,7 @@ struct State {
 };
 
 /// A homogeneous phase in the variables of its region, with all slopes.
-ktl::engine::PhaseProperties<double> phase(Region region, double first, double t);
+ktl::PhaseProperties<double> phase(Region region, double first, double t);
 State single(Region region, double first, double t);
 /// Two phases at t.
 State mixture(double t, double x);

@@ -68,7 +68,7 @@ public:
         if (begun >= rows()) return {Fault::none, false, solved_};
         std::fill(arguments_.status.begin() + static_cast<std::ptrdiff_t>(begun), arguments_.status.end(),
                   Status::cancelled);
-        for (double* output : arguments_.outputs) std::fill(output + begun, output + rows(), engine::not_a_number);
+        for (double* output : arguments_.outputs) std::fill(output + begun, output + rows(), quiet_nan);
         return {Fault::none, true, solved_};
     }
 

@@ -1,13 +1,7 @@
 #include "engine/calls/state.hpp"
 
-#include "engine/kernels/bodies.hpp"
-#include "engine/rows/row.hpp"
-
 namespace ktl {
 
-using engine::not_a_number;
-
-using engine::PhaseProperties;
 using engine::Scalar;
 
 Phase StateBuilder::phase(const PhaseProperties<Scalar>& y, Region region) noexcept {
@@ -19,88 +13,48 @@ Phase StateBuilder::phase(const PhaseProperties<Scalar>& y, Region region) noexc
     return out;
 }
 
-PhaseProperties<Scalar> StateBuilder::thermo(const Phase& y) noexcept {
+PhaseProperties<Scalar> StateBuilder::properties(const Phase& y) noexcept {
     return {y.p_, y.t_, y.v_, y.h_, y.s_, y.cp_, y.cv_, y.speed_of_sound_squared_, y.dvdt_, y.dvdp_};
 }
 
-Phase StateBuilder::no_phase(Region region) noexcept {
-    constexpr double n = not_a_number;
-    return phase({n, n, n, n, n, n, n, n, n, n}, region);
-}
-
-State StateBuilder::failed(Status status) noexcept {
+State StateBuilder::state(const engine::RowState& row) noexcept {
     State out;
-    out.bulk_ = out.liquid_ = out.vapour_ = no_phase(Region::none);
-    out.x_ = not_a_number;
-    out.status_ = status;
+    out.status_ = row.status;
+    out.x_ = row.x;
+    out.bulk_ = phase(row.bulk, row.region);
+    const bool low = row.region == Region::wet;
+    const bool high = row.region == Region::wet_near_critical;
+    out.liquid_ = phase(row.liquid, low ? Region::water : high ? Region::near_critical_water : Region::none);
+    out.vapour_ = phase(row.vapour, low ? Region::steam : high ? Region::near_critical_steam : Region::none);
     return out;
 }
 
-State StateBuilder::state(const engine::Solution& found) noexcept {
-    State out = failed(found.status);
-    if (found.status != Status::solved && found.status != Status::undetermined) return out;
-    if (!found.two_phase()) {
-        out.bulk_ = engine::phase_of(found.region, found.primary, found.t);
-        return out;
-    }
-    const bool low = found.region == Region::wet;
-    out.liquid_ = engine::phase_of(low ? Region::water : Region::near_critical_water, found.liquid, found.t);
-    out.vapour_ = engine::phase_of(low ? Region::steam : Region::near_critical_steam, found.vapour, found.t);
-    out.x_ = found.primary; // not-a-number where it is undetermined, and with it all but p and t
-    const Scalar p = low ? Scalar(found.liquid) : saturation::terms(Scalar(found.t)).p;
-    const engine::SaturatedProperties<Scalar> phases{thermo(out.liquid_), thermo(out.vapour_)};
-    out.bulk_ = phase(engine::mixture_of(phases, Scalar(found.primary), p), found.region);
-    return out;
-}
-
-[[gnu::flatten]] Phase engine::phase_of(Region region, double primary, double t) noexcept {
-    switch (region) {
-    case Region::water: return StateBuilder::phase(phase_at<SubRegion::water, Scalar>(primary, t), region);
-    case Region::steam: return StateBuilder::phase(phase_at<SubRegion::steam, Scalar>(primary, t), region);
-    default: return StateBuilder::phase(phase_at<SubRegion::near_critical, Scalar>(primary, t), region);
-    }
-}
-
-namespace {
-
-double derived(Property property, const Phase& phase) {
-    const bool mixture = phase.region() == Region::wet || phase.region() == Region::wet_near_critical;
-    if (mixture && !engine::of_mixtures(property)) return not_a_number;
-    return engine::derived(property, StateBuilder::thermo(phase)).value;
-}
-
-template <Property property>
-double derived(const Phase& phase) {
-    return derived(property, phase);
-}
-
-} // namespace
-
-double Phase::rho() const noexcept { return derived<Property::rho>(*this); }
-double Phase::u() const noexcept { return derived<Property::u>(*this); }
-double Phase::gibbs() const noexcept { return derived<Property::gibbs>(*this); }
-double Phase::helmholtz() const noexcept { return derived<Property::helmholtz>(*this); }
-double Phase::speed_of_sound() const noexcept { return derived<Property::speed_of_sound>(*this); }
-double Phase::isentropic_exponent() const noexcept { return derived<Property::isentropic_exponent>(*this); }
-double Phase::compressibility() const noexcept { return derived<Property::compressibility>(*this); }
-double Phase::expansion() const noexcept { return derived<Property::expansion>(*this); }
-double Phase::joule_thomson() const noexcept { return derived<Property::joule_thomson>(*this); }
-double Phase::viscosity() const noexcept { return derived<Property::viscosity>(*this); }
-double Phase::kinematic_viscosity() const noexcept { return derived<Property::kinematic_viscosity>(*this); }
-double Phase::conductivity() const noexcept { return derived<Property::conductivity>(*this); }
-double Phase::prandtl() const noexcept { return derived<Property::prandtl>(*this); }
+double Phase::rho() const noexcept { return get(Property::rho); }
+double Phase::u() const noexcept { return get(Property::u); }
+double Phase::gibbs() const noexcept { return get(Property::gibbs); }
+double Phase::helmholtz() const noexcept { return get(Property::helmholtz); }
+double Phase::speed_of_sound() const noexcept { return get(Property::speed_of_sound); }
+double Phase::isentropic_exponent() const noexcept { return get(Property::isentropic_exponent); }
+double Phase::compressibility() const noexcept { return get(Property::compressibility); }
+double Phase::expansion() const noexcept { return get(Property::expansion); }
+double Phase::joule_thomson() const noexcept { return get(Property::joule_thomson); }
+double Phase::viscosity() const noexcept { return get(Property::viscosity); }
+double Phase::kinematic_viscosity() const noexcept { return get(Property::kinematic_viscosity); }
+double Phase::conductivity() const noexcept { return get(Property::conductivity); }
+double Phase::prandtl() const noexcept { return get(Property::prandtl); }
 
 double Phase::get(Property property) const noexcept {
-    if (property == Property::region) return static_cast<double>(region_);
-    return derived(property, *this);
+    return engine::value(property, StateBuilder::properties(*this), quiet_nan, region_);
 }
-
-double State::get(Property property) const noexcept { return property == Property::x ? x_ : bulk_.get(property); }
+double State::get(Property property) const noexcept {
+    return engine::value(property, StateBuilder::properties(bulk_), x_, region());
+}
 
 State state(Pair pair, double a, double b) noexcept { return StateBuilder::state(engine::solve_row(pair, a, b)); }
 
 State state(Pair pair, double a, double b, int number) noexcept {
-    return number == 0 ? state(pair, a, b) : StateBuilder::state(engine::search(pair, a, b, number));
+    if (number == 0) return state(pair, a, b);
+    return StateBuilder::state(engine::evaluated(engine::search(pair, a, b, number)));
 }
 
 int states(Pair pair, double a, double b) noexcept { return engine::count_states(pair, a, b); }

@@ -2,9 +2,13 @@
 // the exact search, so these tests are strict: they take nothing that another sub-region may claim.
 #pragma once
 
-#include "engine/kernels/newton.hpp"
+#include "engine/pairs.hpp"
+#include "regions/saturation.hpp"
+#include "searches/newton.hpp"
 
 namespace ktl::engine {
+
+using searches::NewtonResult;
 
 /// A state of saturated water or steam may be off the line by rounding.
 inline constexpr double line_rounding = 1.0e-11;

@@ -1,4 +1,4 @@
-// The kernels that choose, guess and follow the saturation line, and the table of all kernels of a number type T.
+// The kernels of the saturation line, and the table of all kernels of a number type T.
 #pragma once
 
 #include "engine/kernels/kernel_bodies.hpp"
@@ -7,102 +7,14 @@
 
 namespace ktl::engine {
 
-// ---- Classes, guesses, saturation line -------------------------------------------------------------------------------
-
-/// The patch of p, t, exact but for rounding: states on the saturation line are left to the search.
-template <class T>
-T classify_pt(const T& p, const T& t) {
-    using guesses::GuessPatch;
-    const auto is = [](GuessPatch c) { return guesses::number<T>(c); };
-    const auto beside_line = [&](GuessPatch above, GuessPatch below) {
-        const T ps = saturation::terms(t).p;
-        return select(abs(p - ps) > line_width * p, select(p > ps, is(above), is(below)), is(GuessPatch::search));
-    };
-    const auto water = [&] { return is(GuessPatch::water); };
-    const auto steam = [&] { return is(GuessPatch::steam); };
-    const auto low = [&] {
-        return select_lazy(p > above_the_line, water,
-                           [&] { return beside_line(GuessPatch::water, GuessPatch::steam); });
-    };
-    const auto near = [&] {
-        return select_lazy(
-            t > ktl_lc.tc, [&] { return is(GuessPatch::supercritical); },
-            [&] { return beside_line(GuessPatch::liquid_like, GuessPatch::vapour_like); });
-    };
-    // Beside 350 degC the 2/3 boundary leaves the saturation line.
-    const auto middle = [&] { return select_lazy(p < boundary_at(t) * (1.0 - 2.0 * line_width), steam, near); };
-    const auto high = [&] { return select_lazy(t < ktl_lc.t3max, middle, steam); };
-    return select_lazy(t > ktl_lc.t1max, high, low);
-}
-
-/// The patch of a mixture by its pressure or temperature and quality.
-template <Pair pair, class T>
-T classify_mixture(const T& line, const T& x) {
-    using guesses::GuessPatch;
-    constexpr bool by_p = pair == Pair::px;
-    const auto is = [](GuessPatch c) { return guesses::number<T>(c); };
-    const T c =
-        select(line > (by_p ? ktl_lc.p1 : ktl_lc.t3min), is(GuessPatch::wet_near_critical), is(GuessPatch::wet));
-    const T mixed =
-        zero_unless(x >= 0.0, zero_unless(x <= 1.0, zero_unless(line <= (by_p ? ktl_lc.pca : ktl_lc.tc), T(1.0))));
-    return select(mixed > 0.5, c, is(GuessPatch::search));
-}
-
-/// 1 where a given pressure and temperature lie in the range and other values are numbers that a state may have; what is
-/// not goes to the search, which tells why.
-template <Pair pair, class T>
-T in_range(const T& a, const T& b) {
-    const auto number = [](const T& y) { return zero_unless(abs(y) < largest_value, T(1.0)); };
-    const auto pressure = [](const T& p) {
-        return zero_unless(p >= ktl_lc.pmin, zero_unless(p <= ktl_lc.pmax, T(1.0)));
-    };
-    const auto temperature = [](const T& t) {
-        return zero_unless(t >= ktl_lc.tmin, zero_unless(t <= ktl_lc.tmax, T(1.0)));
-    };
-    if constexpr (pair == Pair::pt)
-        return pressure(a) * temperature(b);
-    else if constexpr (has_pressure(pair))
-        return pressure(a) * number(b);
-    else if constexpr (has_temperature(pair))
-        return temperature(a) * number(b);
-    else
-        return number(a) * number(b);
-}
-
-template <Pair pair, class T>
-KTL_FLATTEN void classify(const double* a, const double* b, std::size_t n, double* patches) {
-    for (std::size_t i = 0; i < n; i += T::count) {
-        const T x = T::load(a + i);
-        const T y = T::load(b + i);
-        T c;
-        if constexpr (pair == Pair::pt)
-            c = classify_pt(x, y);
-        else if constexpr (pair == Pair::px || pair == Pair::tx)
-            c = classify_mixture<pair>(x, y);
-        else
-            c = guesses::classify<pair>(x, y);
-        select(in_range<pair>(x, y) > 0.5, c, guesses::number<T>(guesses::GuessPatch::search)).store(patches + i);
-    }
-}
-
-template <Pair pair, class T>
-KTL_FLATTEN void guess(guesses::GuessPatch c, const double* a, const double* b, std::size_t n,
-                       const SolutionColumns& out) {
-    for (std::size_t i = 0; i < n; i += T::count) {
-        T primary(1.0);
-        T t(1.0);
-        guesses::guess<pair>(c, T::load(a + i), T::load(b + i), primary, t);
-        primary.store(out.primary + i);
-        t.store(out.t + i);
-    }
-}
+// ---- Saturation line -------------------------------------------------------------------------------------------------
 
 /// y(x) over a column; not-a-number outside the limits.
 template <class T, class Function>
 KTL_FLATTEN void line(const double* x, std::size_t n, double* y, double low, double high, Function function) {
     for (std::size_t i = 0; i < n; i += T::count) {
         const T given = T::load(x + i);
-        const T none(not_a_number);
+        const T none(quiet_nan);
         select(given >= low, select(given <= high, function(given), none), none).store(y + i);
     }
 }

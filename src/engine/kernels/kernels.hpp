@@ -1,8 +1,8 @@
 // The work of the engine over columns, compiled once for each kind of machine. All of them give the same bits.
 #pragma once
 
+#include "engine/derived.hpp"
 #include "engine/guesses/guesses.hpp"
-#include "engine/kernels/derived.hpp"
 #include "engine/pairs.hpp"
 
 #include <array>

@@ -14,7 +14,7 @@ struct Scalar {
     double value;
 
     Scalar() = default;
-    Scalar(double x) : value(x) {} // implicit: coefficients are plain numbers
+    constexpr Scalar(double x) : value(x) {} // implicit: coefficients are plain numbers
 
     static Scalar load(const double* from) { return *from; }
     void store(double* to) const { *to = value; }

@@ -1,6 +1,5 @@
 #include "engine/rows/block.hpp"
 
-#include "engine/calls/state.hpp"
 #include "engine/pairs.hpp"
 #include "engine/rows/row.hpp"
 
@@ -153,7 +152,7 @@ private:
             for (std::size_t i = 0; i < count; ++i)
                 column[i] = static_cast<double>(region_of(kind, rows_.primary[i], rows_.t[i]));
         } else if (kind >= PhaseKind::wet && !of_mixtures(property)) {
-            std::fill_n(column, count, not_a_number);
+            std::fill_n(column, count, quiet_nan);
         }
     }
 
@@ -180,10 +179,11 @@ private:
     }
 
     void search_row(std::size_t row, std::span<const Property> properties, double* const* outputs, Status* status) {
-        const State found = StateBuilder::state(search_row_again(pair_, a_[row], b_[row]));
-        status[row] = found.status();
-        solved_ += found ? 1 : 0;
-        for (std::size_t k = 0; k < properties.size(); ++k) outputs[k][row] = found.get(properties[k]);
+        const RowState found = solve_row_again(pair_, a_[row], b_[row]);
+        status[row] = found.status;
+        solved_ += found.status == Status::solved ? 1 : 0;
+        for (std::size_t k = 0; k < properties.size(); ++k)
+            outputs[k][row] = value(properties[k], found.bulk, found.x, found.region);
     }
 
     const Kernels& kernels_;

@@ -51,7 +51,7 @@ Solution failed(Status status) {
 
 Solution solution(const FoundState& state) {
     if (!state.found()) return {};
-    Solution out{Status::solved, static_cast<Region>(state.region), state.primary, state.t, not_a_number, not_a_number};
+    Solution out{Status::solved, static_cast<Region>(state.region), state.primary, state.t, quiet_nan, quiet_nan};
     if (state.wet()) {
         out.liquid = state.phases.liquid;
         out.vapour = state.phases.vapour;
@@ -83,7 +83,7 @@ Solution at_pressure_temperature(double p, double t) {
     const bool subcritical = t <= ktl_lc.tc;
     const double ps = subcritical ? saturation::terms(t).p : ktl_lc.pca;
     if (subcritical && std::fabs(p - ps) <= on_saturation_line * p) {
-        Solution out = solution(mixture(saturated_at(t, outermost), not_a_number));
+        Solution out = solution(mixture(saturated_at(t, outermost), quiet_nan));
         out.status = Status::undetermined;
         return out;
     }

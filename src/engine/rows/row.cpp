@@ -1,35 +1,133 @@
 #include "engine/rows/row.hpp"
 
+#include "engine/kernels/inversion.hpp"
+
+#include <utility>
+
 namespace ktl::engine {
 
 namespace {
 
 using guesses::GuessPatch;
 
-/// The state by the guess and the search of one patch; Status::no_state where that leads to none.
-Solution by_patch(Pair pair, GuessPatch patch, double a, double b, const Margin& margin) noexcept {
-    const Kernels& one = scalar_kernels();
-    const auto index = static_cast<std::size_t>(pair);
-    const PhaseKind kind = kind_of[static_cast<std::size_t>(patch)];
-    Solution found{Status::solved, Region::none, a, b, not_a_number, not_a_number};
-    double accepted = 1.0;
-    const SolutionColumns columns{&found.primary, &found.t, &found.liquid, &found.vapour, &accepted};
-    one.guess[index](patch, &a, &b, 1, columns);
-    const Kernels::Solve newton = one.solve[index][static_cast<std::size_t>(kind)];
-    if (newton != nullptr) newton(pair, &a, &b, 1, columns, margin);
-    if (!(accepted > 0.5)) return {};
-    found.region = region_of(kind, found.primary, found.t);
-    return found;
+template <SubRegion sub_region>
+constexpr PhaseKind kind_of_sub_region = sub_region == SubRegion::water   ? PhaseKind::water
+                                         : sub_region == SubRegion::steam ? PhaseKind::steam
+                                                                          : PhaseKind::near_critical;
+
+template <SubRegion sub_region>
+void fill_phase(Scalar primary, Scalar t, RowState& out) {
+    out.status = Status::solved;
+    out.region = region_of(kind_of_sub_region<sub_region>, primary.value, t.value);
+    out.bulk = phase_at<sub_region>(primary, t);
 }
 
-GuessPatch patch_of(Pair pair, double a, double b) noexcept {
-    double c = 0.0;
-    scalar_kernels().classify[static_cast<std::size_t>(pair)](&a, &b, 1, &c);
-    return static_cast<GuessPatch>(c);
+template <bool high>
+void fill_mixture(const MixtureAtGivenLine<Scalar>& found, RowState& out) {
+    out.status = Status::solved;
+    out.region = high ? Region::wet_near_critical : Region::wet;
+    out.x = found.m.x.value;
+    out.bulk = found.bulk;
+    out.liquid = found.phases.liquid;
+    out.vapour = found.phases.vapour;
 }
 
-/// True where two values name one state at most, so that whichever patch finds a state has found it.
-constexpr bool names_one(Pair pair) {
+// The searches below return false, and leave out as it is, unless they come to an accepted state.
+
+template <SubRegion sub_region>
+KTL_FLATTEN bool solve_phase(Pair pair, Scalar a, Scalar b, Scalar primary, Scalar t, const Margin& margin,
+                             RowState& out) {
+    const NewtonResult<Scalar> found = solve_in<sub_region>(pair, a, b, primary, t, margin);
+    if (!all_set(found.converged)) return false;
+    fill_phase<sub_region>(found.primary, found.t, out);
+    return true;
+}
+/// For any pair; not inlined, so that it exists once for all of them.
+template <SubRegion sub_region>
+[[gnu::noinline]] bool solve_phase_of_any(Pair pair, Scalar a, Scalar b, Scalar primary, Scalar t, const Margin& margin,
+                                          RowState& out) {
+    return solve_phase<sub_region>(pair, a, b, primary, t, margin, out);
+}
+
+/// A mixture of a pair that gives p or t.
+template <bool high>
+[[gnu::noinline]] KTL_FLATTEN bool solve_mixture_at_line(Pair pair, Scalar a, Scalar b, const Margin& margin,
+                                                         RowState& out) {
+    const auto found = mixture_at_p_or_t<high, PropertyLevel::everything>(pair, a, b);
+    if (!all_set(inside<high>(pair, found.m, margin))) return false;
+    fill_mixture<high>(found, out);
+    return true;
+}
+
+/// A mixture of any other pair, from a guess of its temperature.
+template <bool high>
+[[gnu::noinline]] KTL_FLATTEN bool solve_mixture(Pair pair, Scalar a, Scalar b, Scalar t, const Margin& margin,
+                                                 RowState& out) {
+    const TwoPhaseIterate<Scalar> m = mixture_search<high>(pair, a, b, t);
+    if (!all_set(inside<high>(pair, m, margin))) return false;
+    const auto phases = phases_at<high>(m.t, m.liquid, m.vapour);
+    const Scalar p = high ? saturation::terms(m.t).p : m.liquid;
+    fill_mixture<high>({m, phases, mixture_of(phases, m.x, p)}, out);
+    return true;
+}
+
+/// The pairs that programs ask most have searches that know the pair.
+constexpr bool is_frequent(Pair pair) { return pair == Pair::pt || pair == Pair::ph || pair == Pair::ps; }
+
+template <Pair pair, SubRegion sub_region>
+bool solve_guessed(Scalar a, Scalar b, Scalar primary, Scalar t, const Margin& margin, RowState& out) {
+    if constexpr (pair == Pair::pt && sub_region != SubRegion::near_critical) {
+        fill_phase<sub_region>(a, b, out); // both variables are given
+        return true;
+    } else if constexpr (is_frequent(pair)) {
+        return solve_phase<sub_region>(pair, a, b, primary, t, margin, out);
+    } else {
+        return solve_phase_of_any<sub_region>(pair, a, b, primary, t, margin, out);
+    }
+}
+
+template <Pair pair, bool high>
+bool solve_mixture_guessed(Scalar a, Scalar b, Scalar t, const Margin& margin, RowState& out) {
+    if constexpr (has_pressure(pair) || has_temperature(pair))
+        return solve_mixture_at_line<high>(pair, a, b, margin, out);
+    else
+        return solve_mixture<high>(pair, a, b, t, margin, out);
+}
+
+/// The state by the guess of one patch.
+template <Pair pair>
+KTL_FLATTEN bool solve_by_patch(GuessPatch patch, double a, double b, const Margin& margin, RowState& out) {
+    Scalar primary(1.0);
+    Scalar t(1.0);
+    guesses::guess<pair>(patch, Scalar(a), Scalar(b), primary, t);
+    switch (kind_of[static_cast<std::size_t>(patch)]) {
+    case PhaseKind::water: return solve_guessed<pair, SubRegion::water>(a, b, primary, t, margin, out);
+    case PhaseKind::steam: return solve_guessed<pair, SubRegion::steam>(a, b, primary, t, margin, out);
+    case PhaseKind::near_critical: return solve_guessed<pair, SubRegion::near_critical>(a, b, primary, t, margin, out);
+    case PhaseKind::wet: return solve_mixture_guessed<pair, false>(a, b, t, margin, out);
+    case PhaseKind::wet_near_critical: return solve_mixture_guessed<pair, true>(a, b, t, margin, out);
+    }
+    return false;
+}
+
+template <Pair pair>
+KTL_FLATTEN GuessPatch classify_row(double a, double b) {
+    return static_cast<GuessPatch>(static_cast<int>(patch_of<pair>(Scalar(a), Scalar(b)).value));
+}
+
+/// What is made for each pair.
+struct PairSolver {
+    GuessPatch (*classify)(double a, double b);
+    bool (*solve)(GuessPatch patch, double a, double b, const Margin& margin, RowState& out);
+};
+template <std::size_t... pair>
+constexpr std::array<PairSolver, pair_count> solvers_of(std::index_sequence<pair...>) {
+    return {{{classify_row<static_cast<Pair>(pair)>, solve_by_patch<static_cast<Pair>(pair)>}...}};
+}
+constexpr auto solvers = solvers_of(std::make_index_sequence<pair_count>());
+
+/// True if two values name one state at most, so that whichever patch finds a state has found it.
+constexpr bool names_one_state(Pair pair) {
     return pair == Pair::ph || pair == Pair::ps || pair == Pair::pu || pair == Pair::tv || pair >= Pair::hs;
 }
 
@@ -58,24 +156,46 @@ Region region_of(PhaseKind kind, double primary, double t) noexcept {
     return Region::none;
 }
 
-Solution solve_row(Pair pair, double a, double b) noexcept {
+RowState solve_row(Pair pair, double a, double b) noexcept {
     if (static_cast<std::size_t>(pair) >= pair_count) return {};
-    const GuessPatch c = patch_of(pair, a, b);
-    if (c != GuessPatch::search) {
-        const Solution found = by_patch(pair, c, a, b, margin_of(pair));
-        if (found.status == Status::solved) return found;
-    }
-    return search_row_again(pair, a, b);
+    const PairSolver& solver = solvers[static_cast<std::size_t>(pair)];
+    const GuessPatch patch = solver.classify(a, b);
+    RowState out;
+    if (patch != GuessPatch::search && solver.solve(patch, a, b, margin_of(pair), out)) return out;
+    return solve_row_again(pair, a, b);
 }
 
-Solution search_row_again(Pair pair, double a, double b) noexcept {
-    if (names_one(pair) && patch_of(pair, a, b) != GuessPatch::search) {
-        for (const GuessPatch c : precedence) {
-            const Solution found = by_patch(pair, c, a, b, no_margin);
-            if (found.status == Status::solved) return found;
+RowState solve_row_again(Pair pair, double a, double b) noexcept {
+    const PairSolver& solver = solvers[static_cast<std::size_t>(pair)];
+    if (names_one_state(pair) && solver.classify(a, b) != GuessPatch::search) {
+        RowState out;
+        for (const GuessPatch patch : precedence)
+            if (solver.solve(patch, a, b, no_margin, out)) return out;
+    }
+    return evaluated(search(pair, a, b, 0));
+}
+
+RowState evaluated(const Solution& found) noexcept {
+    RowState out;
+    const Scalar primary(found.primary);
+    const Scalar t(found.t);
+    const auto fill_two_phases = [&]<bool high>() {
+        const auto phases = phases_at<high>(t, Scalar(found.liquid), Scalar(found.vapour));
+        const Scalar p = high ? saturation::terms(t).p : Scalar(found.liquid);
+        fill_mixture<high>(
+            {{primary, t, phases.liquid.p, phases.vapour.p, 1.0}, phases, mixture_of(phases, primary, p)}, out);
+    };
+    if (found.status == Status::solved || found.status == Status::undetermined) {
+        switch (found.region) {
+        case Region::water: fill_phase<SubRegion::water>(primary, t, out); break;
+        case Region::steam: fill_phase<SubRegion::steam>(primary, t, out); break;
+        case Region::wet: fill_two_phases.operator()<false>(); break;
+        case Region::wet_near_critical: fill_two_phases.operator()<true>(); break;
+        default: fill_phase<SubRegion::near_critical>(primary, t, out); break;
         }
     }
-    return search(pair, a, b, 0);
+    out.status = found.status;
+    return out;
 }
 
 } // namespace ktl::engine

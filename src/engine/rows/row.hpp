@@ -1,14 +1,17 @@
-// One state by the kernels of one lane: what ktl::state does, and what columns do for rows that their lanes left open.
+// One row, a request by two values: the search of its state and the properties of its phases.
 #pragma once
 
+#include "engine/derived.hpp"
+#include "engine/guesses/guess_form.hpp"
 #include "engine/kernels/kernels.hpp"
-#include "engine/pairs.hpp"
+#include "engine/lanes/scalar.hpp"
+#include "engine/solution.hpp"
 
 #include <algorithm>
 
 namespace ktl::engine {
 
-/// The kind of each patch; the patches of one kind follow one another. GuessPatch::search has none.
+/// The kind of phase of each patch; the patches of one kind follow one another. GuessPatch::search has none.
 inline constexpr std::array<PhaseKind, guesses::patch_count - 1> kind_of{PhaseKind::water,
                                                                          PhaseKind::steam,
                                                                          PhaseKind::steam,
@@ -23,12 +26,28 @@ inline constexpr std::array<PhaseKind, guesses::patch_count - 1> kind_of{PhaseKi
                                                                          PhaseKind::wet_near_critical};
 static_assert(std::is_sorted(kind_of.begin(), kind_of.end()));
 
-/// The region of a state of that kind at its own variables.
+/// The region of a state of that kind in its own variables.
 Region region_of(PhaseKind kind, double primary, double t) noexcept;
 
-/// The state that has both values.
-Solution solve_row(Pair pair, double a, double b) noexcept;
+/// No phase: not-a-number everywhere.
+inline constexpr auto no_phase = [] {
+    const Scalar n(quiet_nan);
+    return PhaseProperties<Scalar>{n, n, n, n, n, n, n, n, n, n};
+}();
+
+/// A row after its search. Each phase is evaluated once; liquid and vapour exist in two phases only.
+struct RowState {
+    Status status = Status::no_state;
+    Region region = Region::none;
+    double x = quiet_nan;
+    PhaseProperties<Scalar> bulk = no_phase, liquid = no_phase, vapour = no_phase;
+};
+
+/// The preferred state that has both values.
+RowState solve_row(Pair pair, double a, double b) noexcept;
 /// The same for a row whose patch did not lead to a state: by the other patches, then by the exact search.
-Solution search_row_again(Pair pair, double a, double b) noexcept;
+RowState solve_row_again(Pair pair, double a, double b) noexcept;
+/// The state of a solution of the exact search.
+RowState evaluated(const Solution& found) noexcept;
 
 } // namespace ktl::engine

@@ -1,9 +1,10 @@
 // The properties of a phase or a mixture that follow from its fundamental ones, each formula once.
 #pragma once
 
-#include "engine/kernels/thermo.hpp"
-#include "engine/solution.hpp"
+#include "regions/phase_properties.hpp"
 #include "regions/transport.hpp"
+
+#include <ktl/steam.hpp>
 
 namespace ktl::engine {
 
@@ -28,7 +29,7 @@ T derived(Property property, const PhaseProperties<T>& y) {
     case Property::cp: return y.cp;
     case Property::cv: return y.cv;
     case Property::speed_of_sound: return sqrt(y.speed_of_sound_squared);
-    case Property::isentropic_exponent: return y.speed_of_sound_squared / (1.0e5 * y.p * y.v);
+    case Property::isentropic_exponent: return y.speed_of_sound_squared / (pascals_per_bar * y.p * y.v);
     case Property::compressibility: return -y.dvdp / y.v;
     case Property::expansion: return y.dvdt / y.v;
     case Property::joule_thomson: return kj_per_bar_m3 * (kelvin() * y.dvdt - y.v) / y.cp;
@@ -39,7 +40,7 @@ T derived(Property property, const PhaseProperties<T>& y) {
     case Property::x:
     case Property::region: break;
     }
-    return T(not_a_number);
+    return T(quiet_nan);
 }
 
 /// What a property is made of: the parts of PhaseProperties that an evaluation for it must fill.
@@ -70,5 +71,14 @@ constexpr PropertyLevel level_of(Property property) {
 
 /// True for the properties that a mixture has.
 constexpr bool of_mixtures(Property property) { return property < Property::cp; }
+
+/// A property of a state in a region: derived from its bulk properties, or its quality x, or the number of the region.
+template <class T>
+double value(Property property, const PhaseProperties<T>& bulk, double x, Region region) {
+    if (property == Property::x) return x;
+    if (property == Property::region) return static_cast<double>(region);
+    const bool mixture = region == Region::wet || region == Region::wet_near_critical;
+    return mixture && !of_mixtures(property) ? quiet_nan : derived(property, bulk).value;
+}
 
 } // namespace ktl::engine

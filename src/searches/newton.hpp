@@ -1,21 +1,21 @@
-// Newton steps in the variables of a sub-region, for one number or for lanes. No step branches on a lane's value: a lane
-// that has converged stays as it is while others go on, so that each lane's result is its own. The two quantities are
-// the same for all lanes; where they are known to the compiler, it leaves away what they do not need.
+// Newton's method in the variables of a sub-region, for one number or for vector lanes. No step branches on a lane's value: a
+// lane that has converged keeps its state while others go on, so that each lane's result is its own. The two given quantities
+// are the same for all lanes; if they are known to the compiler, it drops what they do not need.
 #pragma once
 
-#include "engine/kernels/bodies.hpp"
-#include "engine/pairs.hpp"
+#include "regions/quantity.hpp"
 
-namespace ktl::engine {
+namespace ktl::searches {
 
-/// A step: what to add to both variables; met is 1 where the state has the given values already, but for rounding.
+/// What to add to both variables; met is 1 if the state already has the given values to rounding.
 template <class T>
 struct Step {
     T primary, t, met;
 };
 
-/// 1 where a property is as near to its value as the rounding of the equations lets it be: 4e-12, and about zero
-/// 4e-10 kJ/kg and 1e-12 kJ/(kg K). Where two values fix a state badly, steps never end; there this is the end.
+/// 1 if a property is as near to its value as the rounding of the equations lets it be: 4e-12 of it, near zero 4e-10 kJ/kg
+/// and 1e-12 kJ/(kg K). Two values that hardly depend on a variable leave it to rounding, and steps never become small; the
+/// search ends here then.
 template <class T>
 T is_met(Quantity quantity, const T& miss, const T& value) {
     const bool energy = quantity == Quantity::enthalpy || quantity == Quantity::energy;
@@ -23,7 +23,8 @@ T is_met(Quantity quantity, const T& miss, const T& value) {
     return zero_unless(abs(miss) <= 4.0e-12 * (abs(value) + least), T(1.0));
 }
 
-/// Step towards A = a, B = b at the state y of a sub-region. A quantity that is a variable there stands already.
+/// Step towards given.a = a, given.b = b from the state y of a sub-region. A given quantity that is a variable of the
+/// sub-region keeps its value.
 template <SubRegion sub_region, class State, class T>
 Step<T> step(Quantities given, const State& y, const T& a, const T& b) {
     constexpr Quantity variable = sub_region == SubRegion::near_critical ? Quantity::volume : Quantity::pressure;
@@ -49,15 +50,15 @@ Step<T> step(Quantities given, const State& y, const T& a, const T& b) {
             is_met(A, df, a) * is_met(B, dg, b)};
 }
 
-/// Tells when a Newton search is at its end. Once steps are short each is about the square of the one before, so the
-/// last two foretell the next: it would be size (size / last)^2.
+/// Tells when a Newton search has converged. Once steps are short each is about the square of the one before, so the last
+/// two foretell the next: size (size / last)^2.
 template <class T>
 struct ConvergenceTest {
     static constexpr double short_step = 3.0e-7;
-    double negligible; // relative size of a step that is not worth while
+    double negligible; // relative size of a step that changes nothing
     T last{0.0};
 
-    /// 1 where the step of that size, relative, is followed by a negligible one; else 0.
+    /// 1 if the step of that relative size is followed by a negligible one, else 0.
     T reached(const T& size) {
         const T end =
             zero_unless(size < short_step, zero_unless(size * size * size <= negligible * last * last, T(1.0)));
@@ -76,39 +77,53 @@ T larger(const T& a, const T& b) {
 /// Passes after which a search gives up; two or three are typical.
 inline constexpr int most_passes = 12;
 
-/// Both variables of a search; converged is 1 or 0. In sub-region 3 also the pressure there, but for the square of the last
+/// Both variables of a search; converged is 1 or 0. In sub-region 3 also the pressure there, to first order in the last
 /// step, and its slope by the volume before that step.
 template <class T>
 struct NewtonResult {
     T primary, t, converged, p, dpdv;
 };
 
-/// Newton from a first guess.
-template <SubRegion sub_region, class T>
-NewtonResult<T> newton(Quantities given, const T& a, const T& b, const T& first_guess, const T& t_guess) {
-    NewtonResult<T> x{first_guess, t_guess, T(0.0), T(0.0), T(0.0)};
+/// How far one step may go: unlimited from a fitted guess, which lies within the reach of Newton's method; limited to a third
+/// of the primary variable and 20 K from a rough root of another search.
+enum class StepLimit { none, third };
+
+/// z, but not beyond +-most.
+template <class T>
+T limited(const T& z, const T& most) {
+    return select(z < -most, T(-most), select(z < most, z, most));
+}
+
+/// Newton from a first guess, at most most_passes steps.
+template <SubRegion sub_region, StepLimit limit = StepLimit::none, class T>
+NewtonResult<T> newton(Quantities given, const T& a, const T& b, const T& primary_guess, const T& t_guess) {
+    NewtonResult<T> x{primary_guess, t_guess, T(0.0), T(0.0), T(0.0)};
     constexpr Quantity variable = sub_region == SubRegion::near_critical ? Quantity::volume : Quantity::pressure;
-    const auto stands = [&](Quantity y) { return given.a == y || given.b == y; };
-    const T per_first = 1.0 / abs(first_guess);
+    const auto is_given = [&](Quantity y) { return given.a == y || given.b == y; };
+    const T scale = 1.0 / abs(primary_guess);
     ConvergenceTest<T> convergence{.negligible = 1.0e-13};
     for (int pass = 0; pass < most_passes; ++pass) {
         const auto y = properties_at<sub_region>(x.primary, x.t);
-        const Step<T> d = step<sub_region>(given, y, a, b);
+        Step<T> d = step<sub_region>(given, y, a, b);
+        if constexpr (limit == StepLimit::third) {
+            d.primary = limited(d.primary, T(abs(x.primary) * (1.0 / 3.0)));
+            d.t = limited(d.t, T(20.0));
+        }
         const auto sought = x.converged < 0.5;
-        // A state that is met stays: the next step may be noise.
+        // A state that has the values keeps them: the next step may be rounding noise.
         x.converged = larger(x.converged, d.met);
         const auto open = x.converged < 0.5;
         if constexpr (sub_region == SubRegion::near_critical) {
             x.p = select(open, y.p + y.dpdv * d.primary + y.dpdt * d.t, select(sought, y.p, x.p));
             x.dpdv = select(sought, y.dpdv, x.dpdv);
         }
-        if (!stands(variable)) x.primary = select(open, x.primary + d.primary, x.primary);
-        if (!stands(Quantity::temperature)) x.t = select(open, x.t + d.t, x.t);
-        const T end = convergence.reached(larger(abs(d.primary) * per_first, abs(d.t) * (1.0 / scale_of_t)));
+        if (!is_given(variable)) x.primary = select(open, x.primary + d.primary, x.primary);
+        if (!is_given(Quantity::temperature)) x.t = select(open, x.t + d.t, x.t);
+        const T end = convergence.reached(larger(abs(d.primary) * scale, abs(d.t) * (1.0 / scale_of_t)));
         x.converged = select(open, end, x.converged);
         if (all_set(x.converged)) break;
     }
     return x;
 }
 
-} // namespace ktl::engine
+} // namespace ktl::searches

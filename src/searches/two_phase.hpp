@@ -3,9 +3,10 @@
 // found along with it.
 #pragma once
 
-#include "engine/kernels/newton.hpp"
+#include "regions/saturation.hpp"
+#include "searches/newton.hpp"
 
-namespace ktl::engine {
+namespace ktl::searches {
 
 /// A two-phase state; liquid and vapour as in Solution, converged 1 or 0.
 template <class T>
@@ -125,7 +126,8 @@ void set_phase_pressures(TwoPhaseIterate<T>& m) {
     if constexpr (!high) m.liquid = m.vapour = saturation::terms(m.t).p;
 }
 
-/// Newton step of the temperature, along the line, towards the mixture with A = a and B = b; x becomes its quality.
+/// Newton step of the temperature, along the line, towards the mixture with given.a = a and given.b = b; x becomes its
+/// quality.
 template <bool high, class T>
 T step_along_line(const PhasePairIterate<high, T>& phases, Quantities given, const T& a, const T& b, T& x) {
     const MixtureProperty<T> y = phases.mixture_property(given.a);
@@ -137,28 +139,29 @@ T step_along_line(const PhasePairIterate<high, T>& phases, Quantities given, con
     return dt;
 }
 
-/// The same towards the mixture of quality x with the given entropy; met becomes 1 where that has it already, but for
-/// rounding. Near a turn of entropy along the line rounding moves t further than a search would end with.
+/// The same towards the mixture of quality x with the given value of another quantity; met becomes 1 if it already has that
+/// to rounding. Near an extremum along the line rounding moves t further than a search would end with.
 template <bool high, class T>
-T step_of_quality(const PhasePairIterate<high, T>& phases, const T& entropy, const T& x, T& met) {
-    const MixtureProperty<T> y = phases.mixture_property(Quantity::entropy);
-    const T miss = entropy - y.at(x);
-    met = is_met(Quantity::entropy, miss, entropy);
+T step_at_quality(const PhasePairIterate<high, T>& phases, Quantity quantity, const T& value, const T& x, T& met) {
+    const MixtureProperty<T> y = phases.mixture_property(quantity);
+    const T miss = value - y.at(x);
+    met = is_met(quantity, miss, value);
     return miss / y.along(x);
 }
 
-/// Newton for the temperature of the mixture with A = a and B = b, or of the entropy a and the quality b, from the
-/// guesses in m.
-template <bool high, class T>
-void newton_two_phase(TwoPhaseIterate<T>& m, Pair pair, Quantities given, const T& a, const T& b) {
+/// Newton for the temperature of the mixture with given.a = a and given.b = b, from the guesses in m. The second quantity may
+/// be the quality.
+template <bool high, StepLimit limit = StepLimit::none, class T>
+void newton_two_phase(TwoPhaseIterate<T>& m, Quantities given, const T& a, const T& b) {
     m.converged = T(0.0);
     ConvergenceTest<T> convergence{.negligible = negligible_of_mixtures};
     for (int pass = 0; pass < most_passes; ++pass) {
         const PhasePairIterate<high, T> phases(line_at(m.t), m);
         T x = b;
         T met(0.0);
-        const T dt =
-            pair == Pair::sx ? step_of_quality<high>(phases, a, b, met) : step_along_line<high>(phases, given, a, b, x);
+        T dt = given.b == Quantity::quality ? step_at_quality<high>(phases, given.a, a, b, met)
+                                            : step_along_line<high>(phases, given, a, b, x);
+        if constexpr (limit == StepLimit::third) dt = limited(dt, T(20.0));
         m.x = select(m.converged < 0.5, x, m.x);
         phases.move(m, dt, convergence);
         if (!high) m.converged = larger(m.converged, met);
@@ -167,4 +170,4 @@ void newton_two_phase(TwoPhaseIterate<T>& m, Pair pair, Quantities given, const 
     set_phase_pressures<high>(m);
 }
 
-} // namespace ktl::engine
+} // namespace ktl::searches
