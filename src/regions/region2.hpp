@@ -294,3 +294,20 @@ T heat_capacity(const Terms<T>& s) {
 }
 
 } // namespace ktl::region2
+
+namespace ktl {
+
+/// Pressure of the 2/3 boundary at t (degC), bar. The boundary itself belongs to sub-region 2.
+template <class T>
+T boundary_pressure(const T& t) {
+    return ktl_lc.pca * region2::boundary(T((t + ktl_lc.tza) / ktl_lc.tca));
+}
+
+/// Its inverse: temperature, degC, at p from about 165 bar (350 degC) to 1000 bar (590 degC). The roots of a parabola.
+inline double boundary_temperature(double p) {
+    using region2::ktl_cl;
+    const double root = std::sqrt(ktl_cl.al1 * ktl_cl.al1 - 4.0 * ktl_cl.al2 * (ktl_cl.al0 - p / ktl_lc.pca));
+    return ktl_lc.tca * (root - ktl_cl.al1) / (2.0 * ktl_cl.al2) - ktl_lc.tza;
+}
+
+} // namespace ktl

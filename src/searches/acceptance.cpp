@@ -1,5 +1,6 @@
 #include "searches/acceptance.hpp"
 
+#include "searches/sub_region_test.hpp"
 #include "searches/two_phase.hpp"
 
 #include <algorithm>
@@ -9,14 +10,14 @@ namespace ktl::searches {
 
 namespace {
 
-/// How closely a state must have the given value. With the phases of the entry a tenth of what the finders promise:
-/// its saturated volumes, found to 1e-8 of the pressure, move by more than that near the critical point.
+/// How closely a state must have the given value.
 double allowance(Quantity y, double value, int region, SaturationModel model) {
     const bool outermost = model == SaturationModel::outermost_roots;
-    const double relative = outermost ? 1.0e-10 : (region == KTL_WET_NEAR_CRITICAL ? 8.0e-8 : 1.0e-8);
+    const double near_zero = outermost ? reproduced : reproduced_entry;
+    const bool scattered = !outermost && region == KTL_WET_NEAR_CRITICAL;
     const bool energy = y == Quantity::enthalpy || y == Quantity::energy;
-    const double least = energy ? 10.0 : (y == Quantity::entropy ? 1.0 : 0.0);
-    return std::fmax(relative * std::fabs(value), least * (outermost ? 1.0e-10 : 1.0e-8));
+    const double least = energy ? near_zero_energy : (y == Quantity::entropy ? near_zero_entropy : 0.0);
+    return std::fmax((scattered ? reproduced_entry_near_critical : near_zero) * std::fabs(value), near_zero * least);
 }
 
 bool has(const FoundState& state, Quantity y, double value, SaturationModel model, double share) {
@@ -30,60 +31,44 @@ double clamp_with_slack(double z, double low, double high, double slack) {
 }
 
 bool in_closed(double value, double low, double high) {
-    return value >= low - rounding * std::fabs(low) && value <= high + rounding * std::fabs(high);
+    return value >= low - limit_rounding_of_finders * std::fabs(low) &&
+           value <= high + limit_rounding_of_finders * std::fabs(high);
 }
 
-/// Greatest pressure of water. At the end of the range, 1000 bar and 350 degC, sub-region 1 covers its gap to
-/// sub-region 3 by going on past both limits, past that of pressure by less than 1 %.
-double greatest_pressure(const FoundState& water, SaturationModel model) {
-    return model == SaturationModel::outermost_roots && water.t > ktl_lc.t1max ? 1.01 * ktl_lc.pmax : ktl_lc.pmax;
+const BorderSlack& slack_of(SaturationModel model) {
+    return model == SaturationModel::outermost_roots ? searched : searched_entry;
 }
 
-/// Water of low pressure has its pressure from two energies to a few digits only, so the test against the
-/// saturation pressure is a loose one there.
-Place place_of_water(const FoundState& state, SaturationModel model) {
-    const double past = state.t;
-    if (!(past <= ktl_lc.t1max + 0.5)) return Place::outside;
-    const double ps = saturation::terms(past).p;
-    const double slack = model == SaturationModel::entry_compatible ? 1.0e-6 * ps : 1.0e-9 * ps + 1.0e-8;
-    const bool compressed = in_closed(state.primary, ps - slack, greatest_pressure(state, model));
-    if (!compressed) return Place::outside;
-    return past <= ktl_lc.t1max ? Place::inside : Place::beside;
-}
-
-Place place_of_steam(const FoundState& state) {
-    if (!(state.t > ktl_lc.t3min))
-        return in_closed(state.primary, 0.0, saturation::terms(state.t).p) ? Place::inside : Place::outside;
-    const double pl = boundary_pressure(state.t);
-    if (in_closed(state.primary, 0.0, pl)) return Place::inside;
-    return state.primary <= 1.01 * pl ? Place::beside : Place::outside;
-}
-
-Place place_near_critical(const FoundState& state, SaturationModel model) {
-    const double pressure = state.value(Quantity::pressure);
-    const bool inside = state.t >= ktl_lc.t3min - rounding && state.t <= ktl_lc.t3max + rounding &&
-                        in_closed(pressure, boundary_pressure(state.t), ktl_lc.pmax);
-    if (!inside) return Place::outside;
-    if (state.t > ktl_lc.tc) return Place::inside;
+/// Outside the two-phase dome of sub-region 3, at the pressure that the state has.
+bool is_outside_dome(const FoundState& state, double pressure, SaturationModel model) {
+    if (state.t > ktl_lc.tc) return true;
     const Saturated phases = saturated_at(std::max(state.t, std::nextafter(ktl_lc.t3min, ktl_lc.tc)), model);
-    if (model == SaturationModel::outermost_roots) {
-        const bool within =
-            state.primary > phases.liquid * (1.0 + rounding) && state.primary < phases.vapour * (1.0 - rounding);
-        return within ? Place::outside : Place::inside;
-    }
+    if (model == SaturationModel::outermost_roots)
+        return state.primary <= phases.liquid * (1.0 + limit_rounding_of_finders) ||
+               state.primary >= phases.vapour * (1.0 - limit_rounding_of_finders);
     // The saturated volume of water is only as good as the tolerance of the entry.
     const bool compressed = state.primary < ktl_lc.vca && pressure >= phases.p * (1.0 - 1.0e-8);
     const bool belongs = state.region == KTL_NEAR_CRITICAL_STEAM ? state.primary >= phases.vapour
                                                                  : compressed || state.primary <= phases.liquid;
-    // Just below the critical point the whole isotherm between the saturated volumes has the saturation pressure,
-    // but for rounding.
+    // Just below the critical point the whole isotherm between the saturated volumes has the saturation pressure to rounding.
     const bool flat = std::fabs(pressure - phases.p) <= 1.0e-7 * phases.p;
-    return belongs || flat ? Place::inside : Place::outside;
+    return belongs || flat;
 }
 
-Place place_of_mixture(const FoundState& state) {
-    if (!in_closed(state.primary, 0.0, 1.0) || !(state.t <= ktl_lc.t1max + 0.5)) return Place::outside;
-    return state.t <= ktl_lc.t1max ? Place::inside : Place::beside;
+/// Whether a state lies in the region that it names.
+bool is_in_region(const FoundState& state, const BorderSlack& slack, SaturationModel model) {
+    switch (state.region) {
+    case KTL_LIQUID: return all_set(in_water(state.primary, state.t, slack));
+    case KTL_STEAM: return all_set(in_steam(state.primary, state.t, slack));
+    case KTL_NEAR_CRITICAL_STEAM:
+    case KTL_NEAR_CRITICAL_LIQUID: {
+        const double pressure = state.value(Quantity::pressure);
+        return all_set(in_near_critical(pressure, state.primary, state.t, slack, 0.0, 0.0)) &&
+               is_outside_dome(state, pressure, model);
+    }
+    case KTL_WET: return all_set(in_two_phases<false>(state.primary, state.t, slack));
+    default: return false;
+    }
 }
 
 } // namespace
@@ -98,20 +83,21 @@ bool bring_within(double& value, double low, double high) {
 
 FoundState confirmed(FoundState state, const Given& given, double share) {
     if (!state.found() || !finite(state.primary, state.t)) return {};
-    const double t = clamp_with_slack(state.t, ktl_lc.tmin, state.wet() ? ktl_lc.tc : ktl_lc.tmax, 1.0e-6);
+    const double t = clamp_with_slack(state.t, ktl_lc.tmin, state.wet() ? ktl_lc.tc : ktl_lc.tmax, limit_slack);
     if (state.wet() && t != state.t) state.phases = saturated_at(t, given.model);
     state.t = t;
     bool in_range = state.t >= ktl_lc.tmin && state.t <= ktl_lc.tmax;
     if (state.wet()) {
-        state.primary = clamp_with_slack(state.primary, 0.0, 1.0, 1.0e-6);
+        state.primary = clamp_with_slack(state.primary, 0.0, 1.0, limit_slack);
         in_range = in_range && state.primary >= 0.0 && state.primary <= 1.0;
     } else if (state.region == KTL_LIQUID || state.region == KTL_STEAM) {
-        state.primary = clamp_with_slack(state.primary, ktl_lc.pmin, ktl_lc.pmax, 1.0e-6 * state.primary);
-        const double highest = state.region == KTL_LIQUID ? greatest_pressure(state, given.model) : ktl_lc.pmax;
-        in_range = in_range && state.primary >= ktl_lc.pmin && state.primary <= highest;
+        state.primary = clamp_with_slack(state.primary, ktl_lc.pmin, ktl_lc.pmax, limit_slack * state.primary);
+        // At the end of the range, 1000 bar and 350 degC, sub-region 1 covers its gap to sub-region 3 past both limits.
+        const bool past_350 = state.region == KTL_LIQUID && state.t > ktl_lc.t1max;
+        const double beyond = past_350 ? slack_of(given.model).p_beyond_1000 : 0.0;
+        in_range = in_range && state.primary >= ktl_lc.pmin && state.primary <= ktl_lc.pmax * (1.0 + beyond);
     } else {
-        // Well below its least volume the equations of sub-region 3 turn back to lower pressures.
-        in_range = in_range && state.primary >= ktl_lc.v3min * 0.999 &&
+        in_range = in_range && all_set(is_near_critical_volume(state.primary)) &&
                    in_closed(state.value(Quantity::pressure), ktl_lc.pmin, ktl_lc.pmax);
     }
     in_range = in_range && has(state, given.a, given.a_value, given.model, share) &&
@@ -149,14 +135,11 @@ FoundState corrected(const FoundState& start, const Given& given) {
 }
 
 Place place_of(const FoundState& state, SaturationModel model) {
-    switch (state.region) {
-    case KTL_LIQUID: return place_of_water(state, model);
-    case KTL_STEAM: return place_of_steam(state);
-    case KTL_NEAR_CRITICAL_STEAM:
-    case KTL_NEAR_CRITICAL_LIQUID: return place_near_critical(state, model);
-    case KTL_WET: return place_of_mixture(state);
-    default: return Place::outside;
-    }
+    BorderSlack slack = slack_of(model);
+    if (is_in_region(state, slack, model)) return Place::inside;
+    slack.t_beyond_350 = t_across_gap;
+    slack.p_beyond_boundary = p_across_gap;
+    return is_in_region(state, slack, model) ? Place::beside : Place::outside;
 }
 
 } // namespace ktl::searches

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "searches/state.hpp"
+#include "searches/tolerances.hpp"
 
 namespace ktl::searches {
 

@@ -99,8 +99,8 @@ FoundState coldest_water(const Given& given, double s, double share) {
 } // namespace
 
 FoundState on_isentrope(Quantity y, double value, double s, SaturationModel model) {
-    if (s > property(Quantity::entropy, KTL_STEAM, ktl_lc.pmin, ktl_lc.tmax) + rounding) return {};
-    if (s < property(Quantity::entropy, KTL_LIQUID, ktl_lc.pmax, ktl_lc.tmin) - rounding) return {};
+    if (s > property(Quantity::entropy, KTL_STEAM, ktl_lc.pmin, ktl_lc.tmax) + limit_rounding_of_finders) return {};
+    if (s < property(Quantity::entropy, KTL_LIQUID, ktl_lc.pmax, ktl_lc.tmin) - limit_rounding_of_finders) return {};
     double highest = ktl_lc.pmax;
     if (s > property(Quantity::entropy, KTL_STEAM, ktl_lc.pmax, ktl_lc.tmax))
         highest = on_isotherm(Quantity::entropy, ktl_lc.tmax, s, model).primary;
@@ -111,8 +111,10 @@ FoundState on_isentrope(Quantity y, double value, double s, SaturationModel mode
 }
 
 FoundState on_isochore(Quantity y, double value, double v, SaturationModel model) {
-    if (v > property(Quantity::volume, KTL_STEAM, ktl_lc.pmin, ktl_lc.tmax) * (1.0 + rounding)) return {};
-    if (v < property(Quantity::volume, KTL_LIQUID, ktl_lc.pmax, ktl_lc.tmin) * (1.0 - rounding)) return {};
+    if (v > property(Quantity::volume, KTL_STEAM, ktl_lc.pmin, ktl_lc.tmax) * (1.0 + limit_rounding_of_finders))
+        return {};
+    if (v < property(Quantity::volume, KTL_LIQUID, ktl_lc.pmax, ktl_lc.tmin) * (1.0 - limit_rounding_of_finders))
+        return {};
     double coldest = ktl_lc.tmin;
     if (v > property(Quantity::volume, KTL_STEAM, ktl_lc.pmin, ktl_lc.tmin))
         coldest = on_isobar(Quantity::volume, ktl_lc.pmin, v, model).t;

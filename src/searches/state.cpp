@@ -110,10 +110,4 @@ double last_low_pressure(SaturationModel model) {
     return model == SaturationModel::entry_compatible ? ktl_lc.p1 : saturation::terms(ktl_lc.t1max).p;
 }
 
-double boundary_temperature(double p) {
-    using region2::ktl_cl;
-    const double root = std::sqrt(ktl_cl.al1 * ktl_cl.al1 - 4.0 * ktl_cl.al2 * (ktl_cl.al0 - p / ktl_lc.pca));
-    return ktl_lc.tca * (root - ktl_cl.al1) / (2.0 * ktl_cl.al2) - ktl_lc.tza;
-}
-
 } // namespace ktl

@@ -77,11 +77,6 @@ struct FoundState {
 
 inline FoundState mixture(const Saturated& phases, double x) { return {phases.region, x, phases.t, phases}; }
 
-/// Pressure of the boundary between sub-regions 2 and 3 at t, bar.
-inline double boundary_pressure(double t) { return ktl_lc.pca * region2::boundary((t + ktl_lc.tza) / ktl_lc.tca); }
-/// Its inverse, degC, exact but for rounding; p from p1 up.
-double boundary_temperature(double p);
-
 /// Residual at which a search for y stops: far below what the finders promise, above the rounding of the
 /// equations.
 inline double search_tolerance(double y) { return 1.0e-14 * std::fabs(y) + 1.0e-15; }
@@ -93,8 +88,5 @@ inline double search_tolerance(Quantity y, int region, double value, SaturationM
     if (plain) return search_tolerance(value);
     return 2.0e-12 * std::fabs(value) + (y == Quantity::entropy ? 8.0e-13 : 2.0e-10);
 }
-
-/// A value just outside a limit that rounding alone may have put there.
-inline constexpr double rounding = 1.0e-9;
 
 } // namespace ktl

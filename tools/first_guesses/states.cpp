@@ -7,6 +7,7 @@
 
 namespace first_guesses {
 
+using ktl::boundary_pressure;
 using ktl::ktl_lc;
 using ktl::PhaseProperties;
 namespace guesses = ktl::engine::guesses;
@@ -70,7 +71,6 @@ double volume_from(double start, double factor, double p, double t) {
 
 constexpr double least_volume = 0.00125, greatest_volume = 0.0095;
 
-double boundary_pressure(double t) { return ktl_lc.pca * ktl::region2::boundary((t + ktl_lc.tza) / ktl_lc.tca); }
 
 State draw_steam(Random& random) {
     const double t = random(ktl_lc.tmin, ktl_lc.tmax);

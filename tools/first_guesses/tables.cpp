@@ -7,6 +7,8 @@
 
 namespace first_guesses {
 
+using ktl::boundary_pressure;
+using ktl::boundary_temperature;
 using ktl::ktl_lc;
 namespace guesses = ktl::engine::guesses;
 
@@ -231,12 +233,8 @@ double bisected(F&& f, double a, double b) {
     return 0.5 * (a + b);
 }
 
-double boundary_pressure(double t) { return ktl_lc.pca * ktl::region2::boundary((t + ktl_lc.tza) / ktl_lc.tca); }
 double saturation_temperature(double p) {
     return bisected([p](double t) { return saturation_pressure(t) - p; }, ktl_lc.tmin, ktl_lc.tc);
-}
-double boundary_temperature(double p) {
-    return bisected([p](double t) { return boundary_pressure(t) - p; }, ktl_lc.t1, ktl_lc.t3max);
 }
 
 State middle_state(double t) {

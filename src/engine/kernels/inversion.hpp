@@ -25,8 +25,6 @@ using searches::line_at;
 using searches::LinePoint;
 using searches::TwoPhaseIterate;
 
-/// p, t this close to the saturation line, relative in p, leave the quality open.
-inline constexpr double line_width = 1.0e-8;
 /// A pressure above all of the saturation line up to 350 degC, bar.
 inline constexpr double above_the_line = 166.0;
 /// Larger values are no states of anything, and would only overflow.
@@ -38,28 +36,28 @@ inline constexpr double hardly_steam = 2.0e-6;
 
 // ---- Patches ---------------------------------------------------------------------------------------------------------
 
-/// The patch of p, t, exact but for rounding: states on the saturation line are left to the search.
+/// The patch of p, t, exact but for rounding: states on the saturation line are handled by the search. The 2/3 boundary
+/// belongs to steam.
 template <class T>
 T classify_pt(const T& p, const T& t) {
     using guesses::GuessPatch;
     const auto is = [](GuessPatch c) { return guesses::number<T>(c); };
-    const auto beside_line = [&](GuessPatch above, GuessPatch below) {
+    const auto beside_line = [&](const auto& above, const auto& below) {
         const T ps = saturation::terms(t).p;
-        return select(abs(p - ps) > line_width * p, select(p > ps, is(above), is(below)), is(GuessPatch::search));
+        return select_lazy(
+            abs(p - ps) > searches::on_saturation_line * p, [&] { return select_lazy(p > ps, above, below); },
+            [&] { return is(GuessPatch::search); });
     };
     const auto water = [&] { return is(GuessPatch::water); };
     const auto steam = [&] { return is(GuessPatch::steam); };
-    const auto low = [&] {
-        return select_lazy(p > above_the_line, water,
-                           [&] { return beside_line(GuessPatch::water, GuessPatch::steam); });
+    const auto low = [&] { return select_lazy(p > above_the_line, water, [&] { return beside_line(water, steam); }); };
+    const auto dense = [&](GuessPatch c) {
+        return [&p, &t, is, c] { return select(p <= boundary_pressure(t), is(GuessPatch::steam), is(c)); };
     };
-    const auto near = [&] {
-        return select_lazy(
-            t > ktl_lc.tc, [&] { return is(GuessPatch::supercritical); },
-            [&] { return beside_line(GuessPatch::liquid_like, GuessPatch::vapour_like); });
+    const auto middle = [&] {
+        return select_lazy(t > ktl_lc.tc, dense(GuessPatch::supercritical),
+                           [&] { return beside_line(dense(GuessPatch::liquid_like), dense(GuessPatch::vapour_like)); });
     };
-    // Beside 350 degC the 2/3 boundary leaves the saturation line.
-    const auto middle = [&] { return select_lazy(p < boundary_at(t) * (1.0 - 2.0 * line_width), steam, near); };
     const auto high = [&] { return select_lazy(t < ktl_lc.t3max, middle, steam); };
     return select_lazy(t > ktl_lc.t1max, high, low);
 }
@@ -125,20 +123,20 @@ T is_preferred_root(Pair pair, const T& primary, const T& t) {
 }
 
 template <SubRegion sub_region, class T>
-T inside(Pair pair, const NewtonResult<T>& found, const T& guess, const Margin& margin) {
+T accept(Pair pair, const NewtonResult<T>& found, const T& guess, const Margin& margin) {
     if constexpr (sub_region == SubRegion::water)
-        return inside_water(found.primary, found.t);
+        return searches::in_water(found.primary, found.t, searches::strict);
     else if constexpr (sub_region == SubRegion::steam)
-        return inside_steam(found.primary, found.t);
+        return searches::in_steam(found.primary, found.t, searches::strict);
     else
-        return inside_near_critical(pair, found, guess, margin);
+        return accept_near_critical(pair, found, guess, margin);
 }
 
 /// Newton from a guess; converged becomes 1 only if the state is also accepted.
 template <SubRegion sub_region, class T>
 NewtonResult<T> solve_in(Pair pair, const T& a, const T& b, const T& guess, const T& t_guess, const Margin& margin) {
     NewtonResult<T> found = searches::newton<sub_region>(quantities(pair), a, b, guess, t_guess);
-    found.converged = found.converged * (inside<sub_region>(pair, found, guess, margin) *
+    found.converged = found.converged * (accept<sub_region>(pair, found, guess, margin) *
                                          is_preferred_root<sub_region>(pair, found.primary, found.t));
     return found;
 }
@@ -154,9 +152,10 @@ T is_outermost(const T& v, const T& guessed) {
 
 /// 1 where the mixture is stable beyond doubt and the one that the pair's rule takes.
 template <bool high, class T>
-T inside(Pair pair, const TwoPhaseIterate<T>& m, const Margin& margin) {
+T accept(Pair pair, const TwoPhaseIterate<T>& m, const Margin& margin) {
     const bool may_be_water = pair == Pair::pv || pair == Pair::th || pair == Pair::ts || pair == Pair::tu;
-    T in = inside_wet<high>(m.x, m.t) * zero_unless(m.x >= (may_be_water ? hardly_steam : 0.0), m.converged);
+    T in = searches::in_two_phases<high>(m.x, m.t, searches::strict) *
+           zero_unless(m.x >= (may_be_water ? hardly_steam : 0.0), m.converged);
     if constexpr (high) {
         // At a given temperature the search begins next to the outermost volumes.
         if (!has_pressure(pair) && !has_temperature(pair))

@@ -55,7 +55,7 @@ void store(Pair pair, const TwoPhaseIterate<T>& m, const SolutionColumns& c, std
     m.t.store(c.t + i);
     m.liquid.store(c.liquid + i);
     m.vapour.store(c.vapour + i);
-    inside<high>(pair, m, margin).store(c.accepted + i);
+    accept<high>(pair, m, margin).store(c.accepted + i);
 }
 
 template <bool high, class T>

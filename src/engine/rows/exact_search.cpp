@@ -12,6 +12,7 @@
 #include "searches/isentrope_isochore.hpp"
 #include "searches/lines.hpp"
 #include "searches/quality_line.hpp"
+#include "searches/tolerances.hpp"
 
 #include <algorithm>
 #include <array>
@@ -22,9 +23,6 @@ namespace {
 
 using searches::Given;
 constexpr SaturationModel outermost = SaturationModel::outermost_roots;
-
-/// A pressure this close to that of saturation, relative, leaves the quality open.
-constexpr double on_saturation_line = 1.0e-8;
 
 /// How a pair is searched for.
 enum class SearchMethod { pressure_temperature, quality, isobar, isotherm, quality_line, isentrope, isochore };
@@ -59,13 +57,10 @@ Solution solution(const FoundState& state) {
     return out;
 }
 
-/// A value past a limit by no more than this, relative, counts as the limit: states reproduce their values to 1e-10.
-constexpr double limit_rounding = 0.5e-10;
-
 /// Brings a given value to the limit that rounding alone may have put it past; solved unless it lies further out.
 Status within(double& value, double low, double high, Status if_low, Status if_high) {
-    if (value < low - limit_rounding * (low > 0.0 ? low : 1.0)) return if_low;
-    if (value > high + limit_rounding * high) return if_high;
+    if (value < low - searches::limit_rounding * (low > 0.0 ? low : 1.0)) return if_low;
+    if (value > high + searches::limit_rounding * high) return if_high;
     value = std::clamp(value, low, high);
     return Status::solved;
 }
@@ -82,7 +77,7 @@ Solution at_pressure_temperature(double p, double t) {
     if (const Status status = temperature_within(t); status != Status::solved) return failed(status);
     const bool subcritical = t <= ktl_lc.tc;
     const double ps = subcritical ? saturation::terms(t).p : ktl_lc.pca;
-    if (subcritical && std::fabs(p - ps) <= on_saturation_line * p) {
+    if (subcritical && std::fabs(p - ps) <= searches::on_saturation_line * p) {
         Solution out = solution(mixture(saturated_at(t, outermost), quiet_nan));
         out.status = Status::undetermined;
         return out;

@@ -54,7 +54,7 @@ template <bool high>
 [[gnu::noinline]] KTL_FLATTEN bool solve_mixture_at_line(Pair pair, Scalar a, Scalar b, const Margin& margin,
                                                          RowState& out) {
     const auto found = mixture_at_p_or_t<high, PropertyLevel::everything>(pair, a, b);
-    if (!all_set(inside<high>(pair, found.m, margin))) return false;
+    if (!all_set(accept<high>(pair, found.m, margin))) return false;
     fill_mixture<high>(found, out);
     return true;
 }
@@ -64,7 +64,7 @@ template <bool high>
 [[gnu::noinline]] KTL_FLATTEN bool solve_mixture(Pair pair, Scalar a, Scalar b, Scalar t, const Margin& margin,
                                                  RowState& out) {
     const TwoPhaseIterate<Scalar> m = mixture_search<high>(pair, a, b, t);
-    if (!all_set(inside<high>(pair, m, margin))) return false;
+    if (!all_set(accept<high>(pair, m, margin))) return false;
     const auto phases = phases_at<high>(m.t, m.liquid, m.vapour);
     const Scalar p = high ? saturation::terms(m.t).p : m.liquid;
     fill_mixture<high>({m, phases, mixture_of(phases, m.x, p)}, out);
