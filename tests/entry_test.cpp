@@ -17,7 +17,7 @@ using Lines = std::vector<std::string>;
 
 /// What the stub returns, and what it was asked.
 struct Stub {
-    int region = KTL_LIQUID;
+    int region = KTL_WATER;
     double first = 10.0, second = 100.0;
     std::array<double, 3> asked{};
     int calls = 0;
@@ -54,7 +54,7 @@ std::string illegal(const std::string& token) {
 }
 
 TEST(Entry, AsksTheFinderOnce) {
-    ask(KTL_LIQUID, 10.0, 100.0, "P,T.");
+    ask(KTL_WATER, 10.0, 100.0, "P,T.");
     EXPECT_EQ(stub.calls, 1);
     EXPECT_EQ(stub.asked, (std::array{1.0, 2.0, 1e-08}));
 }
@@ -95,7 +95,7 @@ TEST(Entry, CodeList) {
     const int counted = ktlerr.ientry;
     for (const auto& row : rows) {
         const std::string text = row.codes != nullptr ? row.codes : "(null)";
-        const Values out = ask(KTL_LIQUID, p, t, row.codes);
+        const Values out = ask(KTL_WATER, p, t, row.codes);
         EXPECT_EQ(unit13.lines(), row.lines) << text;
         for (std::size_t i = 0; i < room; ++i)
             EXPECT_EQ(out[i], i < row.values.size() ? row.values[i] : untouched) << text << ", element " << i;
@@ -114,12 +114,12 @@ TEST(Entry, NothingReadPastTheEnd) {
     ASSERT_EQ(mprotect(end, page, PROT_NONE), 0);
     for (const std::string text : {"P.", "P,T ", "VOLUM", "ABCDE"}) {
         std::memcpy(end - text.size(), text.data(), text.size());
-        ask(KTL_LIQUID, 10.0, 100.0, end - text.size());
+        ask(KTL_WATER, 10.0, 100.0, end - text.size());
     }
     for (const std::string text : {"", "P", "P,", "ABCD"}) {
         const std::size_t size = text.size() + 1;
         std::memcpy(end - size, text.c_str(), size);
-        ask(KTL_LIQUID, 10.0, 100.0, end - size);
+        ask(KTL_WATER, 10.0, 100.0, end - size);
     }
     munmap(memory, 2 * page);
 }
@@ -140,14 +140,14 @@ TEST(Entry, SinglePhases) {
     const double t = 100.0;
     const double v1 = ktl_c1(10.0, t);
     const double lambda = ktl_cj(v1, t) * 0.001;
-    EXPECT_EQ(ask(KTL_LIQUID, 10.0, t, all), (Values{10.0, t, v1, ktl_d1(10.0, t), ktl_e1(10.0, t), 0.0,
+    EXPECT_EQ(ask(KTL_WATER, 10.0, t, all), (Values{10.0, t, v1, ktl_d1(10.0, t), ktl_e1(10.0, t), 0.0,
                                                      ktl_h1(10.0, t), ktl_ci(v1, t), lambda, untouched}));
-    EXPECT_EQ(value(KTL_LIQUID, 10.0, t, "TC."), lambda) << "alone, too, it finds its volume";
+    EXPECT_EQ(value(KTL_WATER, 10.0, t, "TC."), lambda) << "alone, too, it finds its volume";
     const double v2 = ktl_c2(1.0, t);
     EXPECT_EQ(ask(KTL_STEAM, 1.0, t, all), (Values{1.0, t, v2, ktl_d2(1.0, t), ktl_e2(1.0, t), 1.0, ktl_h2(1.0, t),
                                                    ktl_ci(v2, t), ktl_cj(v2, t) * 0.001, untouched}));
     Reports unit13(13);
-    for (const auto& [region, x] : {std::pair{KTL_NEAR_CRITICAL_STEAM, 1.0}, std::pair{KTL_NEAR_CRITICAL_LIQUID, 0.0}})
+    for (const auto& [region, x] : {std::pair{KTL_NEAR_CRITICAL_STEAM, 1.0}, std::pair{KTL_NEAR_CRITICAL_WATER, 0.0}})
         EXPECT_EQ(ask(region, 0.002, 370.0, all),
                   (Values{ktl_a3(0.002, 370.0), 370.0, 0.002, ktl_d3(0.002, 370.0), ktl_e3(0.002, 370.0), x,
                           ktl_h3(0.002, 370.0), untouched, untouched, untouched}))

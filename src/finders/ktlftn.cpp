@@ -125,7 +125,7 @@ private:
 
     void saturate() {
         ps_ = ktl_pt(t_);
-        become(KTL_LIQUID, ps_, KTL_STEAM, ps_);
+        become(KTL_WATER, ps_, KTL_STEAM, ps_);
     }
 
     /// Saturated volumes on the equation of sub-region 3.
@@ -137,7 +137,7 @@ private:
         va = std::min(6e-05 * t_ - 0.01899, 0.00317);
         vb = 0.00174;
         vp_ = ktl_i2(ktl_a3, t_, ps_, va, vb, eps);
-        become(KTL_NEAR_CRITICAL_LIQUID, vp_, KTL_NEAR_CRITICAL_STEAM, vpp_);
+        become(KTL_NEAR_CRITICAL_WATER, vp_, KTL_NEAR_CRITICAL_STEAM, vpp_);
     }
 
     /// A two-phase state that is practically one phase becomes that phase.
@@ -152,7 +152,7 @@ private:
     }
 
     [[nodiscard]] const Equations& equations() const {
-        if (region_ == KTL_LIQUID) return liquid;
+        if (region_ == KTL_WATER) return liquid;
         return region_ == KTL_STEAM ? steam : near_critical;
     }
 
@@ -217,7 +217,7 @@ void ktlftn_len(ktl_finder regfun, const double& indep1, const double& indep2, c
     double xx = indep1;
     double yy = indep2;
     const int region = regfun(xx, yy, eps);
-    if (region < KTL_LIQUID || region > KTL_WET) {
+    if (region < KTL_WATER || region > KTL_WET) {
         write_illegal_region(region);
         return;
     }

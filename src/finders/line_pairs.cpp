@@ -23,7 +23,7 @@ bool beyond_isentrope(Quantity y, ktl_property_eps of_end, double value, double 
 
 /// The value y of the isochore v at 1000 bar is its greatest, for the isochores that end there.
 bool beyond_isochore(Quantity y, ktl_property_eps of_end, double value, double v, double eps) {
-    const bool ends_there = v >= property(Quantity::volume, KTL_LIQUID, ktl_lc.pmax, ktl_lc.tmin) &&
+    const bool ends_there = v >= property(Quantity::volume, KTL_WATER, ktl_lc.pmax, ktl_lc.tmin) &&
                             v <= property(Quantity::volume, KTL_STEAM, ktl_lc.pmax, ktl_lc.tmax);
     return ends_there && beyond(value, of_end(ktl_lc.pmax, v, eps), y);
 }

@@ -26,7 +26,7 @@ int single_phase(ktl_property f, double p, double& h, double a, double b, double
 }
 
 int liquid(double p, double& h, double a, double b, double eps) {
-    return single_phase(ktl_d1, p, h, a, b, eps, KTL_LIQUID);
+    return single_phase(ktl_d1, p, h, a, b, eps, KTL_WATER);
 }
 
 int steam(double p, double& h, double from, double eps) {
@@ -73,7 +73,7 @@ int below_critical(double& p, double& h, double eps) {
     const double vp = ktl_i2(ktl_a3, ts, p, a, b, eps);
     const double hp = ktl_d3(vp, ts);
     if (hp > h)
-        return near_critical(p, h, ktl_c1(p, ktl_lc.t1max), vp, ktl_lc.t1max, ts, eps, KTL_NEAR_CRITICAL_LIQUID);
+        return near_critical(p, h, ktl_c1(p, ktl_lc.t1max), vp, ktl_lc.t1max, ts, eps, KTL_NEAR_CRITICAL_WATER);
     a = std::max(0.08611 - 0.000222 * ts, ktl_lc.vca);
     b = ktl_lc.v3max;
     const double vpp = ktl_i2(ktl_a3, ts, p, a, b, eps);
@@ -88,7 +88,7 @@ int supercritical(double& p, double& h, double eps) {
     double b = ktl_lc.v3min;
     const double vc = ktl_i2(ktl_a3, ktl_lc.tc, p, a, b, eps);
     if (h <= ktl_d3(vc, ktl_lc.tc))
-        return near_critical(p, h, ktl_c1(p, ktl_lc.t1max), vc, ktl_lc.t1max, ktl_lc.tc, eps, KTL_NEAR_CRITICAL_LIQUID);
+        return near_critical(p, h, ktl_c1(p, ktl_lc.t1max), vc, ktl_lc.t1max, ktl_lc.tc, eps, KTL_NEAR_CRITICAL_WATER);
     return steam_side(p, h, vc, ktl_lc.tc, eps);
 }
 

@@ -28,7 +28,7 @@ int below_350(double p, double t, double eps) {
         return KTL_STEAM;
     }
     comt1(p, t);
-    return KTL_LIQUID;
+    return KTL_WATER;
 }
 
 } // namespace
@@ -39,7 +39,7 @@ int ktlrpt(double& p, double& t, const double& eps) {
     if (!(t > 374.15)) {
         const double ps = ktl_pt(t);
         if (std::fabs(p - ps) < eps * p) return KTL_WET_NEAR_CRITICAL;
-        if (p > ps) return near_critical(p, t, 6.0e-05 * t - 0.01899, ktl_lc.v3min, eps, KTL_NEAR_CRITICAL_LIQUID);
+        if (p > ps) return near_critical(p, t, 6.0e-05 * t - 0.01899, ktl_lc.v3min, eps, KTL_NEAR_CRITICAL_WATER);
     }
     const double teta = (t + 273.15) / 647.3;
     const double beta = p / ktl_lc.pca;

@@ -49,7 +49,7 @@ T helmholtz_property(Quantity y, const region3::Terms<T>& s, const T& v, const T
 /// Quantity of a single-phase region 1 to 4 in its own variables: p, t or v, t.
 template <class T>
 T property(Quantity y, int region, const T& primary, const T& t) {
-    if (region == KTL_LIQUID) return gibbs_property(y, region1::terms(primary, t), primary, t);
+    if (region == KTL_WATER) return gibbs_property(y, region1::terms(primary, t), primary, t);
     if (region == KTL_STEAM) return gibbs_property(y, region2::terms(primary, t), primary, t);
     return helmholtz_property(y, region3::terms(primary, t), primary, t);
 }

@@ -58,10 +58,10 @@ bool is_outside_dome(const FoundState& state, double pressure, SaturationModel m
 /// Whether a state lies in the region that it names.
 bool is_in_region(const FoundState& state, const BorderSlack& slack, SaturationModel model) {
     switch (state.region) {
-    case KTL_LIQUID: return all_set(in_water(state.primary, state.t, slack));
+    case KTL_WATER: return all_set(in_water(state.primary, state.t, slack));
     case KTL_STEAM: return all_set(in_steam(state.primary, state.t, slack));
     case KTL_NEAR_CRITICAL_STEAM:
-    case KTL_NEAR_CRITICAL_LIQUID: {
+    case KTL_NEAR_CRITICAL_WATER: {
         const double pressure = state.value(Quantity::pressure);
         return all_set(in_near_critical(pressure, state.primary, state.t, slack, 0.0, 0.0)) &&
                is_outside_dome(state, pressure, model);
@@ -90,10 +90,10 @@ FoundState confirmed(FoundState state, const Given& given, double share) {
     if (state.wet()) {
         state.primary = clamp_with_slack(state.primary, 0.0, 1.0, limit_slack);
         in_range = in_range && state.primary >= 0.0 && state.primary <= 1.0;
-    } else if (state.region == KTL_LIQUID || state.region == KTL_STEAM) {
+    } else if (state.region == KTL_WATER || state.region == KTL_STEAM) {
         state.primary = clamp_with_slack(state.primary, ktl_lc.pmin, ktl_lc.pmax, limit_slack * state.primary);
         // At the end of the range, 1000 bar and 350 degC, sub-region 1 covers its gap to sub-region 3 past both limits.
-        const bool past_350 = state.region == KTL_LIQUID && state.t > ktl_lc.t1max;
+        const bool past_350 = state.region == KTL_WATER && state.t > ktl_lc.t1max;
         const double beyond = past_350 ? slack_of(given.model).p_beyond_1000 : 0.0;
         in_range = in_range && state.primary >= ktl_lc.pmin && state.primary <= ktl_lc.pmax * (1.0 + beyond);
     } else {
@@ -111,7 +111,7 @@ FoundState corrected(const FoundState& start, const Given& given) {
         return newton<sub_region, StepLimit::third>(wanted, given.a_value, given.b_value, start.primary, start.t);
     };
     switch (start.region) {
-    case KTL_LIQUID: {
+    case KTL_WATER: {
         const auto end = in.operator()<SubRegion::water>();
         return {start.region, end.primary, end.t, {}};
     }
@@ -120,10 +120,10 @@ FoundState corrected(const FoundState& start, const Given& given) {
         return {start.region, end.primary, end.t, {}};
     }
     case KTL_NEAR_CRITICAL_STEAM:
-    case KTL_NEAR_CRITICAL_LIQUID: {
+    case KTL_NEAR_CRITICAL_WATER: {
         const auto end = in.operator()<SubRegion::near_critical>();
         const bool water = end.t <= ktl_lc.tc && end.primary < ktl_lc.vca;
-        return {water ? KTL_NEAR_CRITICAL_LIQUID : KTL_NEAR_CRITICAL_STEAM, end.primary, end.t, {}};
+        return {water ? KTL_NEAR_CRITICAL_WATER : KTL_NEAR_CRITICAL_STEAM, end.primary, end.t, {}};
     }
     case KTL_WET: {
         TwoPhaseIterate<double> m{start.primary, start.t, 0.0, 0.0, 0.0};

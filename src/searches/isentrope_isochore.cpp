@@ -38,14 +38,14 @@ FoundState corrected_in_place(const FoundState& start, const Given& given, Place
 FoundState neighbour_across_border(const FoundState& start) {
     if (start.wet()) {
         const bool low = start.region == KTL_WET;
-        if (start.primary < 0.5) return {low ? KTL_LIQUID : KTL_NEAR_CRITICAL_LIQUID, start.phases.liquid, start.t, {}};
+        if (start.primary < 0.5) return {low ? KTL_WATER : KTL_NEAR_CRITICAL_WATER, start.phases.liquid, start.t, {}};
         return {low ? KTL_STEAM : KTL_NEAR_CRITICAL_STEAM, start.phases.vapour, start.t, {}};
     }
     const double v = start.value(Quantity::volume);
-    if (start.region == KTL_LIQUID) return {KTL_NEAR_CRITICAL_LIQUID, v, start.t, {}};
+    if (start.region == KTL_WATER) return {KTL_NEAR_CRITICAL_WATER, v, start.t, {}};
     if (start.region == KTL_STEAM) return {KTL_NEAR_CRITICAL_STEAM, v, start.t, {}};
     const bool cool = start.t < ktl_lc.t1max + 1.0 && v < ktl_lc.vca;
-    return {cool ? KTL_LIQUID : KTL_STEAM, start.value(Quantity::pressure), start.t, {}};
+    return {cool ? KTL_WATER : KTL_STEAM, start.value(Quantity::pressure), start.t, {}};
 }
 
 /// The search along a line: at(z) is the state at z, a and b the ends; beside_line(share) a state that the line may
@@ -60,7 +60,7 @@ FoundState search(const Given& given, Quantity y, double value, double a, double
     FoundState found = corrected_in_place(at(rough.x), given, Place::inside, share);
     if (found.found()) return found;
 
-    const auto fine = solvers::enclose(f, a, fa, b, fb, search_tolerance(y, KTL_LIQUID, value, given.model));
+    const auto fine = solvers::enclose(f, a, fa, b, fb, search_tolerance(y, KTL_WATER, value, given.model));
     const FoundState best = at(fine.x);
     const FoundState other = at(fine.other);
     for (const double allowed : {share, 1.0}) {
@@ -85,7 +85,7 @@ FoundState search(const Given& given, Quantity y, double value, double a, double
 FoundState coldest_water(const Given& given, double s, double share) {
     if (s > 0.01) return {};
     const FoundState starts[] = {on_isotherm(Quantity::entropy, ktl_lc.tmin, s, given.model),
-                                 {KTL_LIQUID, saturation::terms(ktl_lc.tmin).p, ktl_lc.tmin, {}},
+                                 {KTL_WATER, saturation::terms(ktl_lc.tmin).p, ktl_lc.tmin, {}},
                                  water_on_isotherm(Quantity::entropy, ktl_lc.tmin, s, given.model).preferred,
                                  on_isobar(Quantity::entropy, 1.001 * ktl_lc.pmin, s, given.model)};
     for (const FoundState& start : starts)
@@ -100,7 +100,7 @@ FoundState coldest_water(const Given& given, double s, double share) {
 
 FoundState on_isentrope(Quantity y, double value, double s, SaturationModel model) {
     if (s > property(Quantity::entropy, KTL_STEAM, ktl_lc.pmin, ktl_lc.tmax) + limit_rounding_of_finders) return {};
-    if (s < property(Quantity::entropy, KTL_LIQUID, ktl_lc.pmax, ktl_lc.tmin) - limit_rounding_of_finders) return {};
+    if (s < property(Quantity::entropy, KTL_WATER, ktl_lc.pmax, ktl_lc.tmin) - limit_rounding_of_finders) return {};
     double highest = ktl_lc.pmax;
     if (s > property(Quantity::entropy, KTL_STEAM, ktl_lc.pmax, ktl_lc.tmax))
         highest = on_isotherm(Quantity::entropy, ktl_lc.tmax, s, model).primary;
@@ -113,7 +113,7 @@ FoundState on_isentrope(Quantity y, double value, double s, SaturationModel mode
 FoundState on_isochore(Quantity y, double value, double v, SaturationModel model) {
     if (v > property(Quantity::volume, KTL_STEAM, ktl_lc.pmin, ktl_lc.tmax) * (1.0 + limit_rounding_of_finders))
         return {};
-    if (v < property(Quantity::volume, KTL_LIQUID, ktl_lc.pmax, ktl_lc.tmin) * (1.0 - limit_rounding_of_finders))
+    if (v < property(Quantity::volume, KTL_WATER, ktl_lc.pmax, ktl_lc.tmin) * (1.0 - limit_rounding_of_finders))
         return {};
     double coldest = ktl_lc.tmin;
     if (v > property(Quantity::volume, KTL_STEAM, ktl_lc.pmin, ktl_lc.tmin))

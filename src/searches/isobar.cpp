@@ -61,16 +61,16 @@ double densest_temperature(double p) {
 
 /// Water up to the temperature b, where the residual is fb, by its volume: the warmer state if there are two.
 FoundState water_by_volume(const Isobar& line, double b, double fb, double lowest) {
-    const bool may_turn = b < expanding || line.residual(KTL_LIQUID, line.p, expanding) > 0.0;
-    if (!may_turn) return line.between(KTL_LIQUID, expanding, b, fb);
+    const bool may_turn = b < expanding || line.residual(KTL_WATER, line.p, expanding) > 0.0;
+    if (!may_turn) return line.between(KTL_WATER, expanding, b, fb);
     const double turn = std::min(densest_temperature(line.p), b);
-    if (fb >= 0.0 && turn < b) return line.between(KTL_LIQUID, std::max(turn, lowest), b, fb);
-    return line.between(KTL_LIQUID, lowest, turn, line.residual(KTL_LIQUID, line.p, turn));
+    if (fb >= 0.0 && turn < b) return line.between(KTL_WATER, std::max(turn, lowest), b, fb);
+    return line.between(KTL_WATER, lowest, turn, line.residual(KTL_WATER, line.p, turn));
 }
 
 FoundState water(const Isobar& line, double b, double fb, double lowest) {
     if (line.y == Quantity::volume) return water_by_volume(line, b, fb, lowest);
-    return line.between(KTL_LIQUID, lowest, b, fb);
+    return line.between(KTL_WATER, lowest, b, fb);
 }
 
 /// A mixture, or the cold water that has the volume of one with practically no steam.
@@ -78,13 +78,13 @@ FoundState wet_state(const Isobar& line, const Saturated& phases, double f_liqui
     const FoundState wet = mixture(phases, f_liquid / (f_liquid - f_vapour));
     if (line.y != Quantity::volume || wet.primary > least_quality || phases.t > expanding) return wet;
     const FoundState cold = water_by_volume(line, phases.t, f_liquid, ktl_lc.tmin);
-    return std::fabs(line.residual(KTL_LIQUID, cold.primary, cold.t)) <= line.tolerance(KTL_LIQUID) ? cold : wet;
+    return std::fabs(line.residual(KTL_WATER, cold.primary, cold.t)) <= line.tolerance(KTL_WATER) ? cold : wet;
 }
 
 /// Up to p1: water of sub-region 1, mixture, steam of sub-region 2.
 FoundState low(const Isobar& line, double lowest) {
     const Saturated phases = saturated_under(line.p, line.model);
-    const double f_liquid = line.residual(KTL_LIQUID, line.p, phases.t);
+    const double f_liquid = line.residual(KTL_WATER, line.p, phases.t);
     if (f_liquid >= 0.0) return water(line, phases.t, f_liquid, lowest);
     const double f_vapour = line.residual(KTL_STEAM, line.p, phases.t);
     if (f_vapour > 0.0) return wet_state(line, phases, f_liquid, f_vapour);
@@ -100,7 +100,7 @@ FoundState near_critical(const Isobar& line, double a, double b, int region) {
         v = solvers::enclose(f, a, b, search_tolerance(line.value)).x;
     }
     const double t = isochore_temperature(line.p, v);
-    if (line.p > ktl_lc.pca) region = t <= ktl_lc.tc ? KTL_NEAR_CRITICAL_LIQUID : KTL_NEAR_CRITICAL_STEAM;
+    if (line.p > ktl_lc.pca) region = t <= ktl_lc.tc ? KTL_NEAR_CRITICAL_WATER : KTL_NEAR_CRITICAL_STEAM;
     return {region, v, t, {}};
 }
 
@@ -110,7 +110,7 @@ FoundState middle(const Isobar& line, double least, double greatest) {
     const Saturated phases = saturated_under(line.p, line.model);
     const double f_liquid = phases.of_liquid(line.y) - line.value;
     if (f_liquid >= 0.0)
-        return near_critical(line, least, phases.liquid * past_saturation(line.model), KTL_NEAR_CRITICAL_LIQUID);
+        return near_critical(line, least, phases.liquid * past_saturation(line.model), KTL_NEAR_CRITICAL_WATER);
     const double f_vapour = phases.of_vapour(line.y) - line.value;
     if (f_vapour > 0.0) return mixture(phases, f_liquid / (f_liquid - f_vapour));
     return near_critical(line, phases.vapour / past_saturation(line.model), greatest, KTL_NEAR_CRITICAL_STEAM);
@@ -118,7 +118,7 @@ FoundState middle(const Isobar& line, double least, double greatest) {
 
 /// Above p1: sub-regions 1, 3 and 2.
 FoundState high(const Isobar& line, double lowest) {
-    const double f1 = line.residual(KTL_LIQUID, line.p, ktl_lc.t1max);
+    const double f1 = line.residual(KTL_WATER, line.p, ktl_lc.t1max);
     if (f1 >= 0.0) return water(line, ktl_lc.t1max, f1, lowest);
     const double tl = std::min(boundary_temperature(line.p), ktl_lc.t3max);
     const double f2 = line.residual(KTL_STEAM, line.p, tl);
@@ -131,7 +131,7 @@ FoundState high(const Isobar& line, double lowest) {
     if (found.region == KTL_NEAR_CRITICAL_STEAM) found.t = std::max(found.t, ktl_lc.t3min);
     if (found.t < ktl_lc.t3min) {
         const double past = ktl_lc.t1max + reach;
-        return line.between(KTL_LIQUID, ktl_lc.t1max, past, line.residual(KTL_LIQUID, line.p, past));
+        return line.between(KTL_WATER, ktl_lc.t1max, past, line.residual(KTL_WATER, line.p, past));
     }
     if (found.t > tl + volume_slack) return line.between(KTL_STEAM, tl - reach, tl, f2);
     return found;
@@ -143,9 +143,9 @@ BothSides water_on_isobar(double p, double v, SaturationModel model) {
     const Isobar line{Quantity::volume, p, v, model};
     const double b = p > last_low_pressure(model) ? ktl_lc.t1max : saturated_under(p, model).t;
     const double turn = std::min(densest_temperature(p), b);
-    const double f_turn = line.residual(KTL_LIQUID, p, turn);
-    return {line.between(KTL_LIQUID, turn, b, line.residual(KTL_LIQUID, p, b)),
-            line.between(KTL_LIQUID, ktl_lc.tmin, turn, f_turn)};
+    const double f_turn = line.residual(KTL_WATER, p, turn);
+    return {line.between(KTL_WATER, turn, b, line.residual(KTL_WATER, p, b)),
+            line.between(KTL_WATER, ktl_lc.tmin, turn, f_turn)};
 }
 
 FoundState on_isobar(Quantity y, double p, double value, SaturationModel model, double lowest) {

@@ -86,8 +86,8 @@ FoundState first_from(const Isotherm& line, int region, double a, double fa, dou
 }
 
 FoundState water(const Isotherm& line, double ps, double f_liquid) {
-    return first_from(line, KTL_LIQUID, ps, f_liquid, ktl_lc.pmax,
-                      [&](double p) { return line.residual(KTL_LIQUID, p); });
+    return first_from(line, KTL_WATER, ps, f_liquid, ktl_lc.pmax,
+                      [&](double p) { return line.residual(KTL_WATER, p); });
 }
 
 /// Up to 350 degC: steam, mixture, water.
@@ -96,12 +96,12 @@ FoundState low(const Isotherm& line) {
     const double ps = phases.p;
     const double f_vapour = line.residual(KTL_STEAM, ps);
     if (f_vapour <= 0.0) return steam(line, std::min(ktl_lc.pmin, ps), ps);
-    const double f_liquid = line.residual(KTL_LIQUID, ps);
+    const double f_liquid = line.residual(KTL_WATER, ps);
     if (f_liquid >= 0.0) return water(line, ps, f_liquid);
     const FoundState wet = mixture(phases, f_liquid / (f_liquid - f_vapour));
     if (wet.primary > least_quality || line.y == Quantity::volume) return wet;
     const FoundState compressed = water(line, ps, f_liquid);
-    return std::fabs(line.residual(KTL_LIQUID, compressed.primary)) <= line.tolerance(KTL_LIQUID) ? compressed : wet;
+    return std::fabs(line.residual(KTL_WATER, compressed.primary)) <= line.tolerance(KTL_WATER) ? compressed : wet;
 }
 
 /// Volume at pmax, the densest state of the isotherm.
@@ -127,7 +127,7 @@ FoundState middle(const Isotherm& line, double greatest) {
     const double f_liquid = phases.of_liquid(line.y) - line.value;
     const auto water3 = [&] {
         return near_critical(line, phases.liquid * past_saturation(line.model), least_volume(line),
-                             KTL_NEAR_CRITICAL_LIQUID);
+                             KTL_NEAR_CRITICAL_WATER);
     };
     if (f_liquid >= 0.0) return water3();
     const FoundState wet = mixture(phases, f_liquid / (f_liquid - f_vapour));
@@ -155,10 +155,10 @@ FoundState high(Isotherm& line) {
 BothSides water_on_isotherm(Quantity y, double t, double value, SaturationModel model) {
     const Isotherm line{y, t, value, model, {}};
     const double ps = saturation::terms(t).p;
-    const double turn = turning_point(line, KTL_LIQUID, ps, ktl_lc.pmax);
-    const auto f = [&](double p) { return line.residual(KTL_LIQUID, p); };
+    const double turn = turning_point(line, KTL_WATER, ps, ktl_lc.pmax);
+    const auto f = [&](double p) { return line.residual(KTL_WATER, p); };
     const auto between = [&](double a, double b) {
-        return FoundState{KTL_LIQUID, solvers::enclose(f, a, b, line.tolerance(KTL_LIQUID)).x, t, {}};
+        return FoundState{KTL_WATER, solvers::enclose(f, a, b, line.tolerance(KTL_WATER)).x, t, {}};
     };
     return {between(ps, turn), turn == ktl_lc.pmax ? FoundState{} : between(turn, ktl_lc.pmax)};
 }
@@ -172,7 +172,7 @@ FoundState near_critical_at(double p, double t, SaturationModel model) {
     const Saturated phases = saturated_at(t, model);
     const bool water = p > phases.p;
     (water ? a : b) = water ? phases.liquid * past_saturation(model) : phases.vapour / past_saturation(model);
-    return near_critical(line, a, b, water ? KTL_NEAR_CRITICAL_LIQUID : KTL_NEAR_CRITICAL_STEAM);
+    return near_critical(line, a, b, water ? KTL_NEAR_CRITICAL_WATER : KTL_NEAR_CRITICAL_STEAM);
 }
 
 FoundState on_isotherm(Quantity y, double t, double value, SaturationModel model) {

@@ -28,7 +28,7 @@ struct Saturated {
     SaturationModel model = SaturationModel::entry_compatible;
 
     [[nodiscard]] double of_liquid(Quantity y) const {
-        return of_phase(y, region == KTL_WET ? KTL_LIQUID : KTL_NEAR_CRITICAL_LIQUID, liquid);
+        return of_phase(y, region == KTL_WET ? KTL_WATER : KTL_NEAR_CRITICAL_WATER, liquid);
     }
     [[nodiscard]] double of_vapour(Quantity y) const {
         return of_phase(y, region == KTL_WET ? KTL_STEAM : KTL_NEAR_CRITICAL_STEAM, vapour);
@@ -84,7 +84,7 @@ inline double search_tolerance(double y) { return 1.0e-14 * std::fabs(y) + 1.0e-
 /// The same for a quantity of one region. Enthalpy and entropy of sub-region 1 are rounded by up to 2e-12 of them and
 /// 2e-10 kJ/kg, 8e-13 kJ/(kg K): searches with the outermost phases are content with that.
 inline double search_tolerance(Quantity y, int region, double value, SaturationModel model) {
-    const bool plain = region != KTL_LIQUID || model == SaturationModel::entry_compatible || y == Quantity::volume;
+    const bool plain = region != KTL_WATER || model == SaturationModel::entry_compatible || y == Quantity::volume;
     if (plain) return search_tolerance(value);
     return 2.0e-12 * std::fabs(value) + (y == Quantity::entropy ? 8.0e-13 : 2.0e-10);
 }

@@ -16,7 +16,7 @@ TEST(Choice, ColdWaterByVolumeIsTheWarmerOne) {
     // Water at 10 bar is densest near 4.5 degC; it has the same volume at 1 and at about 8 degC.
     const double v = ktl_c1(10.0, 1.0);
     const Found f = find(ktlrpv, 10.0, v);
-    EXPECT_EQ(f.region, KTL_LIQUID);
+    EXPECT_EQ(f.region, KTL_WATER);
     EXPECT_GT(f.second, 6.0);
     EXPECT_LT(f.second, 9.0);
     EXPECT_TRUE(close("volume", ktl_c1(f.first, f.second), v, 1e-12));
@@ -27,7 +27,7 @@ TEST(Choice, ColdWaterGoesBeforeAMixtureOfNoSteam) {
     const double p = ktl_pt(2.0);
     const double v = ktl_c1(p, 1.0);
     const Found f = find(ktlrpv, p, v);
-    EXPECT_EQ(f.region, KTL_LIQUID);
+    EXPECT_EQ(f.region, KTL_WATER);
     EXPECT_TRUE(within("temperature", f.second, 1.0, 1e-6));
 }
 
@@ -43,10 +43,10 @@ TEST(Choice, IsothermsGiveTheLowestPressure) {
     const double h320 = ktl_d1(200.0, 320.0);
     const double h400 = ktl_d3(0.00160, 400.0); // supercritical: dense water has it at two pressures
     const Row rows[] = {
-        {"hot water", ktlrth, 320.0, h320, KTL_LIQUID, 199.999, 200.001},
-        {"its other pressure", ktlrth, 320.0, ktl_d1(900.0, 320.0), KTL_LIQUID, 113.0, 820.0},
+        {"hot water", ktlrth, 320.0, h320, KTL_WATER, 199.999, 200.001},
+        {"its other pressure", ktlrth, 320.0, ktl_d1(900.0, 320.0), KTL_WATER, 113.0, 820.0},
         {"mixture before compressed water", ktlrth, 100.0, ktl_d1(145.0, 100.0), KTL_WET, 0.001, 0.02},
-        {"water before a mixture of no steam", ktlrth, 100.0, ktl_d1(1.02, 100.0), KTL_LIQUID, 1.0199, 1.0201},
+        {"water before a mixture of no steam", ktlrth, 100.0, ktl_d1(1.02, 100.0), KTL_WATER, 1.0199, 1.0201},
         {"entropy of water below 4 degC", ktlrts, 1.0, ktl_e1(10.0, 1.0), KTL_WET, 1e-06, 1e-4},
         {"near the critical temperature", ktlrth, 400.0, h400, KTL_NEAR_CRITICAL_STEAM, 0.0, 1000.0},
     };
@@ -96,8 +96,8 @@ TEST(Gaps, SubRegionsOneAndTwoCarryOn) {
         int region;
     };
     const Row rows[] = {
-        {"entropy at 300 bar", ktlrps, 300.0, ktl_e1(300.0, 350.0) + 5e-5, KTL_LIQUID},
-        {"volume at 200 bar", ktlrpv, 200.0, ktl_c1(200.0, 350.0) * (1.0 + 6e-5), KTL_LIQUID},
+        {"entropy at 300 bar", ktlrps, 300.0, ktl_e1(300.0, 350.0) + 5e-5, KTL_WATER},
+        {"volume at 200 bar", ktlrpv, 200.0, ktl_c1(200.0, 350.0) * (1.0 + 6e-5), KTL_WATER},
         {"entropy at the boundary, 351 degC", ktlrps, p351, ktl_e2(p351, 351.0) - 1.5e-4, KTL_STEAM},
         {"enthalpy on the isotherm 351 degC", ktlrth, 351.0, ktl_d2(p351, 351.0) - 0.02, KTL_STEAM},
         {"overlap at the boundary, 420 degC", ktlrps, p420, ktl_e2(p420, 420.0) + 1e-4, KTL_STEAM},
@@ -113,10 +113,10 @@ TEST(Gaps, SubRegionsOneAndTwoCarryOn) {
 TEST(Gaps, BothSidesOfTheBorderHaveTheirOwnStates) {
     for (const double p : {170.0, 300.0, 500.0, 1000.0}) {
         const Found below = find(ktlrps, p, ktl_e1(p, 349.9));
-        EXPECT_EQ(below.region, KTL_LIQUID) << p;
+        EXPECT_EQ(below.region, KTL_WATER) << p;
         const Found state = find(ktlrpt, p, 350.2);
         const Found above = find(ktlrps, p, ktl_e3(state.first, 350.2));
-        EXPECT_EQ(above.region, KTL_NEAR_CRITICAL_LIQUID) << p;
+        EXPECT_EQ(above.region, KTL_NEAR_CRITICAL_WATER) << p;
         EXPECT_TRUE(within("temperature", above.second, 350.2, 1e-6)) << p;
     }
 }

@@ -46,7 +46,7 @@ TEST(Refusal, TinyNumbersGiveAFiniteStateOrNone) {
             for (const double b : {0.0, 1e-300, 0.5, 5.0, 100.0, 2800.0})
                 for (const bool first : {true, false}) {
                     const Found f = find(finder.find, first ? a : b, first ? b : a);
-                    EXPECT_TRUE(f.region >= KTL_LIQUID && f.region <= KTL_NO_STATE) << finder.name;
+                    EXPECT_TRUE(f.region >= KTL_WATER && f.region <= KTL_NO_STATE) << finder.name;
                     EXPECT_TRUE(std::isfinite(f.first) && std::isfinite(f.second)) << finder.name;
                 }
 }

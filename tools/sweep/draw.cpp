@@ -162,10 +162,10 @@ int Random::below(int count) { return static_cast<int>(next() % static_cast<std:
 
 Values evaluate(int region, double first, double t) {
     switch (region) {
-    case KTL_LIQUID: return water(first, t);
+    case KTL_WATER: return water(first, t);
     case KTL_STEAM: return steam(first, t);
     case KTL_NEAR_CRITICAL_STEAM:
-    case KTL_NEAR_CRITICAL_LIQUID: return near_critical(first, t);
+    case KTL_NEAR_CRITICAL_WATER: return near_critical(first, t);
     default: return wet(region, first, t, SaturationModel::entry_compatible);
     }
 }
@@ -173,10 +173,10 @@ Values evaluate(int region, double first, double t) {
 bool suits(int region, const Values& got) {
     constexpr double hair = 1.0e-9;
     switch (region) {
-    case KTL_LIQUID: return got.t <= 350.5 && (got.t > 350.0 || got.p >= ktl_pt(got.t) * (1.0 - 1.0e-6));
+    case KTL_WATER: return got.t <= 350.5 && (got.t > 350.0 || got.p >= ktl_pt(got.t) * (1.0 - 1.0e-6));
     case KTL_STEAM: return got.t > 350.0 || got.p <= ktl_pt(got.t) * (1.0 + 1.0e-7);
     case KTL_NEAR_CRITICAL_STEAM: return got.t > ktl_lc.tc - hair || got.v >= 0.00317 * (1.0 - hair);
-    case KTL_NEAR_CRITICAL_LIQUID:
+    case KTL_NEAR_CRITICAL_WATER:
         return got.t <= ktl_lc.tc + hair &&
                (got.v <= ktl_lc.vca * (1.0 + hair) || got.p >= ktl_pt(std::min(got.t, ktl_lc.tc)));
     case KTL_WET_NEAR_CRITICAL: return got.t >= 350.0 && got.x >= 0.0 && got.x <= 1.0;

@@ -37,7 +37,7 @@ struct Range {
 /// than this.
 double jump_before(int region, double t, Member y) {
     const bool beside =
-        region == KTL_NEAR_CRITICAL_STEAM || region == KTL_NEAR_CRITICAL_LIQUID || std::fabs(t - 350.0) < 1.0;
+        region == KTL_NEAR_CRITICAL_STEAM || region == KTL_NEAR_CRITICAL_WATER || std::fabs(t - 350.0) < 1.0;
     if (!beside) return 0.0;
     return y == &Values::s ? 0.001 : 0.5;
 }

@@ -80,7 +80,7 @@ void solve(const Finder& finder, const Values& state, Tally& tally) {
     tally.evaluations += used;
     if (used > tally.most_evaluations) tally.most_evaluations = used;
     double off = INFINITY;
-    if (region >= KTL_LIQUID && region <= KTL_WET) {
+    if (region >= KTL_WATER && region <= KTL_WET) {
         const Values got = sweep::evaluate(region, first, second);
         off = std::fmax(deviation(state, got, finder.first), deviation(state, got, finder.second));
         if (!finder.given && !sweep::suits(region, got)) off = INFINITY;

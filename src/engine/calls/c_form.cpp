@@ -40,9 +40,9 @@ static_assert(same(KTL_PROPERTY_P, Property::p) && same(KTL_PROPERTY_T, Property
               same(KTL_PROPERTY_KINEMATIC_VISCOSITY, Property::kinematic_viscosity) &&
               same(KTL_PROPERTY_CONDUCTIVITY, Property::conductivity) &&
               same(KTL_PROPERTY_PRANDTL, Property::prandtl) && same(property_count, KTL_PROPERTY_PRANDTL + 1));
-static_assert(same(KTL_LIQUID, Region::water) && same(KTL_STEAM, Region::steam) &&
+static_assert(same(KTL_WATER, Region::water) && same(KTL_STEAM, Region::steam) &&
               same(KTL_NEAR_CRITICAL_STEAM, Region::near_critical_steam) &&
-              same(KTL_NEAR_CRITICAL_LIQUID, Region::near_critical_water) &&
+              same(KTL_NEAR_CRITICAL_WATER, Region::near_critical_water) &&
               same(KTL_WET_NEAR_CRITICAL, Region::wet_near_critical) && same(KTL_WET, Region::wet) &&
               same(KTL_NO_STATE, Region::none));
 using Fault = BatchResult::Fault;

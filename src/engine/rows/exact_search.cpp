@@ -82,7 +82,7 @@ Solution at_pressure_temperature(double p, double t) {
         out.status = Status::undetermined;
         return out;
     }
-    if (!(t > ktl_lc.t3min)) return solution({p > ps ? KTL_LIQUID : KTL_STEAM, p, t, {}});
+    if (!(t > ktl_lc.t3min)) return solution({p > ps ? KTL_WATER : KTL_STEAM, p, t, {}});
     if (!(p > boundary_pressure(t))) return solution({KTL_STEAM, p, t, {}});
     return solution(searches::confirmed(near_critical_at(p, t, outermost),
                                         {Quantity::pressure, p, Quantity::temperature, t, outermost}));
@@ -101,7 +101,7 @@ Solution of_quality(Quantity line, double value, double x) {
 
 /// Derivative of a property of water by its pressure (where by_pressure) or its temperature.
 double slope_of_water(Quantity y, double p, double t, bool by_pressure) {
-    const Dual slope = property(y, KTL_LIQUID, Dual(p, 1.0, 0.0), Dual(t, 0.0, 1.0));
+    const Dual slope = property(y, KTL_WATER, Dual(p, 1.0, 0.0), Dual(t, 0.0, 1.0));
     return by_pressure ? slope.first : slope.second;
 }
 
@@ -109,7 +109,7 @@ double slope_of_water(Quantity y, double p, double t, bool by_pressure) {
 Status past_end_of_isobar(Quantity y, double p, double value) {
     if (value > property(y, KTL_STEAM, p, ktl_lc.tmax)) return Status::temperature_high;
     const bool least = slope_of_water(y, p, ktl_lc.tmin, false) > 0.0;
-    return least && value < property(y, KTL_LIQUID, p, ktl_lc.tmin) ? Status::temperature_low : Status::no_state;
+    return least && value < property(y, KTL_WATER, p, ktl_lc.tmin) ? Status::temperature_low : Status::no_state;
 }
 /// The end of the isotherm beyond which the value lies. Where a property of water turns its least value is no end.
 Status past_end_of_isotherm(Quantity y, double t, double value) {
@@ -173,7 +173,7 @@ struct Several {
 void add_others(const PairPlan& plan, double a, double b, Several& found) {
     const bool isobar = plan.method == SearchMethod::isobar;
     const int region = found.states.front().region;
-    const bool may_turn = isobar == (plan.b == Quantity::volume) && (region == KTL_LIQUID || region == KTL_WET) &&
+    const bool may_turn = isobar == (plan.b == Quantity::volume) && (region == KTL_WATER || region == KTL_WET) &&
                           (isobar || a <= ktl_lc.t1max);
     if (!may_turn) return;
     const Given given{plan.a, a, plan.b, b, outermost};
