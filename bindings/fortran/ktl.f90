@@ -202,11 +202,11 @@ module ktl
         end subroutine ktl_prepared_state
 
         ! Slope of the saturation line that psl1 last left in this thread: (p / 80.3334) d ln p / d theta.
-        real(c_double) function ktl_saturation_slope() bind(c, name='ktl_saturation_slope')
+        real(c_double) function ktl_last_psl1_slope() bind(c, name='ktl_last_psl1_slope')
             import :: c_double
-        end function ktl_saturation_slope
+        end function ktl_last_psl1_slope
     end interface
-    public :: ktl_id, ktlftn, ktler, ktl_prepared_state, ktl_saturation_slope
+    public :: ktl_id, ktlftn, ktler, ktl_prepared_state, ktl_last_psl1_slope
 
     public :: ktl_properties
 

@@ -22,7 +22,7 @@ KTL_API void ktl_prepared_state(double& p, double& t, double& v) {
     t = ktl_cu.t;
     v = ktl_cu.v;
 }
-KTL_API double ktl_saturation_slope() { return ktl_nt.dpdt; }
+KTL_API double ktl_last_psl1_slope() { return ktl_nt.dpdt; }
 }
 
 namespace ktl::fortran {
