@@ -19,7 +19,7 @@ void one_state() {
 
 /// 100 degC and 430 kJ/kg: a mixture, or water under pressure.
 void several_states() {
-    const int count = ktl::states(ktl::Pair::th, 100.0, 430.0);
+    const int count = ktl::state_count(ktl::Pair::th, 100.0, 430.0);
     for (int number = 0; number < count; ++number) {
         const ktl::State state = ktl::state(ktl::Pair::th, 100.0, 430.0, number);
         std::printf("state %d: %.4f bar%s\n", number, state.p(), state.two_phase() ? ", two phases" : "");

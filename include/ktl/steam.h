@@ -126,8 +126,8 @@ struct ktl_state {
 /* A point of the saturation line with both phases. */
 struct ktl_saturation {
     int status;
-    double p, t; /* bar, degC */
-    double dpdt; /* slope of the line, bar/K */
+    double p, t;  /* bar, degC */
+    double slope; /* dp/dt of the line, bar/K */
     struct ktl_phase liquid, vapour;
 };
 
@@ -138,12 +138,12 @@ KTL_API const char* ktl_sentence(int status);
 KTL_API int ktl_state_of(int pair, double a, double b, struct ktl_state* state);
 /* How many states have both values, 0 to 3, and the one of that number, from 0. */
 KTL_API int ktl_state_count(int pair, double a, double b);
-KTL_API int ktl_state_number(int pair, double a, double b, int number, struct ktl_state* state);
+KTL_API int ktl_state_nth(int pair, double a, double b, int number, struct ktl_state* state);
 
 /* Saturation line, 0.01 to 374.15 degC: bar at degC, degC at bar, and dp/dt in bar/K at degC; not-a-number outside. */
 KTL_API double ktl_saturation_pressure(double t);
 KTL_API double ktl_saturation_temperature(double p);
-KTL_API double ktl_saturation_dpdt(double t);
+KTL_API double ktl_saturation_slope(double t);
 /* The same for columns of n values. */
 KTL_API void ktl_saturation_pressures(const double* t, double* p, size_t n);
 KTL_API void ktl_saturation_temperatures(const double* p, double* t, size_t n);

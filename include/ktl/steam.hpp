@@ -179,13 +179,13 @@ private:
 /// The state that has both values.
 ///
 /// Both are reproduced to 1e-10, relative (h, u, s near zero: to 1e-9 kJ/kg and kJ/(kg K)). Where several states have
-/// them, one of which is the rule: see states() and the manual. Any bit pattern may be given.
+/// them, one of which is the rule: see state_count() and the manual. Any bit pattern may be given.
 [[nodiscard]] KTL_API State state(Pair pair, double a, double b) noexcept;
 
 /// How many states have both values: 0, 1, or up to 3. More than one: p, v in water below 4 degC (by falling
 /// temperature), t with h, s or u in water (by rising pressure), s, x between x = 0.37 and 0.62 (by rising temperature).
-[[nodiscard]] KTL_API int states(Pair pair, double a, double b) noexcept;
-/// The state of that number, from 0, which is the one that state() gives; no_state from states() on.
+[[nodiscard]] KTL_API int state_count(Pair pair, double a, double b) noexcept;
+/// The state of that number, from 0, which is the one that state() gives; no_state from state_count() on.
 [[nodiscard]] KTL_API State state(Pair pair, double a, double b, int number) noexcept;
 
 // ---- Saturation line, 0.01 to 374.15 degC ----------------------------------------------------------------------------

@@ -81,7 +81,7 @@ TEST(Choice, EveryStateOfAPairIsOffered) {
     };
     for (const Row& row : rows) {
         SCOPED_TRACE(row.what);
-        const int count = ktl::states(row.pair, row.a, row.b);
+        const int count = ktl::state_count(row.pair, row.a, row.b);
         EXPECT_EQ(count, static_cast<int>(row.low.size()));
         EXPECT_EQ(ktl::state(row.pair, row.a, row.b, count).status(), ktl::Status::no_state);
         for (int n = 0; n < count; ++n) {
@@ -126,7 +126,7 @@ TEST(Choice, QualityLinesAreCounted) {
     for (const double x : {0.2, 0.37, 0.4, 0.45, 0.5, 0.55, 0.6, 0.62, 0.8}) {
         for (double s = 3.0; s < 6.0; s += 0.0517) {
             const Crossings expected = crossings(s, x);
-            EXPECT_EQ(ktl::states(Pair::sx, s, x), expected.count) << s << ", " << x;
+            EXPECT_EQ(ktl::state_count(Pair::sx, s, x), expected.count) << s << ", " << x;
             expect_coldest(s, x, expected);
             most = std::max(most, expected.count);
         }

@@ -62,7 +62,7 @@ TEST(Statuses, NameTheLimit) {
     for (const Row& row : rows) {
         const State found = ktl::state(row.pair, row.a, row.b);
         EXPECT_EQ(found.status(), row.status) << static_cast<int>(row.pair) << ": " << row.a << ", " << row.b;
-        EXPECT_EQ(ktl::states(row.pair, row.a, row.b), found ? 1 : 0);
+        EXPECT_EQ(ktl::state_count(row.pair, row.a, row.b), found ? 1 : 0);
     }
 }
 
@@ -121,7 +121,7 @@ TEST(Statuses, AnyBitsAreBorne) {
         const bool stands = found.status() == Status::solved;
         EXPECT_EQ(std::isfinite(found.v()) && std::isfinite(found.h()) && std::isfinite(found.s()), stands)
             << static_cast<int>(pair) << ": " << a << ", " << b;
-        EXPECT_LE(ktl::states(pair, a, b), 3);
+        EXPECT_LE(ktl::state_count(pair, a, b), 3);
     }
 }
 

@@ -86,7 +86,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const double b = fuzz::given(bytes, fuzz::letters[index][1]);
     const State found = state(pair, a, b);
     check(pair, a, b, found);
-    const int count = states(pair, a, b);
+    const int count = state_count(pair, a, b);
     promise(count >= 0 && count <= 3 && (count > 0) == static_cast<bool>(found), "count", pair, a, b);
     for (int number = 0; number < count; ++number) {
         const State one = state(pair, a, b, number);

@@ -100,7 +100,7 @@ int hand_over(const Saturation& from, ktl_saturation* to) {
     to->status = status;
     to->p = from.p;
     to->t = from.t;
-    to->dpdt = from.slope;
+    to->slope = from.slope;
     fill(to->liquid, from.liquid);
     fill(to->vapour, from.vapour);
     return status;
@@ -119,15 +119,15 @@ int ktl_state_of(int pair, double a, double b, ktl_state* state) {
     return hand_over(ktl::state(enumerator<Pair>(pair), a, b), state);
 }
 
-int ktl_state_count(int pair, double a, double b) { return states(enumerator<Pair>(pair), a, b); }
+int ktl_state_count(int pair, double a, double b) { return state_count(enumerator<Pair>(pair), a, b); }
 
-int ktl_state_number(int pair, double a, double b, int number, ktl_state* state) {
+int ktl_state_nth(int pair, double a, double b, int number, ktl_state* state) {
     return hand_over(ktl::state(enumerator<Pair>(pair), a, b, number), state);
 }
 
 double ktl_saturation_pressure(double t) { return saturation_pressure(t); }
 double ktl_saturation_temperature(double p) { return saturation_temperature(p); }
-double ktl_saturation_dpdt(double t) { return saturation_slope(t); }
+double ktl_saturation_slope(double t) { return saturation_slope(t); }
 
 void ktl_saturation_pressures(const double* t, double* p, size_t n) {
     if (t != nullptr && p != nullptr) saturation_pressure({t, n}, {p, n});

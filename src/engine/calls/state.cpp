@@ -57,6 +57,6 @@ State state(Pair pair, double a, double b, int number) noexcept {
     return StateBuilder::state(engine::evaluated(engine::search(pair, a, b, number)));
 }
 
-int states(Pair pair, double a, double b) noexcept { return engine::count_states(pair, a, b); }
+int state_count(Pair pair, double a, double b) noexcept { return engine::count_states(pair, a, b); }
 
 } // namespace ktl
