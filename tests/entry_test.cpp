@@ -140,8 +140,8 @@ TEST(Entry, SinglePhases) {
     const double t = 100.0;
     const double v1 = ktl_c1(10.0, t);
     const double lambda = ktl_cj(v1, t) * 0.001;
-    EXPECT_EQ(ask(KTL_WATER, 10.0, t, all), (Values{10.0, t, v1, ktl_d1(10.0, t), ktl_e1(10.0, t), 0.0,
-                                                     ktl_h1(10.0, t), ktl_ci(v1, t), lambda, untouched}));
+    EXPECT_EQ(ask(KTL_WATER, 10.0, t, all), (Values{10.0, t, v1, ktl_d1(10.0, t), ktl_e1(10.0, t), 0.0, ktl_h1(10.0, t),
+                                                    ktl_ci(v1, t), lambda, untouched}));
     EXPECT_EQ(value(KTL_WATER, 10.0, t, "TC."), lambda) << "alone, too, it finds its volume";
     const double v2 = ktl_c2(1.0, t);
     EXPECT_EQ(ask(KTL_STEAM, 1.0, t, all), (Values{1.0, t, v2, ktl_d2(1.0, t), ktl_e2(1.0, t), 1.0, ktl_h2(1.0, t),

@@ -16,10 +16,10 @@ module ktl
 
     ! ---- Regions: what a finder returns, and what its two arguments then hold ----------------------------------------
 
-    integer(c_int), parameter, public :: ktl_liquid = 1               ! sub-region 1, water up to 350 degC: p, t
+    integer(c_int), parameter, public :: ktl_water = 1                ! sub-region 1, water up to 350 degC: p, t
     integer(c_int), parameter, public :: ktl_steam = 2                ! sub-region 2, steam: p, t
     integer(c_int), parameter, public :: ktl_near_critical_steam = 3  ! sub-region 3, steam, and above 374.15 degC: v, t
-    integer(c_int), parameter, public :: ktl_near_critical_liquid = 4 ! sub-region 3, water, 350 to 374.15 degC: v, t
+    integer(c_int), parameter, public :: ktl_near_critical_water = 4  ! sub-region 3, water, 350 to 374.15 degC: v, t
     integer(c_int), parameter, public :: ktl_wet_near_critical = 5    ! two phases, saturated above 350 degC: x, t
     integer(c_int), parameter, public :: ktl_wet = 6                  ! two phases, saturated up to 350 degC: x, t
     integer(c_int), parameter, public :: ktl_no_state = 7             ! no valid state: arguments as given

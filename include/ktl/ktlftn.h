@@ -58,12 +58,12 @@ extern "C" {
 /** Region number that a state finder returns, and what its two arguments then hold. */
 enum ktl_region {
     KTL_WATER = 1,               /**< sub-region 1, water up to 350 degC: p, t */
-    KTL_STEAM = 2,                /**< sub-region 2, steam: p, t */
-    KTL_NEAR_CRITICAL_STEAM = 3,  /**< sub-region 3, steam side and above 374.15 degC: v, t */
+    KTL_STEAM = 2,               /**< sub-region 2, steam: p, t */
+    KTL_NEAR_CRITICAL_STEAM = 3, /**< sub-region 3, steam side and above 374.15 degC: v, t */
     KTL_NEAR_CRITICAL_WATER = 4, /**< sub-region 3, water between 350 and 374.15 degC: v, t */
-    KTL_WET_NEAR_CRITICAL = 5,    /**< two phases, saturation temperature above 350 degC: x, t */
-    KTL_WET = 6,                  /**< two phases, saturation temperature up to 350 degC: x, t */
-    KTL_NO_STATE = 7              /**< no valid state: both arguments as they were given */
+    KTL_WET_NEAR_CRITICAL = 5,   /**< two phases, saturation temperature above 350 degC: x, t */
+    KTL_WET = 6,                 /**< two phases, saturation temperature up to 350 degC: x, t */
+    KTL_NO_STATE = 7             /**< no valid state: both arguments as they were given */
 };
 
 /** A state finder: overwrites the two known values with the variables of the region that it returns. */

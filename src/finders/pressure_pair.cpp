@@ -72,8 +72,7 @@ int below_critical(double& p, double& h, double eps) {
     double b = ktl_lc.v3min;
     const double vp = ktl_i2(ktl_a3, ts, p, a, b, eps);
     const double hp = ktl_d3(vp, ts);
-    if (hp > h)
-        return near_critical(p, h, ktl_c1(p, ktl_lc.t1max), vp, ktl_lc.t1max, ts, eps, KTL_NEAR_CRITICAL_WATER);
+    if (hp > h) return near_critical(p, h, ktl_c1(p, ktl_lc.t1max), vp, ktl_lc.t1max, ts, eps, KTL_NEAR_CRITICAL_WATER);
     a = std::max(0.08611 - 0.000222 * ts, ktl_lc.vca);
     b = ktl_lc.v3max;
     const double vpp = ktl_i2(ktl_a3, ts, p, a, b, eps);
