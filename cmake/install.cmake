@@ -23,7 +23,7 @@ endfunction()
 ktl_install_libraries(runtime dev ktl-targets ktl ktl_static)
 ktl_install_pc(ktl dev)
 install(DIRECTORY include/ktl DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} COMPONENT dev
-        FILES_MATCHING PATTERN "*.h" PATTERN "*.hpp")
+        FILES_MATCHING PATTERN "*.h" PATTERN "*.hpp" PATTERN "*.def")
 
 write_basic_package_version_file(${PROJECT_BINARY_DIR}/ktl-config-version.cmake COMPATIBILITY SameMinorVersion)
 configure_package_config_file(cmake/ktl-config.cmake.in ${PROJECT_BINARY_DIR}/ktl-config.cmake

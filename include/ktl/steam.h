@@ -1,8 +1,8 @@
 /* ktl: properties of water and steam after the 1967 IFC Formulation for Industrial Use (IFC-67).
  *
  * The calls of steam.hpp in plain C, for C and for languages that call C. Meaning, units, range and limits are those
- * of steam.hpp. Nothing here prints, allocates, keeps global data or stops the program, and everything may be called
- * from any thread.
+ * of steam.hpp. No call prints, keeps global data or stops the program, and none allocates, except that ktl_batch
+ * starts the threads it is asked for. Every call may be made from any thread at any time.
  *
  *     struct ktl_state s;
  *     if (ktl_state_of(KTL_PAIR_PH, 100.0, 2800.0, &s) == KTL_STATUS_SOLVED)
@@ -10,7 +10,11 @@
  *     else
  *         puts(ktl_sentence(s.status));
  *
- * Enumerators are passed as int, so that any number may be passed; those outside an enumeration give no state. */
+ * Pairs, properties and statuses are listed once, with unit and meaning, in ktl/pairs.def, ktl/properties.def and
+ * ktl/status.def; the enumerations and members below are made from these lists.
+ *
+ * Enumerators are passed as int, so that any number may be passed; a number outside an enumeration gives no state.
+ * Wherever there is no value, the number is not-a-number (NaN). */
 #ifndef KTL_STEAM_H
 #define KTL_STEAM_H
 
@@ -22,161 +26,114 @@
 extern "C" {
 #endif
 
-/* The two properties that a state is given by, in this order. */
+/* The two known values of a state, in the order of the letters: KTL_PAIR_PT, KTL_PAIR_PH and so on. */
 enum ktl_pair_code {
-    KTL_PAIR_PT,
-    KTL_PAIR_PH,
-    KTL_PAIR_PS,
-    KTL_PAIR_PU,
-    KTL_PAIR_PV,
-    KTL_PAIR_PX,
-    KTL_PAIR_TV,
-    KTL_PAIR_TH,
-    KTL_PAIR_TS,
-    KTL_PAIR_TU,
-    KTL_PAIR_TX,
-    KTL_PAIR_SX,
-    KTL_PAIR_HS,
-    KTL_PAIR_US,
-    KTL_PAIR_VH,
-    KTL_PAIR_VS,
-    KTL_PAIR_VU
+#define KTL_DEFINE_PAIR(pair, PAIR, a, b) KTL_PAIR_##PAIR,
+#include <ktl/pairs.def>
+    KTL_PAIR_COUNT /* how many there are */
 };
 
-/* What became of a request. */
+/* What became of a request: KTL_STATUS_SOLVED, or the reason why it was not solved. */
 enum ktl_status_code {
-    KTL_STATUS_SOLVED,
-    KTL_STATUS_UNDETERMINED,
-    KTL_STATUS_NOT_A_NUMBER,
-    KTL_STATUS_PRESSURE_LOW,
-    KTL_STATUS_PRESSURE_HIGH,
-    KTL_STATUS_TEMPERATURE_LOW,
-    KTL_STATUS_TEMPERATURE_HIGH,
-    KTL_STATUS_QUALITY_LOW,
-    KTL_STATUS_QUALITY_HIGH,
-    KTL_STATUS_ABOVE_CRITICAL,
-    KTL_STATUS_NO_STATE,
-    KTL_STATUS_CANCELLED
+#define KTL_DEFINE_STATUS(status, STATUS, sentence) KTL_STATUS_##STATUS,
+#include <ktl/status.def>
+    KTL_STATUS_COUNT /* how many there are */
 };
 
-/* The properties that ktl_batch gives. */
+/* The properties that ktl_batch gives: KTL_PROPERTY_P, KTL_PROPERTY_SPEED_OF_SOUND and so on. */
 enum ktl_property_code {
-    KTL_PROPERTY_P,
-    KTL_PROPERTY_T,
-    KTL_PROPERTY_V,
-    KTL_PROPERTY_RHO,
-    KTL_PROPERTY_H,
-    KTL_PROPERTY_S,
-    KTL_PROPERTY_U,
-    KTL_PROPERTY_X,
-    KTL_PROPERTY_GIBBS,
-    KTL_PROPERTY_HELMHOLTZ,
-    KTL_PROPERTY_REGION,
-    KTL_PROPERTY_CP,
-    KTL_PROPERTY_CV,
-    KTL_PROPERTY_SPEED_OF_SOUND,
-    KTL_PROPERTY_ISENTROPIC_EXPONENT,
-    KTL_PROPERTY_COMPRESSIBILITY,
-    KTL_PROPERTY_EXPANSION,
-    KTL_PROPERTY_JOULE_THOMSON,
-    KTL_PROPERTY_VISCOSITY,
-    KTL_PROPERTY_KINEMATIC_VISCOSITY,
-    KTL_PROPERTY_CONDUCTIVITY,
-    KTL_PROPERTY_PRANDTL
+#define KTL_DEFINE_PROPERTY(property, PROPERTY, unit, code, meaning) KTL_PROPERTY_##PROPERTY,
+#include <ktl/properties.def>
+    KTL_PROPERTY_COUNT /* how many there are */
 };
 
-/* One homogeneous phase. A phase that does not stand has not-a-number everywhere and region 7. */
+/* One homogeneous phase. It has a double for each property but the quality, in the unit and the order of
+ * ktl/properties.def: p, t, v, rho, h, s, u, gibbs, helmholtz, cp, cv, speed_of_sound and so on. If the phase does not
+ * exist all of them are NaN and the region is 7. */
 struct ktl_phase {
-    double p;                   /* bar */
-    double t;                   /* degC */
-    double v;                   /* m3/kg */
-    double rho;                 /* kg/m3 */
-    double h;                   /* kJ/kg */
-    double s;                   /* kJ/(kg K) */
-    double u;                   /* kJ/kg */
-    double gibbs;               /* kJ/kg */
-    double helmholtz;           /* kJ/kg */
-    double cp;                  /* kJ/(kg K) */
-    double cv;                  /* kJ/(kg K) */
-    double speed_of_sound;      /* m/s */
-    double isentropic_exponent; /* 1 */
-    double compressibility;     /* 1/bar */
-    double expansion;           /* 1/K */
-    double joule_thomson;       /* K/bar */
-    double viscosity;           /* Pa s */
-    double kinematic_viscosity; /* m2/s */
-    double conductivity;        /* W/(m K) */
-    double prandtl;             /* 1 */
-    int region;                 /* 1 to 7, as ktl_region in ktlftn.h */
+#define KTL_DEFINE_PROPERTY(property, PROPERTY, unit, code, meaning) double property;
+#define KTL_DEFINE_STATE_PROPERTY(property, PROPERTY, unit, code, meaning)
+#define KTL_DEFINE_REGION_PROPERTY(property, PROPERTY, unit, code, meaning)
+#include <ktl/properties.def>
+    int region; /* 1 to 7, as ktl_region in ktlftn.h */
 };
 
-/* A state, in the units of ktl_phase. In two phases v to helmholtz are those of the mixture, and the properties from
- * cp on are not-a-number. Unless the status is solved all are, but for p and t of an undetermined state. */
+/* A state. It has a double for each property, in the unit and the order of ktl/properties.def: p, t, v, rho, h, s, u, x
+ * and so on. In two phases v, rho, h, s, u, gibbs and helmholtz are those of the mixture, and cp and all that follow it
+ * are NaN; x is NaN in one phase. Unless the status is solved all are NaN, except p and t of an undetermined state. */
 struct ktl_state {
     int status; /* enum ktl_status_code */
-    int region;
-    double p, t, v, rho, h, s, u;
-    double x; /* quality; not-a-number in one phase */
-    double gibbs, helmholtz;
-    double cp, cv, speed_of_sound, isentropic_exponent, compressibility, expansion, joule_thomson;
-    double viscosity, kinematic_viscosity, conductivity, prandtl;
-    struct ktl_phase liquid, vapour; /* saturated phases of a two-phase or undetermined state */
+    int region; /* 1 to 7, as ktl_region in ktlftn.h */
+#define KTL_DEFINE_PROPERTY(property, PROPERTY, unit, code, meaning) double property;
+#define KTL_DEFINE_REGION_PROPERTY(property, PROPERTY, unit, code, meaning)
+#include <ktl/properties.def>
+    struct ktl_phase liquid, vapour; /* saturated phases of a two-phase or undetermined state; else they do not exist */
 };
 
-/* A point of the saturation line with both phases. */
+/* A point of the saturation line with both phases. Unless the status is solved the numbers are NaN and the phases do
+ * not exist. */
 struct ktl_saturation {
-    int status;
+    int status;   /* enum ktl_status_code */
     double p, t;  /* bar, degC */
     double slope; /* dp/dt of the line, bar/K */
     struct ktl_phase liquid, vapour;
 };
 
-/* A sentence in plain English for each status. */
+/* The sentence of a status in plain English; "unknown status" for a number outside the enumeration. Never null. */
 KTL_API const char* ktl_sentence(int status);
 
-/* The state that has both values; where several have them, the one of the rule in the manual. Returns its status. */
+/* Computes the state in which the two properties of the pair have the values a and b: if there are several, the first
+ * one by the rule in steam.hpp. state may be null. Returns the status. */
 KTL_API int ktl_state_of(int pair, double a, double b, struct ktl_state* state);
-/* How many states have both values, 0 to 3, and the one of that number, from 0. */
+/* Returns the number of states that have both values; 0 if ktl_state_of does not return KTL_STATUS_SOLVED. */
 KTL_API int ktl_state_count(int pair, double a, double b);
+/* Computes the n-th of them, 0 <= number < ktl_state_count(pair, a, b); number 0 is that of ktl_state_of. Returns the
+ * status, KTL_STATUS_NO_STATE for any other number. */
 KTL_API int ktl_state_nth(int pair, double a, double b, int number, struct ktl_state* state);
 
-/* Saturation line, 0.01 to 374.15 degC: bar at degC, degC at bar, and dp/dt in bar/K at degC; not-a-number outside. */
+/* Saturation line: pressure, bar, and slope dp/dt, bar/K, at t (degC), temperature, degC, at p (bar). NaN outside 0.01
+ * to 374.15 degC, 0.006112444 to 221.2 bar. */
 KTL_API double ktl_saturation_pressure(double t);
 KTL_API double ktl_saturation_temperature(double p);
 KTL_API double ktl_saturation_slope(double t);
-/* The same for columns of n values. */
+/* The same for columns of n values. If a column is null nothing is done. */
 KTL_API void ktl_saturation_pressures(const double* t, double* p, size_t n);
 KTL_API void ktl_saturation_temperatures(const double* p, double* t, size_t n);
-/* The point of the line with both phases. Returns its status. */
+/* Computes the point of the line at t (degC) or p (bar). point may be null. Returns the status: not KTL_STATUS_SOLVED
+ * outside the line. */
 KTL_API int ktl_saturation_at_temperature(double t, struct ktl_saturation* point);
 KTL_API int ktl_saturation_at_pressure(double p, struct ktl_saturation* point);
 
-/* Told how many rows are done, by one thread at a time. Return 0 to cancel the rest. */
+/* A function of the caller that ktl_batch calls with the number of rows done so far, from one thread at a time and not
+ * always the same one. Return 0 to cancel: rows not yet begun get KTL_STATUS_CANCELLED. */
 typedef int (*ktl_progress)(void* context, size_t done, size_t total);
 
 struct ktl_batch_options {
-    unsigned threads;      /* 0: as many as the machine runs at once */
-    ktl_progress progress; /* called at least every 65,536 rows, and at the end; may be null */
-    void* context;         /* handed to progress */
+    unsigned threads;      /* threads to compute on, the caller's included, at most 256; 0: one for each processor */
+    ktl_progress progress; /* called at least every 65,536 rows and at the end, unless null */
+    void* context;         /* first argument of progress */
 };
 
-/* What keeps a batch from starting: nothing is done then. */
+/* Why a batch did nothing: no output and no status was written. */
 enum ktl_fault_code {
-    KTL_FAULT_NONE,
-    KTL_FAULT_LENGTHS_DIFFER, /* in C: a, b or status is null */
-    KTL_FAULT_COLUMNS_DIFFER, /* in C: properties, outputs or one of the outputs is null */
-    KTL_FAULT_UNKNOWN_PAIR,
-    KTL_FAULT_UNKNOWN_PROPERTY
+    KTL_FAULT_NONE,            /* the batch was computed */
+    KTL_FAULT_LENGTHS_DIFFER,  /* a, b or status is null */
+    KTL_FAULT_COLUMNS_DIFFER,  /* properties, outputs or one of the outputs is null */
+    KTL_FAULT_UNKNOWN_PAIR,    /* the pair is outside its enumeration */
+    KTL_FAULT_UNKNOWN_PROPERTY /* a property is outside its enumeration */
 };
 
 struct ktl_batch_result {
     int fault;     /* enum ktl_fault_code */
-    int cancelled; /* 1 where rows were left */
-    size_t solved; /* rows with KTL_STATUS_SOLVED */
+    int cancelled; /* 1 if some rows have KTL_STATUS_CANCELLED, else 0 */
+    size_t solved; /* the number of rows with KTL_STATUS_SOLVED */
 };
 
-/* The states of rows (a[i], b[i]): outputs[k][i] gets the property properties[k] (enum ktl_property_code), status[i] what
- * became of the row (enum ktl_status_code). Options may be null: one thread. Results depend on nothing but a row's values. */
+/* Computes the states of many rows: for each i below rows the state with the values a[i], b[i]. outputs[k][i] receives
+ * the property properties[k] (enum ktl_property_code), k below columns, and status[i] the status (enum
+ * ktl_status_code). A row depends on its two values alone and has the bits of ktl_state_of. The outputs of a row that
+ * is not solved are NaN, except p and t of an undetermined one. Outputs must overlap neither the given columns nor one
+ * another. options may be null: one thread, no progress. */
 KTL_API struct ktl_batch_result ktl_batch(int pair, const double* a, const double* b, size_t rows,
                                           const unsigned char* properties, double* const* outputs, size_t columns,
                                           unsigned char* status, const struct ktl_batch_options* options);

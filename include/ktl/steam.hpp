@@ -1,15 +1,20 @@
 // ktl: properties of water and steam after the 1967 IFC Formulation for Industrial Use (IFC-67).
 //
-// The calls for new programs. One solve gives a state with all its properties; columns of states run in vector lanes
-// and on several threads. Nothing here prints, throws, allocates, keeps global data or stops the program, and
-// everything may be called from any thread.
+// The calls for new programs. One solve gives a state with all its properties; columns of states are computed in vector
+// lanes and on several threads. No call prints, throws, keeps global data or stops the program. No call allocates,
+// except that batch() starts the threads it is asked for. Every call may be made from any thread at any time.
 //
 //     const ktl::State s = ktl::state(ktl::Pair::ph, 100.0, 2800.0);
 //     if (s) std::printf("%g degC, %g m3/kg\n", s.t(), s.v());
 //     else std::puts(ktl::sentence(s.status()));
 //
-// Units: bar, degC, m3/kg, kJ/kg, kJ/(kg K); others where a property is declared.
-// Valid range: 0.01 to 800 degC, 0.006112444 to 1000 bar, one phase or two; limits belong to the range.
+// Units: pressure in bar, temperature in degC, specific volume in m3/kg, specific enthalpy and internal energy in
+// kJ/kg, specific entropy in kJ/(kg K), quality in kg/kg; ktl/properties.def has those of all properties.
+// Valid range: 0.01 to 800 degC and 0.006112444 to 1000 bar, one phase or two. The limits belong to the range, and a
+// value past a limit by up to 5e-11 of it counts as the limit.
+//
+// Pairs, properties and statuses are listed once, with unit and meaning, in ktl/pairs.def, ktl/properties.def and
+// ktl/status.def. The enumerations below, and the functions of Phase and State, are made from these lists.
 //
 // Source of the equations: "The 1967 IFC Formulation for Industrial Use", International Formulation Committee of the
 // Sixth International Conference on the Properties of Steam, 1967; viscosity and conductivity as in ktlftn.h.
@@ -19,230 +24,226 @@
 #include <cstdint>
 #include <ktl/api.h>
 #include <ktl/version.h>
+#include <limits>
 #include <span>
 
 namespace ktl {
 
-/// The two properties that a state is given by, in this order: p pressure, t temperature, v specific volume,
-/// h enthalpy, s entropy, u internal energy, x quality (mass fraction of steam in a two-phase state).
-enum class Pair : std::uint8_t { pt, ph, ps, pu, pv, px, tv, th, ts, tu, tx, sx, hs, us, vh, vs, vu };
-inline constexpr std::size_t pair_count = 17;
-
-/// What became of a request.
-enum class Status : std::uint8_t {
-    solved,           ///< the state stands with all its properties
-    undetermined,     ///< p, t on the saturation line: the saturated phases stand, how much of each is open
-    not_a_number,     ///< a given value is not a number, or infinite
-    pressure_low,     ///< the given pressure, or that of the state, is below 0.006112444 bar
-    pressure_high,    ///< the given pressure, or that of the state, is above 1000 bar
-    temperature_low,  ///< the given temperature, or that of the state, is below 0.01 degC
-    temperature_high, ///< the given temperature, or that of the state, is above 800 degC
-    quality_low,      ///< the given quality is below 0
-    quality_high,     ///< the given quality is above 1
-    above_critical,   ///< a quality is given with a pressure or temperature above the critical one
-    no_state,         ///< no state of the range has both values
-    cancelled,        ///< batch calls: stopped before this row was reached
+/// The two known values of a state, in the order of the letters: pt, ph, ps, pu, pv and so on. p pressure, t
+/// temperature, v specific volume, h specific enthalpy, s specific entropy, u specific internal energy, x quality (mass
+/// fraction of steam in a two-phase state). All pairs: ktl/pairs.def.
+enum class Pair : std::uint8_t {
+#define KTL_DEFINE_PAIR(pair, PAIR, a, b) pair,
+#include <ktl/pairs.def>
 };
-inline constexpr std::size_t status_count = 12;
+inline constexpr std::size_t pair_count = 0
+#define KTL_DEFINE_PAIR(pair, PAIR, a, b) +1
+#include <ktl/pairs.def>
+    ;
 
-/// A sentence in plain English for each status: "solved", "the pressure is below 0.006112444 bar", ...
+/// What became of a request: solved, or the reason why not. All statuses with their sentences: ktl/status.def.
+enum class Status : std::uint8_t {
+#define KTL_DEFINE_STATUS(status, STATUS, sentence) status,
+#include <ktl/status.def>
+};
+inline constexpr std::size_t status_count = 0
+#define KTL_DEFINE_STATUS(status, STATUS, sentence) +1
+#include <ktl/status.def>
+    ;
+
+/// The sentence of a status in plain English, as "the pressure is below 0.006112444 bar"; "unknown status" for a number
+/// outside the enumeration. Never null.
 KTL_API const char* sentence(Status status) noexcept;
 
-/// Where a state lies. The numbers are those of ktl_region in ktlftn.h.
+/// Where a state lies: water and steam are the two sides of the saturation line. The numbers are those of ktl_region in
+/// ktlftn.h.
 enum class Region : std::uint8_t {
-    water = 1,               ///< sub-region 1, up to 350 degC
-    steam = 2,               ///< sub-region 2
-    near_critical_steam = 3, ///< sub-region 3, steam side and above 374.15 degC
-    near_critical_water = 4, ///< sub-region 3, water between 350 and 374.15 degC
-    wet_near_critical = 5,   ///< two phases, above 350 degC
-    wet = 6,                 ///< two phases, up to 350 degC
+    water = 1,               ///< sub-region 1: water up to 350 degC
+    steam = 2,               ///< sub-region 2: steam below the boundary to sub-region 3
+    near_critical_steam = 3, ///< sub-region 3: steam up to 374.15 degC, and every state above that temperature
+    near_critical_water = 4, ///< sub-region 3: water above 350 degC, up to 374.15 degC
+    wet_near_critical = 5,   ///< two phases above 350 degC
+    wet = 6,                 ///< two phases up to 350 degC
     none = 7                 ///< no state
 };
 
-/// The properties of a state, for columns of results and for State::get.
+/// The properties of a state, by number: for columns of results and for get(). All of them with unit and meaning:
+/// ktl/properties.def.
 enum class Property : std::uint8_t {
-    p,                   ///< pressure, bar
-    t,                   ///< temperature, degC
-    v,                   ///< specific volume, m3/kg
-    rho,                 ///< density, kg/m3
-    h,                   ///< specific enthalpy, kJ/kg
-    s,                   ///< specific entropy, kJ/(kg K)
-    u,                   ///< specific internal energy, kJ/kg
-    x,                   ///< quality, kg/kg; not-a-number in one phase
-    gibbs,               ///< specific Gibbs energy h - T s, kJ/kg
-    helmholtz,           ///< specific Helmholtz energy u - T s, kJ/kg
-    region,              ///< number of the region, 1 to 7
-    cp,                  ///< isobaric heat capacity, kJ/(kg K); this and all below: not-a-number in two phases
-    cv,                  ///< isochoric heat capacity, kJ/(kg K)
-    speed_of_sound,      ///< m/s
-    isentropic_exponent, ///< -(v/p) (dp/dv) at constant s
-    compressibility,     ///< isothermal compressibility -(dv/dp)/v, 1/bar
-    expansion,           ///< isobaric expansion coefficient (dv/dt)/v, 1/K
-    joule_thomson,       ///< Joule-Thomson coefficient (dt/dp) at constant h, K/bar
-    viscosity,           ///< dynamic viscosity, Pa s
-    kinematic_viscosity, ///< m2/s
-    conductivity,        ///< thermal conductivity, W/(m K)
-    prandtl,             ///< Prandtl number
+#define KTL_DEFINE_PROPERTY(property, PROPERTY, unit, code, meaning) property,
+#include <ktl/properties.def>
 };
-inline constexpr std::size_t property_count = 22;
+inline constexpr std::size_t property_count = 0
+#define KTL_DEFINE_PROPERTY(property, PROPERTY, unit, code, meaning) +1
+#include <ktl/properties.def>
+    ;
 
-/// One homogeneous phase: water, steam, or either beside the other on the saturation line.
+namespace detail {
+inline constexpr double nan = std::numeric_limits<double>::quiet_NaN();
+}
+
+/// One homogeneous phase: water, steam, or one of the two saturated phases of a two-phase state.
 ///
-/// Given away by state() and saturation calls; a phase that does not stand has not-a-number everywhere. What is not
-/// kept from the solve (density and those that follow u below) is computed when asked for.
+/// Returned by state() and the saturation calls. If the phase does not exist, and by default, region() is none and
+/// every property is NaN. At the critical point cp(), compressibility() and expansion() are infinite.
 class Phase {
 public:
-    [[nodiscard]] double p() const noexcept { return p_; }             ///< pressure, bar
-    [[nodiscard]] double t() const noexcept { return t_; }             ///< temperature, degC
-    [[nodiscard]] double v() const noexcept { return v_; }             ///< specific volume, m3/kg
-    [[nodiscard]] double h() const noexcept { return h_; }             ///< specific enthalpy, kJ/kg
-    [[nodiscard]] double s() const noexcept { return s_; }             ///< specific entropy, kJ/(kg K)
-    [[nodiscard]] double cp() const noexcept { return cp_; }           ///< isobaric heat capacity, kJ/(kg K)
-    [[nodiscard]] double cv() const noexcept { return cv_; }           ///< isochoric heat capacity, kJ/(kg K)
-    [[nodiscard]] KTL_API double rho() const noexcept;                 ///< density, kg/m3
-    [[nodiscard]] KTL_API double u() const noexcept;                   ///< specific internal energy, kJ/kg
-    [[nodiscard]] KTL_API double gibbs() const noexcept;               ///< specific Gibbs energy h - T s, kJ/kg
-    [[nodiscard]] KTL_API double helmholtz() const noexcept;           ///< specific Helmholtz energy u - T s, kJ/kg
-    [[nodiscard]] KTL_API double speed_of_sound() const noexcept;      ///< m/s
-    [[nodiscard]] KTL_API double isentropic_exponent() const noexcept; ///< -(v/p) (dp/dv) at constant entropy
-    /// Isothermal compressibility -(dv/dp)/v, 1/bar. Infinite at the critical point, as cp and expansion.
-    [[nodiscard]] KTL_API double compressibility() const noexcept;
-    [[nodiscard]] KTL_API double expansion() const noexcept;     ///< isobaric expansion coefficient (dv/dt)/v, 1/K
-    [[nodiscard]] KTL_API double joule_thomson() const noexcept; ///< (dt/dp) at constant enthalpy, K/bar
-    [[nodiscard]] KTL_API double viscosity() const noexcept;     ///< dynamic viscosity, Pa s
-    [[nodiscard]] KTL_API double kinematic_viscosity() const noexcept; ///< m2/s
-    [[nodiscard]] KTL_API double conductivity() const noexcept;        ///< thermal conductivity, W/(m K)
-    [[nodiscard]] KTL_API double prandtl() const noexcept;             ///< Prandtl number cp viscosity / conductivity
-    /// The property by its enumerator; x is not-a-number, the region a number.
-    [[nodiscard]] KTL_API double get(Property property) const noexcept;
-    /// Sub-region 1 or 2, or the side of sub-region 3.
+    /// A function for each property but the quality, in the unit of ktl/properties.def: p(), t(), v(), rho(), h() and
+    /// so on. Volume, enthalpy, entropy and heat capacities come from the solve; the others are computed at each call.
+#define KTL_DEFINE_PROPERTY(property, PROPERTY, unit, code, meaning)                                                   \
+    [[nodiscard]] double property() const noexcept { return get(Property::property); }
+#define KTL_DEFINE_STATE_PROPERTY(property, PROPERTY, unit, code, meaning)
+#define KTL_DEFINE_REGION_PROPERTY(property, PROPERTY, unit, code, meaning)
+#include <ktl/properties.def>
+
+    /// Sub-region 1 or 2, or the side of sub-region 3; none if the phase does not exist.
     [[nodiscard]] Region region() const noexcept { return region_; }
+
+    /// The property of that number: NaN for x and for a number outside the enumeration; the region as a number, 1 to 7.
+    [[nodiscard]] double get(Property property) const noexcept {
+        switch (property) {
+        case Property::p: return p_;
+        case Property::t: return t_;
+        case Property::v: return v_;
+        case Property::h: return h_;
+        case Property::s: return s_;
+        case Property::cp: return cp_;
+        case Property::cv: return cv_;
+        case Property::region: return static_cast<double>(region_);
+        default: return computed(property);
+        }
+    }
 
 private:
     friend struct StateBuilder;
-    double p_, t_, v_, h_, s_, cp_, cv_, speed_of_sound_squared_, dvdt_, dvdp_;
-    Region region_;
+    [[nodiscard]] KTL_API double computed(Property property) const noexcept;
+
+    double p_ = detail::nan, t_ = detail::nan, v_ = detail::nan, h_ = detail::nan, s_ = detail::nan;
+    double cp_ = detail::nan, cv_ = detail::nan, speed_of_sound_squared_ = detail::nan;
+    double dvdt_ = detail::nan, dvdp_ = detail::nan;
+    Region region_ = Region::none;
 };
 
 /// A state: its status, its properties and, in two phases, both saturated phases.
 ///
-/// Unless the status is solved every property is not-a-number, but for p and t of an undetermined state. In two phases
-/// v, h, s and u are those of the mixture, and the properties that a mixture does not have (cp, cv, speed of sound,
-/// isentropic exponent, compressibility, expansion, Joule-Thomson coefficient, viscosities, conductivity, Prandtl
-/// number) are not-a-number: ask a phase for them.
+/// Every property is NaN unless the status is solved; only p() and t() of an undetermined state are given. A state by
+/// default has the status no_state. In two phases v(), rho(), h(), s(), u(), gibbs() and helmholtz() are those of the
+/// mixture. What a mixture does not have, cp() and all that follow it in ktl/properties.def, is NaN: ask liquid() or
+/// vapour() for it.
 class State {
 public:
     [[nodiscard]] Status status() const noexcept { return status_; }
-    /// True where the state is solved.
+    /// True if the status is solved.
     explicit operator bool() const noexcept { return status_ == Status::solved; }
+    /// None unless the status is solved or undetermined.
     [[nodiscard]] Region region() const noexcept { return bulk_.region(); }
+    /// True if the state has two phases, that is a quality, or would have (undetermined).
     [[nodiscard]] bool two_phase() const noexcept {
         return region() == Region::wet || region() == Region::wet_near_critical;
     }
 
-    [[nodiscard]] double p() const noexcept { return bulk_.p(); }
-    [[nodiscard]] double t() const noexcept { return bulk_.t(); }
-    [[nodiscard]] double v() const noexcept { return bulk_.v(); }
-    [[nodiscard]] double rho() const noexcept { return bulk_.rho(); }
-    [[nodiscard]] double h() const noexcept { return bulk_.h(); }
-    [[nodiscard]] double s() const noexcept { return bulk_.s(); }
-    [[nodiscard]] double u() const noexcept { return bulk_.u(); }
-    [[nodiscard]] double x() const noexcept { return x_; } ///< quality; not-a-number in one phase
-    [[nodiscard]] double gibbs() const noexcept { return bulk_.gibbs(); }
-    [[nodiscard]] double helmholtz() const noexcept { return bulk_.helmholtz(); }
-    [[nodiscard]] double cp() const noexcept { return bulk_.cp(); }
-    [[nodiscard]] double cv() const noexcept { return bulk_.cv(); }
-    [[nodiscard]] double speed_of_sound() const noexcept { return bulk_.speed_of_sound(); }
-    [[nodiscard]] double isentropic_exponent() const noexcept { return bulk_.isentropic_exponent(); }
-    [[nodiscard]] double compressibility() const noexcept { return bulk_.compressibility(); }
-    [[nodiscard]] double expansion() const noexcept { return bulk_.expansion(); }
-    [[nodiscard]] double joule_thomson() const noexcept { return bulk_.joule_thomson(); }
-    [[nodiscard]] double viscosity() const noexcept { return bulk_.viscosity(); }
-    [[nodiscard]] double kinematic_viscosity() const noexcept { return bulk_.kinematic_viscosity(); }
-    [[nodiscard]] double conductivity() const noexcept { return bulk_.conductivity(); }
-    [[nodiscard]] double prandtl() const noexcept { return bulk_.prandtl(); }
+    /// A function for each property, in the unit of ktl/properties.def: p(), t(), v(), rho(), h(), x() and so on.
+#define KTL_DEFINE_PROPERTY(property, PROPERTY, unit, code, meaning)                                                   \
+    [[nodiscard]] double property() const noexcept { return get(Property::property); }
+#define KTL_DEFINE_REGION_PROPERTY(property, PROPERTY, unit, code, meaning)
+#include <ktl/properties.def>
 
-    /// Saturated water and steam of a two-phase or undetermined state; otherwise not-a-number throughout.
+    /// Saturated water of a two-phase or undetermined state; otherwise a phase that does not exist.
     [[nodiscard]] const Phase& liquid() const noexcept { return liquid_; }
+    /// Saturated steam of a two-phase or undetermined state; otherwise a phase that does not exist.
     [[nodiscard]] const Phase& vapour() const noexcept { return vapour_; }
 
-    /// The property by its enumerator; the region as a number.
-    [[nodiscard]] KTL_API double get(Property property) const noexcept;
+    /// The property of that number: NaN for a number outside the enumeration; the region as a number, 1 to 7.
+    [[nodiscard]] double get(Property property) const noexcept {
+        return property == Property::x ? x_ : bulk_.get(property);
+    }
 
 private:
     friend struct StateBuilder;
     Phase bulk_, liquid_, vapour_;
-    double x_;
-    Status status_;
+    double x_ = detail::nan;
+    Status status_ = Status::no_state;
 };
 
-/// The state that has both values.
+/// The state in which the two properties of the pair have the values a and b.
 ///
-/// Both are reproduced to 1e-10, relative (h, u, s near zero: to 1e-9 kJ/kg and kJ/(kg K)). Where several states have
-/// them, one of which is the rule: see state_count() and the manual. Any bit pattern may be given.
+/// Both values are reproduced to a relative 1e-10 (h, u and s near zero: to 1e-9 kJ/kg and kJ/(kg K)). If several
+/// states have both values, this is the first one by the rule at state_count(). a and b may hold any bit pattern. If
+/// there is no such state, or the pair is outside its enumeration, status() says why and every property is NaN.
 [[nodiscard]] KTL_API State state(Pair pair, double a, double b) noexcept;
 
-/// How many states have both values: 0, 1, or up to 3. More than one: p, v in water below 4 degC (by falling
-/// temperature), t with h, s or u in water (by rising pressure), s, x between x = 0.37 and 0.62 (by rising temperature).
+/// The number of states that have both values; 0 if state() is not solved. There may be more than one
+/// - by p, v: water below 4 degC has the same volume at two temperatures; the warmer is the first;
+/// - by t with h, s or u: a mixture and compressed water, or water at two pressures; the lowest pressure is the first;
+/// - by s, x: for x from about 0.37 to 0.62 there are several temperatures; the lowest is the first.
 [[nodiscard]] KTL_API int state_count(Pair pair, double a, double b) noexcept;
-/// The state of that number, from 0, which is the one that state() gives; no_state from state_count() on.
+/// The n-th state with both values, 0 <= number < state_count(pair, a, b); number 0 is what state(pair, a, b) returns.
+/// Status::no_state for any other number.
 [[nodiscard]] KTL_API State state(Pair pair, double a, double b, int number) noexcept;
 
-// ---- Saturation line, 0.01 to 374.15 degC ----------------------------------------------------------------------------
+// ---- Saturation line, 0.01 to 374.15 degC, 0.006112444 to 221.2 bar -------------------------------------------------
 
-/// Saturation pressure, bar, at t (degC); not-a-number outside the line.
+/// Saturation pressure, bar, at t (degC). NaN outside 0.01 to 374.15 degC.
 [[nodiscard]] KTL_API double saturation_pressure(double t) noexcept;
-/// Saturation temperature, degC, under p (bar); not-a-number outside the line.
+/// Saturation temperature, degC, at p (bar). NaN outside 0.006112444 to 221.2 bar.
 [[nodiscard]] KTL_API double saturation_temperature(double p) noexcept;
-/// Slope dp/dt of the line, bar/K, at t (degC); not-a-number outside it.
+/// Slope dp/dt of the saturation line, bar/K, at t (degC). NaN outside 0.01 to 374.15 degC.
 [[nodiscard]] KTL_API double saturation_slope(double t) noexcept;
 
-/// The same for columns, in vector lanes: the result i belongs to the given value i; as many as the shorter column has.
+/// The same for columns: p[i] is the saturation pressure at t[i], t[i] the saturation temperature at p[i], with the
+/// bits of the single call. If the columns differ in length, the additional elements of the longer one are not used.
 KTL_API void saturation_pressure(std::span<const double> t, std::span<double> p) noexcept;
 KTL_API void saturation_temperature(std::span<const double> p, std::span<double> t) noexcept;
 
 /// A point of the saturation line with both phases.
 struct Saturation {
-    Status status;
-    double p, t;  ///< bar, degC
-    double slope; ///< dp/dt, bar/K
-    Phase liquid, vapour;
+    Status status = Status::no_state;
+    double p = detail::nan;     ///< bar
+    double t = detail::nan;     ///< degC
+    double slope = detail::nan; ///< dp/dt, bar/K
+    Phase liquid, vapour;       ///< saturated water and steam
 };
+/// The point of the line at t (degC) or p (bar). Outside the line the status is temperature_low, pressure_low or
+/// above_critical, or not_a_number if the value is not finite; the numbers then are NaN and the phases do not exist.
 [[nodiscard]] KTL_API Saturation saturation_at_temperature(double t) noexcept;
 [[nodiscard]] KTL_API Saturation saturation_at_pressure(double p) noexcept;
 
-// ---- Many states -----------------------------------------------------------------------------------------------------
+// ---- Many states ----------------------------------------------------------------------------------------------------
 
-/// Told how many rows are done; called from one thread at a time, from time to time and at the end. Return false to
-/// cancel: rows not yet begun get Status::cancelled. A callback that throws cancels, too.
+/// A function of the caller that batch() calls with the number of rows done so far, from one thread at a time and not
+/// always the same one. Return false to cancel: rows not yet begun get Status::cancelled. If it throws, the batch is
+/// cancelled too.
 using Progress = bool (*)(void* context, std::size_t done, std::size_t total);
 
 struct BatchOptions {
-    unsigned threads = 1;        ///< 0: as many as the machine runs at once
-    Progress progress = nullptr; ///< called at least every 65,536 rows
-    void* context = nullptr;     ///< handed to progress
+    unsigned threads = 1;        ///< the caller's included, at most 256; 0: one for each processor
+    Progress progress = nullptr; ///< called at least every 65,536 rows and at the end, unless null
+    void* context = nullptr;     ///< first argument of progress
 };
 
-/// What a batch call came to.
+/// The outcome of a batch call.
 struct BatchResult {
+    /// Why nothing was done: no output and no status was written.
     enum class Fault : std::uint8_t {
-        none,
-        lengths_differ,   ///< columns of different lengths: nothing was done
-        columns_differ,   ///< not as many output columns as properties, or a null one: nothing was done
-        unknown_pair,     ///< a pair outside its enumeration: nothing was done
-        unknown_property, ///< a property outside its enumeration: nothing was done
+        none,             ///< the batch was computed
+        lengths_differ,   ///< a, b and status differ in length
+        columns_differ,   ///< there are not as many outputs as properties, or an output is null
+        unknown_pair,     ///< the pair is outside its enumeration
+        unknown_property, ///< a property is outside its enumeration
     };
     Fault fault = Fault::none;
-    bool cancelled = false; ///< rows were left that no thread had begun
-    std::size_t solved = 0; ///< rows with Status::solved
+    bool cancelled = false; ///< true if some rows have Status::cancelled
+    std::size_t solved = 0; ///< the number of rows with Status::solved
 };
 
-/// The states of rows (a[i], b[i]), the wanted properties of each in outputs[k][i], what became of it in status[i].
+/// The states of many rows: for each i the state with the values a[i], b[i]. outputs[k][i] receives the property
+/// properties[k], status[i] the status.
 ///
-/// All columns have the length of a. A row depends on its two values alone: not on its place, its neighbours or the
-/// number of threads, and it has the same bits as state() gives. A row that is not solved has not-a-number in all outputs
-/// (p and t of an undetermined one stand). Outputs must not overlap the given columns or one another. Memory: some
-/// 200 kB of stack per thread; nothing is allocated but by the start of threads.
+/// a, b, status and every output have the same length. A row depends on its two values alone and has the bits that
+/// state(pair, a[i], b[i]) gives, whatever its place, its neighbours and the number of threads. The outputs of a row
+/// that is not solved are NaN, except p and t of an undetermined one. Outputs must overlap neither the given columns
+/// nor one another; a property may be asked for twice. Each thread uses some 200 kB of stack; memory is allocated only
+/// to start threads, and if a thread cannot be started the others do its work.
 KTL_API BatchResult batch(Pair pair, std::span<const double> a, std::span<const double> b,
                           std::span<const Property> properties, std::span<double* const> outputs,
                           std::span<Status> status, const BatchOptions& options = {}) noexcept;

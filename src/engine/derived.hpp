@@ -70,7 +70,15 @@ constexpr PropertyLevel level_of(Property property) {
 }
 
 /// True for the properties that a mixture has.
-constexpr bool of_mixtures(Property property) { return property < Property::cp; }
+constexpr bool of_mixtures(Property property) {
+    switch (property) {
+#define KTL_DEFINE_PROPERTY(property, PROPERTY, unit, code, meaning) case Property::property:
+#define KTL_DEFINE_PHASE_PROPERTY(property, PROPERTY, unit, code, meaning)
+#include <ktl/properties.def>
+        return true;
+    default: return false;
+    }
+}
 
 /// A property of a state in a region: derived from its bulk properties, or its quality x, or the number of the region.
 template <class T>

@@ -3,6 +3,7 @@
 
 #include "support/compare.hpp"
 
+#include <cstddef>
 #include <cstring>
 #include <gtest/gtest.h>
 #include <ktl/steam.h>
@@ -17,28 +18,12 @@ using test::same_bits;
 /// The members that a phase and a state in C share, in the order of Property, against those of C++.
 template <class C, class Cpp>
 void expect_members(const C& c, const Cpp& cpp, double x) {
-    const std::array<double, property_count> values{c.p,
-                                                    c.t,
-                                                    c.v,
-                                                    c.rho,
-                                                    c.h,
-                                                    c.s,
-                                                    c.u,
-                                                    x,
-                                                    c.gibbs,
-                                                    c.helmholtz,
-                                                    double(c.region),
-                                                    c.cp,
-                                                    c.cv,
-                                                    c.speed_of_sound,
-                                                    c.isentropic_exponent,
-                                                    c.compressibility,
-                                                    c.expansion,
-                                                    c.joule_thomson,
-                                                    c.viscosity,
-                                                    c.kinematic_viscosity,
-                                                    c.conductivity,
-                                                    c.prandtl};
+    const std::array<double, property_count> values{
+#define KTL_DEFINE_PROPERTY(property, PROPERTY, unit, code, meaning) c.property,
+#define KTL_DEFINE_STATE_PROPERTY(property, PROPERTY, unit, code, meaning) x,
+#define KTL_DEFINE_REGION_PROPERTY(property, PROPERTY, unit, code, meaning) double(c.property),
+#include <ktl/properties.def>
+    };
     for (std::size_t y = 0; y < property_count; ++y)
         EXPECT_TRUE(same_bits(values[y], cpp.get(static_cast<Property>(y)))) << y;
 }
@@ -87,6 +72,23 @@ TEST(CForm, GivesWhatTheCallsOfCppGive) {
     }
     EXPECT_EQ(ktl_batch(KTL_PAIR_PT, nullptr, nullptr, 1, nullptr, nullptr, 0, nullptr, nullptr).fault,
               KTL_FAULT_LENGTHS_DIFFER);
+}
+
+/// Compiled programs and files keep the numbers of the lists: a row may be added at an end, none moved or taken away.
+TEST(CForm, KeepsTheNumbersOfItsLists) {
+    EXPECT_EQ(KTL_PAIR_PT, 0);
+    EXPECT_EQ(KTL_PAIR_HS, 12);
+    EXPECT_EQ(KTL_PAIR_VU, 16);
+    EXPECT_EQ(KTL_STATUS_SOLVED, 0);
+    EXPECT_EQ(KTL_STATUS_NO_STATE, 10);
+    EXPECT_EQ(KTL_STATUS_CANCELLED, 11);
+    EXPECT_EQ(KTL_PROPERTY_P, 0);
+    EXPECT_EQ(KTL_PROPERTY_X, 7);
+    EXPECT_EQ(KTL_PROPERTY_REGION, 10);
+    EXPECT_EQ(KTL_PROPERTY_PRANDTL, 21);
+    // The members of C follow one another in the order of the list.
+    EXPECT_EQ(offsetof(ktl_phase, prandtl), 19 * sizeof(double));
+    EXPECT_EQ(offsetof(ktl_state, prandtl), 2 * sizeof(int) + 20 * sizeof(double));
 }
 
 TEST(CForm, HasASentenceForEveryNumber) {

@@ -1,13 +1,16 @@
 // What ktl::state() says of values that name no state, and that it bears any value.
 #include "support/random.hpp"
 
+#include <array>
 #include <bit>
 #include <cmath>
+#include <cstddef>
 #include <gtest/gtest.h>
 #include <iterator>
 #include <ktl/ktlftn.h>
 #include <ktl/steam.hpp>
 #include <limits>
+#include <new>
 
 namespace {
 
@@ -64,6 +67,38 @@ TEST(Statuses, NameTheLimit) {
         EXPECT_EQ(found.status(), row.status) << static_cast<int>(row.pair) << ": " << row.a << ", " << row.b;
         EXPECT_EQ(ktl::state_count(row.pair, row.a, row.b), found ? 1 : 0);
     }
+}
+
+/// An object by default, in memory that held something else.
+template <class T>
+T in_used_memory() {
+    alignas(T) std::array<std::byte, sizeof(T)> memory;
+    memory.fill(std::byte{0x41});
+    return *new (memory.data()) T;
+}
+
+template <class T>
+void expect_no_value(const T& y) {
+    EXPECT_EQ(y.region(), Region::none);
+    for (std::size_t k = 0; k < ktl::property_count; ++k) {
+        const auto property = static_cast<ktl::Property>(k);
+        EXPECT_TRUE(property == ktl::Property::region || std::isnan(y.get(property))) << k;
+    }
+}
+
+TEST(Statuses, NothingIsGivenByDefault) {
+    const auto state = in_used_memory<State>();
+    EXPECT_EQ(state.status(), Status::no_state);
+    EXPECT_FALSE(state || state.two_phase());
+    expect_no_value(state);
+    expect_no_value(state.liquid());
+    expect_no_value(state.vapour());
+    expect_no_value(in_used_memory<ktl::Phase>());
+    const auto line = in_used_memory<ktl::Saturation>();
+    EXPECT_EQ(line.status, Status::no_state);
+    for (const double value : {line.p, line.t, line.slope}) EXPECT_TRUE(std::isnan(value));
+    expect_no_value(line.liquid);
+    expect_no_value(line.vapour);
 }
 
 TEST(Statuses, PressureAndTemperatureChooseTheRegion) {

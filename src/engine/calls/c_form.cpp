@@ -9,37 +9,6 @@ using namespace ktl;
 
 constexpr bool same(int c, auto cpp) { return c == static_cast<int>(cpp); }
 
-static_assert(same(KTL_PAIR_PT, Pair::pt) && same(KTL_PAIR_PH, Pair::ph) && same(KTL_PAIR_PS, Pair::ps) &&
-              same(KTL_PAIR_PU, Pair::pu) && same(KTL_PAIR_PV, Pair::pv) && same(KTL_PAIR_PX, Pair::px) &&
-              same(KTL_PAIR_TV, Pair::tv) && same(KTL_PAIR_TH, Pair::th) && same(KTL_PAIR_TS, Pair::ts) &&
-              same(KTL_PAIR_TU, Pair::tu) && same(KTL_PAIR_TX, Pair::tx) && same(KTL_PAIR_SX, Pair::sx) &&
-              same(KTL_PAIR_HS, Pair::hs) && same(KTL_PAIR_US, Pair::us) && same(KTL_PAIR_VH, Pair::vh) &&
-              same(KTL_PAIR_VS, Pair::vs) && same(KTL_PAIR_VU, Pair::vu) && same(pair_count, KTL_PAIR_VU + 1));
-static_assert(same(KTL_STATUS_SOLVED, Status::solved) && same(KTL_STATUS_UNDETERMINED, Status::undetermined) &&
-              same(KTL_STATUS_NOT_A_NUMBER, Status::not_a_number) &&
-              same(KTL_STATUS_PRESSURE_LOW, Status::pressure_low) &&
-              same(KTL_STATUS_PRESSURE_HIGH, Status::pressure_high) &&
-              same(KTL_STATUS_TEMPERATURE_LOW, Status::temperature_low) &&
-              same(KTL_STATUS_TEMPERATURE_HIGH, Status::temperature_high) &&
-              same(KTL_STATUS_QUALITY_LOW, Status::quality_low) &&
-              same(KTL_STATUS_QUALITY_HIGH, Status::quality_high) &&
-              same(KTL_STATUS_ABOVE_CRITICAL, Status::above_critical) && same(KTL_STATUS_NO_STATE, Status::no_state) &&
-              same(KTL_STATUS_CANCELLED, Status::cancelled) && same(status_count, KTL_STATUS_CANCELLED + 1));
-static_assert(same(KTL_PROPERTY_P, Property::p) && same(KTL_PROPERTY_T, Property::t) &&
-              same(KTL_PROPERTY_V, Property::v) && same(KTL_PROPERTY_RHO, Property::rho) &&
-              same(KTL_PROPERTY_H, Property::h) && same(KTL_PROPERTY_S, Property::s) &&
-              same(KTL_PROPERTY_U, Property::u) && same(KTL_PROPERTY_X, Property::x) &&
-              same(KTL_PROPERTY_GIBBS, Property::gibbs) && same(KTL_PROPERTY_HELMHOLTZ, Property::helmholtz) &&
-              same(KTL_PROPERTY_REGION, Property::region) && same(KTL_PROPERTY_CP, Property::cp) &&
-              same(KTL_PROPERTY_CV, Property::cv) && same(KTL_PROPERTY_SPEED_OF_SOUND, Property::speed_of_sound) &&
-              same(KTL_PROPERTY_ISENTROPIC_EXPONENT, Property::isentropic_exponent) &&
-              same(KTL_PROPERTY_COMPRESSIBILITY, Property::compressibility) &&
-              same(KTL_PROPERTY_EXPANSION, Property::expansion) &&
-              same(KTL_PROPERTY_JOULE_THOMSON, Property::joule_thomson) &&
-              same(KTL_PROPERTY_VISCOSITY, Property::viscosity) &&
-              same(KTL_PROPERTY_KINEMATIC_VISCOSITY, Property::kinematic_viscosity) &&
-              same(KTL_PROPERTY_CONDUCTIVITY, Property::conductivity) &&
-              same(KTL_PROPERTY_PRANDTL, Property::prandtl) && same(property_count, KTL_PROPERTY_PRANDTL + 1));
 static_assert(same(KTL_WATER, Region::water) && same(KTL_STEAM, Region::steam) &&
               same(KTL_NEAR_CRITICAL_STEAM, Region::near_critical_steam) &&
               same(KTL_NEAR_CRITICAL_WATER, Region::near_critical_water) &&
@@ -60,27 +29,11 @@ E enumerator(int number) {
 /// What a phase and a state have in common.
 template <class To, class From>
 void fill(To& to, const From& from) {
-    to.p = from.p();
-    to.t = from.t();
-    to.v = from.v();
-    to.rho = from.rho();
-    to.h = from.h();
-    to.s = from.s();
-    to.u = from.u();
-    to.gibbs = from.gibbs();
-    to.helmholtz = from.helmholtz();
-    to.cp = from.cp();
-    to.cv = from.cv();
-    to.speed_of_sound = from.speed_of_sound();
-    to.isentropic_exponent = from.isentropic_exponent();
-    to.compressibility = from.compressibility();
-    to.expansion = from.expansion();
-    to.joule_thomson = from.joule_thomson();
-    to.viscosity = from.viscosity();
-    to.kinematic_viscosity = from.kinematic_viscosity();
-    to.conductivity = from.conductivity();
-    to.prandtl = from.prandtl();
-    to.region = static_cast<int>(from.region());
+#define KTL_DEFINE_PROPERTY(property, PROPERTY, unit, code, meaning) to.property = from.property();
+#define KTL_DEFINE_STATE_PROPERTY(property, PROPERTY, unit, code, meaning)
+#define KTL_DEFINE_REGION_PROPERTY(property, PROPERTY, unit, code, meaning)                                            \
+    to.property = static_cast<int>(from.property());
+#include <ktl/properties.def>
 }
 
 int hand_over(const State& from, ktl_state* to) {

@@ -29,25 +29,8 @@ State StateBuilder::state(const engine::RowState& row) noexcept {
     return out;
 }
 
-double Phase::rho() const noexcept { return get(Property::rho); }
-double Phase::u() const noexcept { return get(Property::u); }
-double Phase::gibbs() const noexcept { return get(Property::gibbs); }
-double Phase::helmholtz() const noexcept { return get(Property::helmholtz); }
-double Phase::speed_of_sound() const noexcept { return get(Property::speed_of_sound); }
-double Phase::isentropic_exponent() const noexcept { return get(Property::isentropic_exponent); }
-double Phase::compressibility() const noexcept { return get(Property::compressibility); }
-double Phase::expansion() const noexcept { return get(Property::expansion); }
-double Phase::joule_thomson() const noexcept { return get(Property::joule_thomson); }
-double Phase::viscosity() const noexcept { return get(Property::viscosity); }
-double Phase::kinematic_viscosity() const noexcept { return get(Property::kinematic_viscosity); }
-double Phase::conductivity() const noexcept { return get(Property::conductivity); }
-double Phase::prandtl() const noexcept { return get(Property::prandtl); }
-
-double Phase::get(Property property) const noexcept {
+double Phase::computed(Property property) const noexcept {
     return engine::value(property, StateBuilder::properties(*this), quiet_nan, region_);
-}
-double State::get(Property property) const noexcept {
-    return engine::value(property, StateBuilder::properties(bulk_), x_, region());
 }
 
 State state(Pair pair, double a, double b) noexcept { return StateBuilder::state(engine::solve_row(pair, a, b)); }

@@ -15,8 +15,10 @@ namespace ktl::engine::guesses {
 /// Letters of a pair, in the order of the two values.
 template <Pair pair>
 inline constexpr auto letters = [] {
-    constexpr const char* names[pair_count]{"pt", "ph", "ps", "pu", "pv", "px", "tv", "th", "ts",
-                                            "tu", "tx", "sx", "hs", "us", "vh", "vs", "vu"};
+    constexpr const char* names[pair_count]{
+#define KTL_DEFINE_PAIR(pair, PAIR, a, b) #pair,
+#include <ktl/pairs.def>
+    };
     struct Letters {
         char a, b;
     };
