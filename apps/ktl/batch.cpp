@@ -106,8 +106,8 @@ private:
         return bad_number(row.pair->second, field(row, plan_.columns.second));
     }
 
-    static std::string bad_number(QuantityIndex index, std::string_view text) {
-        return std::string(quantity(index).name) + ": " + in_quotes(text) + " is not a number";
+    static std::string bad_number(ktl::Property id, std::string_view text) {
+        return std::string(quantity(id).name) + ": " + in_quotes(text) + " is not a number";
     }
 
     const Plan& plan_;

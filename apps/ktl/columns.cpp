@@ -59,8 +59,8 @@ std::size_t find_column(const std::vector<std::string>& header, const std::strin
     throw UsageError("more than one column for " + wanted + ": " + list_of(matching));
 }
 
-std::size_t find_quantity(const std::vector<std::string>& header, QuantityIndex index) {
-    const Quantity& q = quantity(index);
+std::size_t find_quantity(const std::vector<std::string>& header, ktl::Property id) {
+    const Quantity& q = quantity(id);
     const std::string symbol(q.symbol);
     const std::string wanted = std::string(q.name) + " (" + symbol + " or " + symbol + "_" + std::string(q.unit) + ")";
     return find_column(header, wanted, [&q](const std::string& column) { return match_quantity(q, column); });

@@ -62,14 +62,14 @@ constexpr const char* batch_help =
     "  ktl batch ph states.csv T,V,S\n"
     "  ktl batch auto examples/heat_balance.csv P,T,V,H,S,X --format table\n";
 
-std::string quantity_help(QuantityIndex index) {
-    const Quantity& q = quantity(index);
+std::string quantity_help(ktl::Property id) {
+    const Quantity& q = quantity(id);
     return std::string(q.name) + ", " + std::string(q.unit);
 }
 
-double number_argument(QuantityIndex index, const std::string& text) {
+double number_argument(ktl::Property id, const std::string& text) {
     const auto value = parse_number(text);
-    if (!value) throw UsageError(std::string(quantity(index).name) + ": " + in_quotes(text) + " is not a number");
+    if (!value) throw UsageError(std::string(quantity(id).name) + ": " + in_quotes(text) + " is not a number");
     return *value;
 }
 

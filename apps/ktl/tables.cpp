@@ -8,60 +8,41 @@ namespace program {
 
 namespace {
 
+constexpr bool one_phase = true;
+
+/// The conductivity keeps the unit that its code has in the named routines.
+constexpr Property in_unit_of_code(Property property) {
+    if (property.id != ktl::Property::conductivity) return property;
+    property.unit = "kW/(m K)";
+    property.factor = 0.001;
+    return property;
+}
+
+constexpr std::array<Property, ktl::property_count> property_table{{
+#define KTL_DEFINE_PROPERTY(property, PROPERTY, unit, code, meaning) {code, unit, meaning, ktl::Property::property},
+#define KTL_DEFINE_PHASE_PROPERTY(property, PROPERTY, unit, code, meaning)                                             \
+    in_unit_of_code({code, unit, meaning, ktl::Property::property, 1.0, one_phase}),
+#include <ktl/properties.def>
+}};
+
+constexpr Quantity quantity_of(ktl::Property id, std::string_view symbol, std::string_view name,
+                               std::array<std::string_view, 3> unit_spellings) {
+    return {id, symbol, name, property_table[static_cast<std::size_t>(id)].unit, unit_spellings};
+}
+
 constexpr std::array<Quantity, 7> quantity_table{{
-    {"p", "pressure", "bar", {"bar"}},
-    {"t", "temperature", "degC", {"degc", "c", "celsius"}},
-    {"v", "volume", "m3/kg", {"m3kg"}},
-    {"h", "enthalpy", "kJ/kg", {"kjkg"}},
-    {"s", "entropy", "kJ/(kg K)", {"kjkgk"}},
-    {"u", "energy", "kJ/kg", {"kjkg"}},
-    {"x", "quality", "kg/kg", {"kgkg", "1"}},
+    quantity_of(ktl::Property::p, "p", "pressure", {"bar"}),
+    quantity_of(ktl::Property::t, "t", "temperature", {"degc", "c", "celsius"}),
+    quantity_of(ktl::Property::v, "v", "volume", {"m3kg"}),
+    quantity_of(ktl::Property::h, "h", "enthalpy", {"kjkg"}),
+    quantity_of(ktl::Property::s, "s", "entropy", {"kjkgk"}),
+    quantity_of(ktl::Property::u, "u", "energy", {"kjkg"}),
+    quantity_of(ktl::Property::x, "x", "quality", {"kgkg", "1"}),
 }};
 
 constexpr std::array<Pair, ktl::pair_count> pair_table{{
-    {"pt", ktl::Pair::pt, pressure, temperature},
-    {"ph", ktl::Pair::ph, pressure, enthalpy},
-    {"ps", ktl::Pair::ps, pressure, entropy},
-    {"pu", ktl::Pair::pu, pressure, energy},
-    {"pv", ktl::Pair::pv, pressure, volume},
-    {"px", ktl::Pair::px, pressure, quality},
-    {"tv", ktl::Pair::tv, temperature, volume},
-    {"th", ktl::Pair::th, temperature, enthalpy},
-    {"ts", ktl::Pair::ts, temperature, entropy},
-    {"tu", ktl::Pair::tu, temperature, energy},
-    {"tx", ktl::Pair::tx, temperature, quality},
-    {"sx", ktl::Pair::sx, entropy, quality},
-    {"hs", ktl::Pair::hs, enthalpy, entropy},
-    {"us", ktl::Pair::us, energy, entropy},
-    {"vh", ktl::Pair::vh, volume, enthalpy},
-    {"vs", ktl::Pair::vs, volume, entropy},
-    {"vu", ktl::Pair::vu, volume, energy},
-}};
-
-constexpr bool one_phase = true;
-constexpr std::array<Property, ktl::property_count> property_table{{
-    {"P", "bar", "pressure", ktl::Property::p},
-    {"T", "degC", "temperature", ktl::Property::t},
-    {"V", "m3/kg", "specific volume", ktl::Property::v},
-    {"H", "kJ/kg", "specific enthalpy", ktl::Property::h},
-    {"S", "kJ/(kg K)", "specific entropy", ktl::Property::s},
-    {"X", "kg/kg", "vapour quality, 0 water to 1 steam", ktl::Property::x},
-    {"RHO", "kg/m3", "density", ktl::Property::rho},
-    {"U", "kJ/kg", "specific internal energy", ktl::Property::u},
-    {"G", "kJ/kg", "specific Gibbs energy h - T s", ktl::Property::gibbs},
-    {"F", "kJ/kg", "specific Helmholtz energy u - T s", ktl::Property::helmholtz},
-    {"REGION", "1", "1 water, 2 steam, 3 and 4 near-critical, 5 and 6 two phases", ktl::Property::region},
-    {"CP", "kJ/(kg K)", "isobaric heat capacity", ktl::Property::cp, 1.0, one_phase},
-    {"CV", "kJ/(kg K)", "isochoric heat capacity", ktl::Property::cv, 1.0, one_phase},
-    {"W", "m/s", "speed of sound", ktl::Property::speed_of_sound, 1.0, one_phase},
-    {"KAPPA", "1", "isentropic exponent", ktl::Property::isentropic_exponent, 1.0, one_phase},
-    {"KT", "1/bar", "isothermal compressibility", ktl::Property::compressibility, 1.0, one_phase},
-    {"ALPHA", "1/K", "isobaric expansion coefficient", ktl::Property::expansion, 1.0, one_phase},
-    {"JT", "K/bar", "Joule-Thomson coefficient", ktl::Property::joule_thomson, 1.0, one_phase},
-    {"DV", "Pa s", "dynamic viscosity", ktl::Property::viscosity, 1.0, one_phase},
-    {"KV", "m2/s", "kinematic viscosity", ktl::Property::kinematic_viscosity, 1.0, one_phase},
-    {"TC", "kW/(m K)", "thermal conductivity", ktl::Property::conductivity, 0.001, one_phase},
-    {"PR", "1", "Prandtl number", ktl::Property::prandtl, 1.0, one_phase},
+#define KTL_DEFINE_PAIR(pair, PAIR, a, b) {#pair, ktl::Pair::pair, ktl::Property::a, ktl::Property::b},
+#include <ktl/pairs.def>
 }};
 
 template <class Row, std::size_t N>
@@ -73,7 +54,9 @@ std::string names(const std::array<Row, N>& table, std::string_view Row::*member
 
 } // namespace
 
-const Quantity& quantity(QuantityIndex index) { return quantity_table[index]; }
+const Quantity& quantity(ktl::Property id) {
+    return *std::find_if(quantity_table.begin(), quantity_table.end(), [=](const Quantity& q) { return q.id == id; });
+}
 
 std::span<const Pair> pairs() { return pair_table; }
 

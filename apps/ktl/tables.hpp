@@ -1,4 +1,4 @@
-// What the program knows of quantities, pairs and properties: one row each, read by everything else.
+// What the program knows of quantities, pairs and properties, from the lists of the library.
 #pragma once
 
 #include <array>
@@ -19,18 +19,19 @@ struct UsageError : std::runtime_error {
 
 /// A quantity that a state can be given by.
 struct Quantity {
+    ktl::Property id;
     std::string_view symbol, name, unit;
     std::array<std::string_view, 3> unit_spellings; ///< lower case, letters, digits and % only
 };
 
-enum QuantityIndex : std::size_t { pressure, temperature, volume, enthalpy, entropy, energy, quality };
-const Quantity& quantity(QuantityIndex index);
+/// That of a property which a pair has.
+const Quantity& quantity(ktl::Property id);
 
 /// A pair of known values. The letters of the name give the order of the values.
 struct Pair {
     std::string_view name;
     ktl::Pair id;
-    QuantityIndex first, second;
+    ktl::Property first, second;
 };
 std::span<const Pair> pairs();
 /// The pair of that name, upper or lower case; null if there is none.
