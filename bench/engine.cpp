@@ -1,11 +1,11 @@
 // Time of the ktl:: calls, per state: columns by kind of state on one and on two threads, single calls, saturation line.
+#include "support/pairs.hpp"
 #include "timing.hpp"
 
-#include <array>
+#include <algorithm>
 #include <ktl/steam.hpp>
 #include <memory>
 #include <string>
-#include <utility>
 
 namespace {
 
@@ -25,8 +25,8 @@ struct Kind {
 template <class Draw>
 Kind kind(const char* name, bool single, Draw draw) {
     Kind out{name, single, {}};
-    std::mt19937_64 random(1967);
-    const auto uniform = [&](double low, double high) { return std::uniform_real_distribution(low, high)(random); };
+    ktl::test::Random random(1967);
+    const auto uniform = [&](double low, double high) { return random.between(low, high); };
     while (out.states.size() < rows) {
         const ktl::State s = draw(uniform);
         if (s) out.states.push_back(s);
@@ -65,7 +65,7 @@ const std::vector<Kind>& kinds() {
 }
 
 struct Task {
-    const char* name;
+    std::string name;
     Pair pair;
     Property a, b;
     std::vector<Property> wanted;
@@ -80,22 +80,15 @@ std::vector<Task> tasks() {
         {"h,s to p,t", Pair::hs, P::h, P::s, {P::p, P::t}},
         {"p,t to viscosity, conductivity", Pair::pt, P::p, P::t, {P::viscosity, P::conductivity}},
     };
-    const std::array<std::tuple<const char*, Pair, P, P>, 13> others{{
-        {"p,u to p,t", Pair::pu, P::p, P::u},
-        {"p,v to p,t", Pair::pv, P::p, P::v},
-        {"p,x to p,t", Pair::px, P::p, P::x},
-        {"t,v to p,t", Pair::tv, P::t, P::v},
-        {"t,h to p,t", Pair::th, P::t, P::h},
-        {"t,s to p,t", Pair::ts, P::t, P::s},
-        {"t,u to p,t", Pair::tu, P::t, P::u},
-        {"t,x to p,t", Pair::tx, P::t, P::x},
-        {"s,x to p,t", Pair::sx, P::s, P::x},
-        {"u,s to p,t", Pair::us, P::u, P::s},
-        {"v,h to p,t", Pair::vh, P::v, P::h},
-        {"v,s to p,t", Pair::vs, P::v, P::s},
-        {"v,u to p,t", Pair::vu, P::v, P::u},
-    }};
-    for (const auto& [name, pair, a, b] : others) out.push_back({name, pair, a, b, {P::p, P::t}});
+    const auto above = static_cast<std::ptrdiff_t>(out.size());
+    for (std::size_t k = 0; k < ktl::pair_count; ++k) {
+        const auto& row = ktl::test::pairs[k];
+        const auto pair = static_cast<Pair>(k);
+        if (std::any_of(out.begin(), out.begin() + above, [=](const Task& task) { return task.pair == pair; }))
+            continue;
+        out.push_back({{row.name[0], ',', row.name[1]}, pair, row.a, row.b, {P::p, P::t}});
+        out.back().name += " to p,t";
+    }
     return out;
 }
 
@@ -168,8 +161,7 @@ bool fits(const Task& task, const Kind& of) {
         for (const Kind& of : kinds()) {
             if (!fits(task, of)) continue;
             for (const unsigned threads : {1U, 2U}) {
-                const std::string name =
-                    std::string(task.name) + ", " + of.name + ", threads " + std::to_string(threads);
+                const std::string name = task.name + ", " + of.name + ", threads " + std::to_string(threads);
                 benchmark::RegisterBenchmark(name.c_str(), batch, task, std::cref(of), threads)->UseRealTime();
             }
         }
@@ -178,7 +170,7 @@ bool fits(const Task& task, const Kind& of) {
         if (task.wanted.size() < 3) continue;
         for (const Kind& of : kinds()) {
             if (!fits(task, of)) continue;
-            const std::string name = std::string("state(") + task.name + "), " + of.name;
+            const std::string name = "state(" + task.name + "), " + of.name;
             benchmark::RegisterBenchmark(name.c_str(), single, task, std::cref(of));
         }
     }

@@ -1,4 +1,5 @@
 // Time of the finders of any two quantities, by finder and kind of state.
+#include "support/pairs.hpp"
 #include "timing.hpp"
 
 #include <array>
@@ -9,7 +10,7 @@ namespace {
 using namespace ktl_bench;
 
 struct Values {
-    double p, t, v, h, s, u;
+    double p, t, v, h, s, u, x = 0.0;
 };
 
 Values with_energy(double p, double t, double v, double h, double s) { return {p, t, v, h, s, h - 100.0 * p * v}; }
@@ -20,28 +21,19 @@ Values wet_at(double x, double t) {
     const double p = ktl_pt(t);
     const Values a = water_at(p, t);
     const Values b = steam_at(p, t);
-    return with_energy(p, t, a.v + x * (b.v - a.v), a.h + x * (b.h - a.h), a.s + x * (b.s - a.s));
+    Values mixed = with_energy(p, t, a.v + x * (b.v - a.v), a.h + x * (b.h - a.h), a.s + x * (b.s - a.s));
+    mixed.x = x;
+    return mixed;
 }
 
-struct Finder {
-    const char* name;
-    ktl_finder find;
+/// A finder with a search of its own, and its two values.
+struct Finder : ktl::test::PairRow {
     double Values::*first;
     double Values::*second;
 };
-constexpr std::array<Finder, 12> finders{{
-    {"ktlrps", ktlrps, &Values::p, &Values::s},
-    {"ktlrpu", ktlrpu, &Values::p, &Values::u},
-    {"ktlrpv", ktlrpv, &Values::p, &Values::v},
-    {"ktlrtv", ktlrtv, &Values::t, &Values::v},
-    {"ktlrth", ktlrth, &Values::t, &Values::h},
-    {"ktlrts", ktlrts, &Values::t, &Values::s},
-    {"ktlrtu", ktlrtu, &Values::t, &Values::u},
-    {"ktlrhs", ktlrhs, &Values::h, &Values::s},
-    {"ktlrus", ktlrus, &Values::u, &Values::s},
-    {"ktlrvh", ktlrvh, &Values::v, &Values::h},
-    {"ktlrvs", ktlrvs, &Values::v, &Values::s},
-    {"ktlrvu", ktlrvu, &Values::v, &Values::u},
+constexpr std::array<Finder, ktl::pair_count> finders{{
+#define KTL_DEFINE_PAIR(pair, PAIR, a, b) {ktl::test::row_of(ktl::Pair::pair), &Values::a, &Values::b},
+#include <ktl/pairs.def>
 }};
 
 /// Registers one finder over states whose values make(first, t) gives.
@@ -51,7 +43,7 @@ void add(const Finder& finder, const char* kind, States pairs, Make make) {
         const Values values = make(s.first, s.second);
         s = {values.*finder.first, values.*finder.second};
     }
-    const std::string name = std::string("state by ") + finder.name + ", " + kind;
+    const std::string name = std::string("state by ") + finder.finder + ", " + kind;
     benchmark::RegisterBenchmark(name.c_str(),
                                  [pairs, call = finder.find](benchmark::State& bench) { find(bench, pairs, call); });
 }
@@ -59,13 +51,13 @@ void add(const Finder& finder, const char* kind, States pairs, Make make) {
 [[maybe_unused]] const bool registered = [] {
     const States wet = states([](auto uniform) { return State{uniform(0.1, 0.9), uniform(1.0, 349.0)}; });
     for (const Finder& finder : finders) {
-        add(finder, "water", liquid, water_at);
+        if (finder.given_steps()) continue;
         add(finder, "two phases", wet, wet_at);
+        if (finder.b == ktl::Property::x) continue;
+        add(finder, "water", liquid, water_at);
         add(finder, "steam", steam, steam_at);
         add(finder, "near-critical", near_critical, near_critical_at);
     }
-    const auto entropy_and_quality = [](double x, double t) { return Values{0.0, t, x, 0.0, wet_at(x, t).s, 0.0}; };
-    add({"ktlrsx", ktlrsx, &Values::s, &Values::v}, "two phases", wet, entropy_and_quality);
     return true;
 }();
 

@@ -1,6 +1,7 @@
 // What every benchmark here shares: states to run over, and how a time is noted.
 #pragma once
 
+#include "support/random.hpp"
 #include "yardstick.hpp"
 
 #include <algorithm>
@@ -9,7 +10,6 @@
 #include <cmath>
 #include <cstddef>
 #include <ktl/ktlftn.h>
-#include <random>
 #include <vector>
 
 namespace ktl_bench {
@@ -25,8 +25,8 @@ using States = std::vector<State>;
 /// States of the given range, always the same.
 template <class Make>
 States states(Make make) {
-    std::mt19937_64 random(67);
-    const auto uniform = [&](double low, double high) { return std::uniform_real_distribution(low, high)(random); };
+    ktl::test::Random random(67);
+    const auto uniform = [&](double low, double high) { return random.between(low, high); };
     States out(count);
     for (auto& s : out) s = make(uniform);
     return out;

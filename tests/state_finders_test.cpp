@@ -1,4 +1,5 @@
 // The finders from pressure and temperature, from quality, and from pressure and enthalpy.
+#include "finders/found.hpp"
 #include "regions/constants.hpp"
 
 #include "support/compare.hpp"
@@ -15,22 +16,11 @@ namespace {
 
 using namespace ktl::test;
 using ktl::ktl_lc;
-constexpr double eps = 1e-08;
 constexpr double infinity = std::numeric_limits<double>::infinity();
 const double none = std::nan("");
 
 double above(double x) { return std::nextafter(x, infinity); }
 double below(double x) { return std::nextafter(x, -infinity); }
-
-struct Found {
-    int region;
-    double first, second;
-};
-
-Found find(ktl_finder finder, double first, double second) {
-    const int region = finder(first, second, eps);
-    return {region, first, second};
-}
 
 /// The boundary to sub-region 3 as ktlrpt has it, a reduced pressure.
 double shifted_boundary(double t) {

@@ -43,10 +43,10 @@ TEST(Batch, GivesTheBitsOfSingleCallsOnAnyThreads) {
         for (std::size_t i = 0; i < rows.a.size(); ++i) {
             const State alone = state(p, rows.a[i], rows.b[i]);
             solved += alone ? 1 : 0;
-            ASSERT_EQ(one.status[i], alone.status()) << test::letters[pair] << ' ' << rows.a[i] << ' ' << rows.b[i];
+            ASSERT_EQ(one.status[i], alone.status()) << test::pairs[pair].name << ' ' << rows.a[i] << ' ' << rows.b[i];
             for (std::size_t k = 0; k < wanted.size(); ++k)
                 ASSERT_TRUE(same_bits(one.columns[k][i], alone.get(wanted[k])))
-                    << test::letters[pair] << ' ' << rows.a[i] << ' ' << rows.b[i] << " property " << int(wanted[k]);
+                    << test::pairs[pair].name << ' ' << rows.a[i] << ' ' << rows.b[i] << " property " << int(wanted[k]);
         }
         EXPECT_EQ(one.result.solved, solved);
         for (const unsigned threads : {2U, 7U, 0U}) {

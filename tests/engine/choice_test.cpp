@@ -1,5 +1,6 @@
 // Pairs that name several states, and pairs between two sub-regions.
 #include "searches/state.hpp"
+#include "support/pairs.hpp"
 
 #include <algorithm>
 #include <cmath>
@@ -15,16 +16,8 @@ using ktl::State;
 using Getter = double (State::*)() const;
 
 double has(const State& state, Pair pair, double a, double b) {
-    struct Values {
-        Getter first, second;
-    };
-    const Values values = pair == Pair::pv   ? Values{&State::p, &State::v}
-                          : pair == Pair::sx ? Values{&State::s, &State::x}
-                          : pair == Pair::th ? Values{&State::t, &State::h}
-                          : pair == Pair::tu ? Values{&State::t, &State::u}
-                                             : Values{&State::t, &State::s};
-    return std::fmax(std::fabs((state.*values.first)() - a),
-                     std::fabs((state.*values.second)() - b) / (1.0 + std::fabs(b)));
+    const auto& row = ktl::test::row_of(pair);
+    return std::fmax(std::fabs(state.get(row.a) - a), std::fabs(state.get(row.b) - b) / (1.0 + std::fabs(b)));
 }
 
 /// Entropy of a mixture up to 350 degC.

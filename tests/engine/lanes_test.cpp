@@ -109,7 +109,7 @@ TEST(Kernels, GiveTheSameBitsOnEveryMachine) {
             const std::vector<double> many = solved_by(*set);
             for (std::size_t i = 0; i < one.size(); ++i)
                 ASSERT_TRUE(test::same_bits(one[i], many[i]))
-                    << set->name << ", pair " << test::letters[k] << ", row " << i % rows.a.size();
+                    << set->name << ", pair " << test::pairs[k].name << ", row " << i % rows.a.size();
         }
     }
 }

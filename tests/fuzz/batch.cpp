@@ -9,7 +9,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 
     fuzz::Bytes bytes(data, size);
     const auto pair = static_cast<Pair>(bytes.byte() % pair_count);
-    const std::string_view letters = fuzz::letters[static_cast<std::size_t>(pair)];
+    const test::PairRow& row = test::row_of(pair);
     const unsigned threads = bytes.byte() % 3;
     std::vector<Property> properties(bytes.byte() % 8);
     bool known = true;
@@ -21,8 +21,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 
     std::vector<double> a, b;
     while (!bytes.empty() && a.size() < 64) {
-        a.push_back(fuzz::given(bytes, letters[0]));
-        b.push_back(fuzz::given(bytes, letters[1]));
+        a.push_back(fuzz::given(bytes, row.a));
+        b.push_back(fuzz::given(bytes, row.b));
     }
     const std::size_t rows = a.size();
     for (std::size_t i = rows; i < rows * repeats; ++i) {
@@ -41,9 +41,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     }
     promise(result.fault == BatchResult::Fault::none && !result.cancelled, "fault", pair, 0.0, 0.0);
     std::size_t solved = 0;
-    for (std::size_t row = 0; row < rows; ++row) {
-        const State alone = state(pair, a[row], b[row]);
-        for (std::size_t i = row; i < a.size(); i += rows) {
+    for (std::size_t first = 0; first < rows; ++first) {
+        const State alone = state(pair, a[first], b[first]);
+        for (std::size_t i = first; i < a.size(); i += rows) {
             solved += alone ? 1 : 0;
             promise(status[i] == alone.status(), "status", pair, a[i], b[i]);
             for (std::size_t k = 0; k < properties.size(); ++k)

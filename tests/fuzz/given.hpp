@@ -2,6 +2,9 @@
 // beside its borders.
 #pragma once
 
+#include "support/pairs.hpp"
+#include "support/same_bits.hpp"
+
 #include <array>
 #include <bit>
 #include <cmath>
@@ -10,12 +13,10 @@
 #include <cstdlib>
 #include <cstring>
 #include <ktl/steam.hpp>
-#include <string_view>
 
 namespace ktl::fuzz {
 
-inline constexpr std::array<std::string_view, pair_count> letters{"pt", "ph", "ps", "pu", "pv", "px", "tv", "th", "ts",
-                                                                  "tu", "tx", "sx", "hs", "us", "vh", "vs", "vu"};
+using test::same_bits;
 
 class Bytes {
 public:
@@ -42,13 +43,13 @@ struct Range {
     bool logarithmic;
 };
 
-inline Range range(char letter) {
-    switch (letter) {
-    case 'p': return {0.005, 1050.0, true};
-    case 't': return {-1.0, 810.0, false};
-    case 'v': return {0.0009, 210.0, true};
-    case 's': return {-0.1, 9.5, false};
-    case 'x': return {-0.01, 1.01, false};
+inline Range range(Property property) {
+    switch (property) {
+    case Property::p: return {0.005, 1050.0, true};
+    case Property::t: return {-1.0, 810.0, false};
+    case Property::v: return {0.0009, 210.0, true};
+    case Property::s: return {-0.1, 9.5, false};
+    case Property::x: return {-0.01, 1.01, false};
     default: return {-5.0, 4200.0, false};
     }
 }
@@ -61,7 +62,7 @@ inline double border(std::uint8_t number) {
     return borders[number % borders.size()];
 }
 
-inline double given(Bytes& bytes, char letter) {
+inline double given(Bytes& bytes, Property property) {
     const std::uint8_t mode = bytes.byte();
     if (mode < 16) return std::bit_cast<double>(bytes.word());
     if (mode < 80) {
@@ -69,20 +70,16 @@ inline double given(Bytes& bytes, char letter) {
         const int steps = static_cast<std::int8_t>(bytes.byte());
         return exact + steps * std::ldexp(std::fabs(exact), -52 + bytes.byte() % 48);
     }
-    const Range r = range(letter);
+    const Range r = range(property);
     const double part = static_cast<double>(bytes.word() >> 11) * 0x1p-53;
     return r.logarithmic ? r.low * std::pow(r.high / r.low, part) : r.low + (r.high - r.low) * part;
-}
-
-inline bool same_bits(double a, double b) {
-    return std::bit_cast<std::uint64_t>(a) == std::bit_cast<std::uint64_t>(b) || (std::isnan(a) && std::isnan(b));
 }
 
 /// Ends the program where a promise does not hold.
 inline void promise(bool held, const char* what, Pair pair, double a, double b) {
     if (held) return;
     const auto index = static_cast<std::size_t>(pair);
-    std::fprintf(stderr, "%s: %s %.17g %.17g\n", what, index < pair_count ? letters[index].data() : "?", a, b);
+    std::fprintf(stderr, "%s: %s %.17g %.17g\n", what, index < pair_count ? test::pairs[index].name : "?", a, b);
     std::abort();
 }
 

@@ -6,22 +6,11 @@ namespace {
 using namespace ktl;
 using fuzz::promise;
 
-double reached(const State& state, char letter) {
-    switch (letter) {
-    case 'p': return state.p();
-    case 't': return state.t();
-    case 'v': return state.v();
-    case 'h': return state.h();
-    case 's': return state.s();
-    case 'u': return state.u();
-    default: return state.x();
-    }
-}
-
 /// To 1e-10, relative; h, s and u near zero against 10 of their units, x against 1.
-bool reproduces(const State& state, char letter, double given) {
-    const double least = letter == 'p' || letter == 'v' || letter == 't' ? 0.0 : letter == 'x' ? 1.0 : 10.0;
-    return std::fabs(reached(state, letter) - given) <= 1.0e-10 * std::fmax(std::fabs(given), least);
+bool reproduces(const State& state, Property y, double given) {
+    const bool never_zero = y == Property::p || y == Property::v || y == Property::t;
+    const double least = never_zero ? 0.0 : y == Property::x ? 1.0 : 10.0;
+    return std::fabs(state.get(y) - given) <= 1.0e-10 * std::fmax(std::fabs(given), least);
 }
 
 /// Phases of a mixture are those of the saturation line at its temperature, but where it goes on past 350 degC to cover a
@@ -36,7 +25,6 @@ bool saturated(const State& state) {
 bool stands(const Phase& phase) { return phase.v() > 0.0 && std::isfinite(phase.h()); }
 
 void check(Pair pair, double a, double b, const State& state) {
-    const auto index = static_cast<std::size_t>(pair);
     promise(sentence(state.status()) != nullptr, "sentence", pair, a, b);
     const bool open = state.status() == Status::undetermined;
     if (!state) {
@@ -47,8 +35,8 @@ void check(Pair pair, double a, double b, const State& state) {
         }
         promise(open || state.region() == Region::none, "a region of an unsolved state", pair, a, b);
     } else {
-        promise(reproduces(state, fuzz::letters[index][0], a), "first value", pair, a, b);
-        promise(reproduces(state, fuzz::letters[index][1], b), "second value", pair, a, b);
+        promise(reproduces(state, test::row_of(pair).a, a), "first value", pair, a, b);
+        promise(reproduces(state, test::row_of(pair).b, b), "second value", pair, a, b);
         for (const Property y : {Property::p, Property::t, Property::v, Property::h, Property::s, Property::u})
             promise(std::isfinite(state.get(y)), "a missing value", pair, a, b);
         promise(state.two_phase() == !std::isnan(state.x()), "quality", pair, a, b);
@@ -77,13 +65,12 @@ void check_saturation(double given) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     fuzz::Bytes bytes(data, size);
     const auto pair = static_cast<Pair>(bytes.byte() % (pair_count + 1));
-    const auto index = static_cast<std::size_t>(pair);
-    if (index == pair_count) {
-        check_saturation(fuzz::given(bytes, bytes.byte() % 2 != 0 ? 'p' : 't'));
+    if (static_cast<std::size_t>(pair) == pair_count) {
+        check_saturation(fuzz::given(bytes, bytes.byte() % 2 != 0 ? Property::p : Property::t));
         return 0;
     }
-    const double a = fuzz::given(bytes, fuzz::letters[index][0]);
-    const double b = fuzz::given(bytes, fuzz::letters[index][1]);
+    const double a = fuzz::given(bytes, test::row_of(pair).a);
+    const double b = fuzz::given(bytes, test::row_of(pair).b);
     const State found = state(pair, a, b);
     check(pair, a, b, found);
     const int count = state_count(pair, a, b);

@@ -1,5 +1,6 @@
 // A fixed set of 10,000 calls over all regions: named routines, finders and ktl:: calls, some of them with invalid
 // input. Prints the bits of every result, one call to a line; builds by different compilers must print the same.
+#include "support/pairs.hpp"
 #include "support/random.hpp"
 
 #include <array>
@@ -101,21 +102,9 @@ void call_state(Random& random) {
     const double x = random.between(0.0, 1.0);
     const bool wet = random.below(3) == 0;
     const ktl::State drawn = wet ? ktl::state(ktl::Pair::px, p, x) : ktl::state(ktl::Pair::pt, p, t);
-    constexpr const char* names = "ptphpspupvpxtvthtstutxsxhsusvhvsvu";
     const unsigned pair = random.below(ktl::pair_count);
-    const auto value = [&](char letter) {
-        switch (letter) {
-        case 'p': return drawn.p();
-        case 't': return drawn.t();
-        case 'v': return drawn.v();
-        case 'h': return drawn.h();
-        case 's': return drawn.s();
-        case 'u': return drawn.u();
-        default: return drawn.x();
-        }
-    };
-    const double a = sometimes_invalid(random, value(names[2 * pair]));
-    const double b = sometimes_invalid(random, value(names[2 * pair + 1]));
+    const double a = sometimes_invalid(random, drawn.get(ktl::test::pairs[pair].a));
+    const double b = sometimes_invalid(random, drawn.get(ktl::test::pairs[pair].b));
     const ktl::State found = ktl::state(static_cast<ktl::Pair>(pair), a, b);
     std::printf(" %d", static_cast<int>(found.status()));
     for (unsigned k = 0; k < ktl::property_count; ++k) print(found.get(static_cast<ktl::Property>(k)));

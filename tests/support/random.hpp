@@ -1,6 +1,8 @@
-// Repeatable random numbers by integer arithmetic alone: the same sequence on every machine.
+// Repeatable random numbers for tests, sweeps and benchmarks: by integer arithmetic alone, but for the spread over a
+// logarithm, so that the sequence is the same on every machine.
 #pragma once
 
+#include <cmath>
 #include <cstdint>
 
 namespace ktl::test {
@@ -20,6 +22,13 @@ public:
     /// Between low and high.
     double between(double low, double high) {
         return low + (high - low) * (static_cast<double>(bits() >> 11) * 0x1p-53);
+    }
+    /// Between low and high, both positive, evenly spread over the logarithm.
+    double logarithmic(double low, double high) { return std::exp(between(std::log(low), std::log(high))); }
+    /// Of either sign, its size between least and greatest and evenly spread over the logarithm.
+    double around_zero(double least, double greatest) {
+        const double size = logarithmic(least, greatest);
+        return below(2) == 0 ? size : -size;
     }
 
 private:

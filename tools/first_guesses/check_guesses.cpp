@@ -4,15 +4,7 @@
 #include <cstdio>
 #include <cstdlib>
 
-namespace {
-
 using namespace first_guesses;
-
-constexpr const char* patch_names[]{
-    "water",         "steam_thin", "steam", "steam_dense", "liquid_like",       "vapour_like",
-    "supercritical", "wet_low_s",  "wet",   "wet_turning", "wet_near_critical", "wet_near_critical_turning"};
-
-} // namespace
 
 int main(int count, char** arguments) {
     const std::size_t n = count > 1 ? std::strtoul(arguments[1], nullptr, 10) : 10000;
@@ -25,8 +17,8 @@ int main(int count, char** arguments) {
             const auto where = static_cast<GuessPatch>(c);
             if (!followed(pair, where)) continue;
             const Quality q = check(pair, where, n, 1000 + 100 * k + c);
-            std::printf("| %s | %s | %.2g | %.2g | %.2g | %.2g | %.2f | %.2f | %.2f |\n", letters[k].data(),
-                        patch_names[c], q.t_greatest, q.t_rms, q.first_greatest, q.first_rms, 100.0 * q.two,
+            std::printf("| %s | %s | %.2g | %.2g | %.2g | %.2g | %.2f | %.2f | %.2f |\n", name(pair).data(),
+                        name(where).data(), q.t_greatest, q.t_rms, q.first_greatest, q.first_rms, 100.0 * q.two,
                         100.0 * q.three, 100.0 * q.wrong);
         }
     }

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 
 namespace first_guesses {
 
@@ -11,6 +12,14 @@ using ktl::boundary_pressure;
 using ktl::ktl_lc;
 using ktl::PhaseProperties;
 namespace guesses = ktl::engine::guesses;
+
+std::string_view name(GuessPatch c) {
+    constexpr std::string_view names[]{
+        "water",         "steam_thin", "steam", "steam_dense", "liquid_like",       "vapour_like",
+        "supercritical", "wet_low_s", "wet",   "wet_turning", "wet_near_critical", "wet_near_critical_turning"};
+    static_assert(std::size(names) == guesses::patch_count - 1);
+    return names[static_cast<std::size_t>(c)];
+}
 
 double State::operator()(char letter) const {
     switch (letter) {

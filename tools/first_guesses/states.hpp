@@ -14,10 +14,16 @@ using ktl::Pair;
 using ktl::Region;
 using ktl::engine::guesses::GuessPatch;
 
-/// The letters of the pairs, in the order of the enumeration.
-inline constexpr std::string_view letters[ktl::pair_count]{"pt", "ph", "ps", "pu", "pv", "px", "tv", "th", "ts",
-                                                           "tu", "tx", "sx", "hs", "us", "vh", "vs", "vu"};
-inline std::string_view name(Pair pair) { return letters[static_cast<std::size_t>(pair)]; }
+/// The letters of both values of a pair.
+constexpr std::string_view name(Pair pair) {
+    constexpr std::string_view names[ktl::pair_count]{
+#define KTL_DEFINE_PAIR(pair, PAIR, a, b) #pair,
+#include <ktl/pairs.def>
+    };
+    return names[static_cast<std::size_t>(pair)];
+}
+/// The name of a patch, as its enumerator; of all but the last, search.
+std::string_view name(GuessPatch c);
 
 struct State {
     Region region = Region::none;
@@ -49,6 +55,7 @@ inline constexpr double last_apart = 374.1;
 /// Up to this one they are roots at all.
 inline constexpr double last_loop = 374.149;
 
+/// This generator stays as it is: guesses_data.hpp is fitted to the states that it draws.
 class Random {
 public:
     explicit Random(std::uint64_t seed) : bits_(seed) {}

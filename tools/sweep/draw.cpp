@@ -2,6 +2,7 @@
 
 #include "regions/constants.hpp"
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstdio>
 
@@ -88,10 +89,10 @@ double upper_steam_pressure(double t) {
 /// t at or beside a limit, or anywhere.
 double border_temperature(Random& random) {
     constexpr std::array<double, 8> limits{0.01, 4.0, 350.0, 350.0001, 373.3, 374.15, 590.0, 800.0};
-    const int choice = random.below(static_cast<int>(limits.size()) + 4);
-    if (choice >= static_cast<int>(limits.size())) return random.uniform(ktl_lc.tmin, ktl_lc.tmax);
+    const unsigned choice = random.below(limits.size() + 4);
+    if (choice >= limits.size()) return random.between(ktl_lc.tmin, ktl_lc.tmax);
     const double offset = random.below(2) == 0 ? 0.0 : random.around_zero(1e-12, 1e-2);
-    return std::clamp(limits.at(static_cast<std::size_t>(choice)) + offset, ktl_lc.tmin, ktl_lc.tmax);
+    return std::clamp(limits.at(choice) + offset, ktl_lc.tmin, ktl_lc.tmax);
 }
 
 /// p at or beside a limit at t.
@@ -114,15 +115,15 @@ double border_quality(Random& random) {
     case 1: return 1.0;
     case 2: return random.logarithmic(1e-12, 1e-2);
     case 3: return 1.0 - random.logarithmic(1e-12, 1e-2);
-    default: return random.uniform(0.35, 0.65);
+    default: return random.between(0.35, 0.65);
     }
 }
 
 /// A stable state of sub-region 3 around the critical point.
 Values around_critical(Random& random) {
     for (int trial = 0; trial < 100; ++trial) {
-        const double t = random.uniform(373.0, 376.0);
-        const double v = random.uniform(0.0025, 0.0045);
+        const double t = random.between(373.0, 376.0);
+        const double v = random.between(0.0025, 0.0045);
         const double p = ktl_a3(v, t);
         if (ktl_a3(v * 1.0001, t) >= p) continue;
         if (t <= ktl_lc.tc && (v < ktl_lc.vca ? p < ktl_pt(t) : p > ktl_pt(t))) continue;
@@ -136,12 +137,6 @@ Values opposite(double p, double t, double v) { return near_critical(bisected(p,
 
 } // namespace
 
-std::uint64_t Random::next() {
-    std::uint64_t z = (state_ += 0x9e3779b97f4a7c15U);
-    z = (z ^ (z >> 30)) * 0xbf58476d1ce4e5b9U;
-    z = (z ^ (z >> 27)) * 0x94d049bb133111ebU;
-    return z ^ (z >> 31);
-}
 void silence_reports() {
     constexpr int silent_unit = 99;
     ktl_connect_unit(silent_unit, std::fopen("/dev/null", "w"));
@@ -149,16 +144,6 @@ void silence_reports() {
     ktlerr.nprer = 0;
     ktlerr.maxer = 2147483647;
 }
-
-double Random::uniform(double low, double high) {
-    return low + (high - low) * static_cast<double>(next() >> 11) * 0x1.0p-53;
-}
-double Random::logarithmic(double low, double high) { return std::exp(uniform(std::log(low), std::log(high))); }
-double Random::around_zero(double least, double greatest) {
-    const double size = logarithmic(least, greatest);
-    return below(2) == 0 ? size : -size;
-}
-int Random::below(int count) { return static_cast<int>(next() % static_cast<std::uint64_t>(count)); }
 
 Values evaluate(int region, double first, double t) {
     switch (region) {
@@ -191,24 +176,24 @@ Values at_pressure_temperature(double p, double t) {
 }
 
 Values draw(Random& random, int kind, SaturationModel model) {
-    const double t_water = random.uniform(ktl_lc.tmin, ktl_lc.t1max);
-    const double t_steam = random.uniform(ktl_lc.tmin, ktl_lc.tmax);
-    const double t_dense = random.uniform(ktl_lc.t3min + 1e-9, ktl_lc.t3max);
-    const double share = random.uniform(0.0, 1.0);
+    const double t_water = random.between(ktl_lc.tmin, ktl_lc.t1max);
+    const double t_steam = random.between(ktl_lc.tmin, ktl_lc.tmax);
+    const double t_dense = random.between(ktl_lc.t3min + 1e-9, ktl_lc.t3max);
+    const double share = random.between(0.0, 1.0);
     switch (kind % kinds) {
-    case 0: return water(random.uniform(ktl_pt(t_water), ktl_lc.pmax), t_water);
+    case 0: return water(random.between(ktl_pt(t_water), ktl_lc.pmax), t_water);
     case 1: return water(random.logarithmic(ktl_pt(t_water), ktl_lc.pmax), t_water);
-    case 2: return water(random.uniform(10.0, ktl_lc.pmax), ktl_lc.tmin + 12.0 * share);
+    case 2: return water(random.between(10.0, ktl_lc.pmax), ktl_lc.tmin + 12.0 * share);
     case 3: return steam(random.logarithmic(ktl_lc.pmin, upper_steam_pressure(t_steam)), t_steam);
-    case 4: return steam(random.uniform(ktl_lc.pmin, upper_steam_pressure(t_steam)), t_steam);
-    case 5: return near_critical_at(random.uniform(ktl::boundary_pressure(t_dense), ktl_lc.pmax), t_dense);
+    case 4: return steam(random.between(ktl_lc.pmin, upper_steam_pressure(t_steam)), t_steam);
+    case 5: return near_critical_at(random.between(ktl::boundary_pressure(t_dense), ktl_lc.pmax), t_dense);
     case 6: {
-        const double t = random.uniform(ktl_lc.t3min + 1e-9, 380.0);
-        return near_critical_at(random.uniform(ktl::boundary_pressure(t), 250.0), t);
+        const double t = random.between(ktl_lc.t3min + 1e-9, 380.0);
+        return near_critical_at(random.between(ktl::boundary_pressure(t), 250.0), t);
     }
     case 7: return around_critical(random);
-    case 8: return wet(share, random.uniform(ktl_lc.tmin, ktl_lc.tc), model);
-    case 9: return wet(share, random.uniform(348.0, ktl_lc.tc), model);
+    case 8: return wet(share, random.between(ktl_lc.tmin, ktl_lc.tc), model);
+    case 9: return wet(share, random.between(348.0, ktl_lc.tc), model);
     case 10: {
         const double t = std::min(border_temperature(random), ktl_lc.tc);
         return wet(border_quality(random), t, model);
@@ -226,18 +211,18 @@ Values draw_at_border(Random& random, int kind, SaturationModel model) {
     Values b{};
     if (kind % 3 == 0) {
         // At the end of the range the state beyond the gap may lie above pmax.
-        a = water(random.uniform(ktl_lc.p1 + 0.01, ktl_lc.pmax - 10.0), ktl_lc.t3min);
+        a = water(random.between(ktl_lc.p1 + 0.01, ktl_lc.pmax - 10.0), ktl_lc.t3min);
         b = opposite(a.p, past, a.v);
     } else if (kind % 3 == 1) {
-        const double t = random.uniform(past, ktl_lc.t3max - 0.1);
+        const double t = random.between(past, ktl_lc.t3max - 0.1);
         a = steam(ktl::boundary_pressure(t), t);
         b = opposite(a.p, t, a.v);
     } else {
-        const double x = random.uniform(0.0, 1.0);
+        const double x = random.between(0.0, 1.0);
         a = wet(KTL_WET, x, ktl_lc.t3min, model);
         b = wet(KTL_WET_NEAR_CRITICAL, x, past, model);
     }
-    const double share = random.uniform(0.0, 1.0);
+    const double share = random.between(0.0, 1.0);
     const auto between = [&](double Values::*member) { return a.*member + share * (b.*member - a.*member); };
     return {between(&Values::p),
             between(&Values::t),

@@ -2,30 +2,17 @@
 #pragma once
 
 #include "searches/state.hpp"
+#include "support/random.hpp"
 
-#include <array>
-#include <cstdint>
 #include <ktl/ktlftn.h>
 
 namespace sweep {
 
+using ktl::test::Random;
+
 /// Every property of one state. Quality is -1 for a single phase.
 struct Values {
     double p, t, v, h, s, u, x;
-};
-
-/// Small generator with the same sequence everywhere (splitmix64).
-class Random {
-public:
-    explicit Random(std::uint64_t seed) : state_(seed) {}
-    double uniform(double low, double high);
-    double logarithmic(double low, double high);
-    double around_zero(double least, double greatest);
-    int below(int count);
-
-private:
-    std::uint64_t next();
-    std::uint64_t state_;
 };
 
 /// Keeps the reports of the named routines from the terminal, and from stopping the program.

@@ -116,8 +116,7 @@ void compare(const Row& row, const Values& wanted, const Solved& found, Tally& t
     const int region = row.find(first, second, 1.0e-8);
     if (region != found.region) return;
     const Values named = evaluate(region, first, second);
-    const double off = std::fmax(deviation(wanted.*row.first, named.*row.first, row.first),
-                                 deviation(wanted.*row.second, named.*row.second, row.second));
+    const double off = of_calls.deviation(row, wanted, named);
     if (!(off <= 1.0e-8)) return;
     const double apart =
         std::fmax(std::fabs(named.v / found.values.v - 1.0), std::fabs(named.t - found.values.t) / 273.15);
@@ -128,14 +127,13 @@ void compare(const Row& row, const Values& wanted, const Solved& found, Tally& t
 
 void judge(const Row& row, const Values& wanted, const Solved& found, bool with_named, bool same, Tally& tally) {
     ++tally.states;
-    if (row.scope == Row::single_phase && found.status == ktl::Status::undetermined) {
+    if (row.scope() == Row::single_phase && found.status == ktl::Status::undetermined) {
         ++tally.undetermined;
         return;
     }
-    double off = std::fmax(deviation(wanted.*row.first, found.values.*row.first, row.first),
-                           deviation(wanted.*row.second, found.values.*row.second, row.second));
+    double off = of_calls.deviation(row, wanted, found.values);
     if (found.status != ktl::Status::solved || !suits(found.region, found.values) || !same) off = INFINITY;
-    if (!(off <= promised)) {
+    if (!(off <= of_calls.relative)) {
         if (++tally.unsolved <= 5)
             std::fprintf(stderr,
                          "%s: %s, region %d, off %.2e: p=%.17g t=%.17g v=%.17g h=%.17g s=%.17g u=%.17g x=%.17g%s\n",
@@ -164,7 +162,7 @@ void run_task(long task, long count, std::uint64_t seed, Tallies& tallies) {
         for (long n = 0; n < count; ++n) {
             const Values& state = states[static_cast<std::size_t>(n)];
             if (k == 0 && at_border(n)) continue;
-            if (row.scope != Row::any && (row.scope == Row::mixture) != (state.x >= 0.0)) continue;
+            if (!row.suits_quality(state.x)) continue;
             columns.add(row, state, n % compared_share == 0);
         }
         columns.solve(pair);

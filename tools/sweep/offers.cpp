@@ -25,17 +25,17 @@ constexpr double same_t = 1.0e-3;
 constexpr double top_of_dome = 374.1;
 
 /// A value of the quantity: within the range, or beyond it by up to a third of its extent (of its logarithm).
-double any_value(Random& random, char letter) {
+double any_value(Random& random, Property property) {
     const auto extended = [&](double low, double high) {
         const double more = (high - low) / 3.0;
-        return random.uniform(low - more, high + more);
+        return random.between(low - more, high + more);
     };
-    switch (letter) {
-    case 'p': return std::exp(extended(std::log(0.006), std::log(1000.0)));
-    case 'v': return std::exp(extended(std::log(0.0009), std::log(210.0)));
-    case 't': return extended(0.0, 800.0);
-    case 's': return extended(-0.1, 11.5);
-    case 'x': return extended(0.0, 1.0);
+    switch (property) {
+    case Property::p: return std::exp(extended(std::log(0.006), std::log(1000.0)));
+    case Property::v: return std::exp(extended(std::log(0.0009), std::log(210.0)));
+    case Property::t: return extended(0.0, 800.0);
+    case Property::s: return extended(-0.1, 11.5);
+    case Property::x: return extended(0.0, 1.0);
     default: return extended(-5.0, 4200.0);
     }
 }
@@ -43,8 +43,8 @@ double any_value(Random& random, char letter) {
 /// Both values at random, or those of a state, of which one is moved by 1e-14 of it to all of it.
 void draw_offer(Random& random, const Row& row, long number, double& a, double& b) {
     if (number % 3 == 0) {
-        a = any_value(random, row.name[0]);
-        b = any_value(random, row.name[1]);
+        a = any_value(random, row.a);
+        b = any_value(random, row.b);
         return;
     }
     const Values state = draw(random, static_cast<int>(number % kinds), ktl::SaturationModel::outermost_roots);
@@ -99,8 +99,8 @@ const char* fault(Pair pair, double a, double b, Status status) {
     if (status != Status::solved) return nullptr;
     const Row& row = rows.at(static_cast<std::size_t>(pair));
     const Values got{state.p(), state.t(), state.v(), state.h(), state.s(), state.u(), state.x()};
-    if (!(deviation(a, got.*row.first, row.first) <= promised) ||
-        !(deviation(b, got.*row.second, row.second) <= promised))
+    if (!(of_calls.deviation(a, got.*row.first, row.first) <= of_calls.relative) ||
+        !(of_calls.deviation(b, got.*row.second, row.second) <= of_calls.relative))
         return "other values";
     if (!has_phases_of_its_temperature(state)) return "phases of another temperature";
     if (pair < Pair::hs && !on_border(state, exact) && !(std::fabs(state.t() - exact.t) <= same_t))

@@ -4,13 +4,13 @@
 
 #include <algorithm>
 #include <cmath>
+#include <vector>
 
 namespace sweep {
 
 namespace {
 
 using ktl::ktl_lc;
-using Member = double Values::*;
 
 constexpr double eps = 1.0e-8;
 
@@ -92,44 +92,46 @@ Range range_on_isochore(double v, Member y) {
     return {low, evaluate(region, first, second).*y + jump_before(region, second, y)};
 }
 
-Offer with_pressure(Random& random, const char* name, ktl_finder find, Member y, bool first_out) {
+Offer with_pressure(Random& random, const Row& row, bool first_out) {
+    const Member y = row.second;
     const double p = random.logarithmic(ktl_lc.pmin, ktl_lc.pmax);
     const Range range = range_on_isobar(p, y);
     if (first_out)
-        return {name, find, outside(random, ktl_lc.pmin, ktl_lc.pmax, true), random.uniform(range.low, range.high)};
-    return {name, find, p, outside(random, range.low, range.high, y == &Values::v)};
+        return {&row, outside(random, ktl_lc.pmin, ktl_lc.pmax, true), random.between(range.low, range.high)};
+    return {&row, p, outside(random, range.low, range.high, y == &Values::v)};
 }
 
-Offer with_temperature(Random& random, const char* name, ktl_finder find, Member y, bool first_out) {
-    const double t = random.uniform(ktl_lc.tmin, ktl_lc.tmax);
+Offer with_temperature(Random& random, const Row& row, bool first_out) {
+    const Member y = row.second;
+    const double t = random.between(ktl_lc.tmin, ktl_lc.tmax);
     const Range range = range_on_isotherm(t, y);
     if (first_out)
-        return {name, find, outside(random, ktl_lc.tmin, ktl_lc.tmax, false), random.uniform(range.low, range.high)};
-    return {name, find, t, outside(random, range.low, range.high, y == &Values::v)};
+        return {&row, outside(random, ktl_lc.tmin, ktl_lc.tmax, false), random.between(range.low, range.high)};
+    return {&row, t, outside(random, range.low, range.high, y == &Values::v)};
 }
 
-Offer with_entropy(Random& random, const char* name, ktl_finder find, Member y, bool entropy_out) {
+Offer with_entropy(Random& random, const Row& row, bool entropy_out) {
     const double greatest = ktl_e2(ktl_lc.pmin, ktl_lc.tmax);
-    const double s = random.uniform(0.01, greatest);
-    const Range range = range_on_isentrope(s, y);
+    const double s = random.between(0.01, greatest);
+    const Range range = range_on_isentrope(s, row.first);
     if (entropy_out)
-        return {name, find, random.uniform(range.low, range.high),
+        return {&row, random.between(range.low, range.high),
                 outside(random, ktl_e1(ktl_lc.pmax, ktl_lc.tmin), greatest, false)};
-    return {name, find, outside(random, range.low, range.high, false), s};
+    return {&row, outside(random, range.low, range.high, false), s};
 }
 
-Offer with_volume(Random& random, const char* name, ktl_finder find, Member y, bool volume_out) {
+Offer with_volume(Random& random, const Row& row, bool volume_out) {
     const double least = ktl_c1(ktl_lc.pmax, ktl_lc.tmin);
     const double greatest = ktl_c2(ktl_lc.pmin, ktl_lc.tmax);
     const double v = random.logarithmic(least * 1.0001, greatest);
-    const Range range = range_on_isochore(v, y);
-    if (volume_out) return {name, find, outside(random, least, greatest, true), random.uniform(range.low, range.high)};
-    return {name, find, v, outside(random, range.low, range.high, false)};
+    const Range range = range_on_isochore(v, row.second);
+    if (volume_out) return {&row, outside(random, least, greatest, true), random.between(range.low, range.high)};
+    return {&row, v, outside(random, range.low, range.high, false)};
 }
 
-Offer with_quality(Random& random, bool quality_out) {
-    const double x = random.uniform(0.0, 1.0);
-    if (quality_out) return {"ktlrsx", ktlrsx, random.uniform(0.0, 9.0), outside(random, 0.0, 1.0, false)};
+Offer with_quality(Random& random, const Row& row, bool quality_out) {
+    const double x = random.between(0.0, 1.0);
+    if (quality_out) return {&row, random.between(0.0, 9.0), outside(random, 0.0, 1.0, false)};
     double low = 10.0;
     double high = -10.0;
     for (int n = 0; n <= 200; ++n) {
@@ -140,27 +142,30 @@ Offer with_quality(Random& random, bool quality_out) {
         low = std::min(low, s);
         high = std::max(high, s);
     }
-    return {"ktlrsx", ktlrsx, outside(random, low - 0.05, high + 0.05, false), x};
+    return {&row, outside(random, low - 0.05, high + 0.05, false), x};
+}
+
+/// The finders with searches of their own: those with given steps take any value for a state.
+std::vector<const Row*> searching() {
+    std::vector<const Row*> out;
+    for (const Row& row : rows)
+        if (!row.given_steps()) out.push_back(&row);
+    return out;
 }
 
 } // namespace
 
 Offer draw_refused(Random& random, long number) {
-    const bool first_out = number / 13 % 2 == 0;
-    switch (number % 13) {
-    case 0: return with_pressure(random, "ktlrps", ktlrps, &Values::s, first_out);
-    case 1: return with_pressure(random, "ktlrpu", ktlrpu, &Values::u, first_out);
-    case 2: return with_pressure(random, "ktlrpv", ktlrpv, &Values::v, first_out);
-    case 3: return with_temperature(random, "ktlrtv", ktlrtv, &Values::v, first_out);
-    case 4: return with_temperature(random, "ktlrth", ktlrth, &Values::h, first_out);
-    case 5: return with_temperature(random, "ktlrts", ktlrts, &Values::s, first_out);
-    case 6: return with_temperature(random, "ktlrtu", ktlrtu, &Values::u, first_out);
-    case 7: return with_quality(random, first_out);
-    case 8: return with_entropy(random, "ktlrhs", ktlrhs, &Values::h, first_out);
-    case 9: return with_entropy(random, "ktlrus", ktlrus, &Values::u, first_out);
-    case 10: return with_volume(random, "ktlrvh", ktlrvh, &Values::h, first_out);
-    case 11: return with_volume(random, "ktlrvs", ktlrvs, &Values::s, first_out);
-    default: return with_volume(random, "ktlrvu", ktlrvu, &Values::u, first_out);
+    static const std::vector<const Row*> all = searching();
+    const auto index = static_cast<std::size_t>(number);
+    const Row& row = *all[index % all.size()];
+    const bool first_out = index / all.size() % 2 == 0;
+    if (row.scope() == Row::mixture) return with_quality(random, row, first_out);
+    switch (row.a) {
+    case ktl::Property::p: return with_pressure(random, row, first_out);
+    case ktl::Property::t: return with_temperature(random, row, first_out);
+    case ktl::Property::v: return with_volume(random, row, first_out);
+    default: return with_entropy(random, row, first_out);
     }
 }
 

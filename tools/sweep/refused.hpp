@@ -1,13 +1,12 @@
 // Pairs that name no state of the valid range.
 #pragma once
 
-#include "draw.hpp"
+#include "pairs.hpp"
 
 namespace sweep {
 
 struct Offer {
-    const char* name;
-    ktl_finder find;
+    const Row* row;
     double first, second;
 };
 
