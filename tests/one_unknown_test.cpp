@@ -96,13 +96,13 @@ TEST(OneUnknown, BracketKept) {
         double a2, b2; // zero product: a change
     };
     const Row rows[] = {
-        {-1, 1, 1, 1, 0, 1, 0, 1},   {-1, 1, 1, -1, 1, 2, 1, 2},           // root left of c
-        {-1, 1, -1, -1, 3, 4, 3, 4}, {-1, 1, -1, 1, 2, 3, 2, 3},           // root right of c
-        {1, -1, -1, 1, 1, 2, 1, 2},  {1, -1, 1, 1, 3, 4, 3, 4},            // falling function
-        {-1, 1, 0, 1, 2, 3, 0, 1},   {-1, 1, 0, -1, 3, 4, 1, 2},           // fa fc is zero
-        {-1, 1, 1, 0, 1, 2, 0, 1},   {-1, 1, -1, 0, 2, 3, 3, 4},           // fa fd, fb fd are zero
+        {-1, 1, 1, 1, 0, 1, 0, 1},   {-1, 1, 1, -1, 1, 2, 1, 2},        // root left of c
+        {-1, 1, -1, -1, 3, 4, 3, 4}, {-1, 1, -1, 1, 2, 3, 2, 3},        // root right of c
+        {1, -1, -1, 1, 1, 2, 1, 2},  {1, -1, 1, 1, 3, 4, 3, 4},         // falling function
+        {-1, 1, 0, 1, 2, 3, 0, 1},   {-1, 1, 0, -1, 3, 4, 1, 2},        // fa fc is zero
+        {-1, 1, 1, 0, 1, 2, 0, 1},   {-1, 1, -1, 0, 2, 3, 3, 4},        // fa fd, fb fd are zero
         {0, 1, 1, 1, 2, 3, 0, 1},    {-1, 1, 1, quiet_nan, 1, 2, 0, 1}, // fa is zero, fd no number
-        {1, 1, 1, 1, 2, 3, 2, 3},    {-1, -1, 1, 1, 0, 1, 0, 1},           // no change over the interval
+        {1, 1, 1, 1, 2, 3, 2, 3},    {-1, -1, 1, 1, 0, 1, 0, 1},        // no change over the interval
     };
     for (const auto& [fa, fb, fc, fd, a, b, a2, b2] : rows) {
         expect_bracket<WarnAndZero>(fa, fb, fc, fd, a, b);

@@ -88,7 +88,7 @@ KTL_API int ktl_state_of(int pair, double a, double b, struct ktl_state* state);
 /* Returns the number of states that have both values; 0 if ktl_state_of does not return KTL_STATUS_SOLVED. */
 KTL_API int ktl_state_count(int pair, double a, double b);
 /* Computes the n-th of them, 0 <= number < ktl_state_count(pair, a, b); number 0 is that of ktl_state_of. Returns the
- * status, KTL_STATUS_NO_STATE for any other number. */
+ * status: for other numbers KTL_STATUS_NO_STATE, or KTL_STATUS_NOT_A_NUMBER if a or b is not finite. */
 KTL_API int ktl_state_nth(int pair, double a, double b, int number, struct ktl_state* state);
 
 /* Saturation line: pressure, bar, and slope dp/dt, bar/K, at t (degC), temperature, degC, at p (bar). NaN outside 0.01

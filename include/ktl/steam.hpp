@@ -55,8 +55,8 @@ inline constexpr std::size_t status_count = 0
 /// outside the enumeration. Never null.
 KTL_API const char* sentence(Status status) noexcept;
 
-/// Where a state lies: water and steam are the two sides of the saturation line. The numbers are those of ktl_region in
-/// ktlftn.h.
+/// The region of a state: water and steam are the two sides of the saturation line. The numbers are those of ktl_region
+/// in ktlftn.h.
 enum class Region : std::uint8_t {
     water = 1,               ///< sub-region 1: water up to 350 degC
     steam = 2,               ///< sub-region 2: steam below the boundary to sub-region 3
@@ -178,7 +178,7 @@ private:
 /// - by s, x: for x from about 0.37 to 0.62 there are several temperatures; the lowest is the first.
 [[nodiscard]] KTL_API int state_count(Pair pair, double a, double b) noexcept;
 /// The n-th state with both values, 0 <= number < state_count(pair, a, b); number 0 is what state(pair, a, b) returns.
-/// Status::no_state for any other number.
+/// Any other number gives the status no_state, or not_a_number if a or b is not finite.
 [[nodiscard]] KTL_API State state(Pair pair, double a, double b, int number) noexcept;
 
 // ---- Saturation line, 0.01 to 374.15 degC, 0.006112444 to 221.2 bar -------------------------------------------------

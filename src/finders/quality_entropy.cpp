@@ -8,7 +8,8 @@
 int ktlrsx(double& s, double& x, const double& /*eps*/) {
     using namespace ktl;
     double quality = x;
-    if (searches::finite(s, x) && x >= -searches::limit_rounding_of_finders && searches::bring_within(quality, 0.0, 1.0)) {
+    if (searches::finite(s, x) && x >= -searches::limit_rounding_of_finders &&
+        searches::bring_within(quality, 0.0, 1.0)) {
         FoundState found;
         if (searches::on_quality_line(s, quality, SaturationModel::entry_compatible, &found, 1) == 1) {
             s = found.primary;

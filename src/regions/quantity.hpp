@@ -89,8 +89,7 @@ Slopes<T> slopes(Quantity quantity, const HelmholtzProperties<T>& y) {
     case Quantity::enthalpy:
         return {y.h, kj_per_bar_m3 * (kelvin * y.dpdt + y.v * y.dpdv), y.cv + kj_per_bar_m3 * y.v * y.dpdt};
     case Quantity::entropy: return {y.s, kj_per_bar_m3 * y.dpdt, y.cv / kelvin};
-    case Quantity::energy:
-        return {internal_energy(y.h, y.p, y.v), kj_per_bar_m3 * (kelvin * y.dpdt - y.p), y.cv};
+    case Quantity::energy: return {internal_energy(y.h, y.p, y.v), kj_per_bar_m3 * (kelvin * y.dpdt - y.p), y.cv};
     case Quantity::quality: break;
     }
     return {T(quiet_nan), T(quiet_nan), T(quiet_nan)};

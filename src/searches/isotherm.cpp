@@ -86,7 +86,8 @@ FoundState first_from(const Isotherm& line, int region, double a, double fa, dou
 }
 
 FoundState water(const Isotherm& line, double ps, double f_liquid) {
-    return first_from(line, KTL_WATER, ps, f_liquid, ktl_lc.pmax, [&](double p) { return line.residual(KTL_WATER, p); });
+    return first_from(line, KTL_WATER, ps, f_liquid, ktl_lc.pmax,
+                      [&](double p) { return line.residual(KTL_WATER, p); });
 }
 
 /// Up to 350 degC: steam, mixture, water.

@@ -1,7 +1,7 @@
 // The engine's equations: elementary functions, closed slopes, and the same bits from every set of kernels.
-#include "regions/quantity.hpp"
 #include "engine/lanes/scalar.hpp"
 #include "engine/rows/block.hpp"
+#include "regions/quantity.hpp"
 #include "rows.hpp"
 #include "support/compare.hpp"
 #include "support/dual.hpp"

@@ -32,7 +32,7 @@ bool same(double a, double b) { return std::bit_cast<std::uint64_t>(a) == std::b
 
 TEST(Refusal, NumbersOutsideEveryRangeLeaveBothArguments) {
     const std::vector<double> odd{quiet_nan, infinity, -infinity, std::numeric_limits<double>::max(),
-                                  -1e300,       1e-300,   -1e-300,   std::numeric_limits<double>::denorm_min()};
+                                  -1e300,    1e-300,   -1e-300,   std::numeric_limits<double>::denorm_min()};
     // Every finder takes the two ordinary values in some order; none of the odd ones is within any range, except
     // that next to nothing is a good entropy or energy.
     const std::vector<double> ordinary{0.5, 1.0, 5.0, 100.0, 2800.0};

@@ -8,7 +8,7 @@ using namespace first_guesses;
 
 int main(int count, char** arguments) {
     const std::size_t n = count > 1 ? std::strtoul(arguments[1], nullptr, 10) : 10000;
-    std::puts("| pair | class | t: max, K | rms | first: max | rms | 2 steps, % | 3 steps, % | wrong region, % |");
+    std::puts("| pair | patch | t: max, K | rms | primary: max | rms | 2 steps, % | 3 steps, % | wrong region, % |");
     std::puts("| --- | --- | --- | --- | --- | --- | --- | --- | --- |");
     for (std::size_t k = 0; k < ktl::pair_count; ++k) {
         const auto pair = static_cast<Pair>(k);

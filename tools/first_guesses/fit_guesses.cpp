@@ -17,8 +17,8 @@ namespace guesses = ktl::engine::guesses;
 constexpr std::size_t curve_points = 2000, surface_points = 6000;
 
 /// Printed names; the order is that of the enumeration.
-constexpr std::string_view border_names[]{"liquid",   "vapour", "near_liquid", "near_vapour", "isotherm",
-                                          "boundary", "s_critical", "p_40_bar", "s_5_85", "tie_line_350C"};
+constexpr std::string_view border_names[]{"liquid",   "vapour",     "near_liquid", "near_vapour", "isotherm",
+                                          "boundary", "s_critical", "p_40_bar",    "s_5_85",      "tie_line_350C"};
 std::string_view word(Border b) { return border_names[static_cast<std::size_t>(b)]; }
 
 void note_error(std::ostream& out, const Polynomial& y) {
@@ -233,8 +233,8 @@ void write_surfaces(std::ostream& out, const Fitted& fitted) {
         weigh(item, states, points);
         const Polynomial z = fit(item.shape, points);
         out << "template <>\ninline constexpr " << surface_type(z) << " surface<Pair::" << given
-            << ", GuessPatch::" << name(item.where) << ", Unknown::" << (item.unknown == Unknown::t ? "t" : "primary") << ">"
-            << z.surface_text();
+            << ", GuessPatch::" << name(item.where) << ", Unknown::" << (item.unknown == Unknown::t ? "t" : "primary")
+            << ">" << z.surface_text();
         note_error(out, z);
     }
 }

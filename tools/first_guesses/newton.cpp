@@ -1,7 +1,7 @@
 #include "newton.hpp"
 
-#include "searches/two_phase.hpp"
 #include "engine/lanes/scalar.hpp"
+#include "searches/two_phase.hpp"
 
 #include <algorithm>
 #include <array>
@@ -12,10 +12,10 @@ namespace first_guesses {
 
 namespace {
 
-using ktl::Quantity;
 using ktl::Quantities;
-using ktl::engine::Scalar;
+using ktl::Quantity;
 using ktl::SubRegion;
+using ktl::engine::Scalar;
 
 Quantity quantity(char letter) {
     switch (letter) {

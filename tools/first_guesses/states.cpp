@@ -16,7 +16,7 @@ namespace guesses = ktl::engine::guesses;
 std::string_view name(GuessPatch c) {
     constexpr std::string_view names[]{
         "water",         "steam_thin", "steam", "steam_dense", "liquid_like",       "vapour_like",
-        "supercritical", "wet_low_s", "wet",   "wet_turning", "wet_near_critical", "wet_near_critical_turning"};
+        "supercritical", "wet_low_s",  "wet",   "wet_turning", "wet_near_critical", "wet_near_critical_turning"};
     static_assert(std::size(names) == guesses::patch_count - 1);
     return names[static_cast<std::size_t>(c)];
 }
@@ -34,9 +34,9 @@ double State::operator()(char letter) const {
 }
 
 PhaseProperties<double> phase(Region region, double first, double t) {
-    if (region == Region::water) return ktl::engine::from_gibbs(ktl::region1::terms(first, t), first, t);
-    if (region == Region::steam) return ktl::engine::from_gibbs(ktl::region2::terms(first, t), first, t);
-    return ktl::engine::from_helmholtz(ktl::engine::helmholtz_properties(first, t));
+    if (region == Region::water) return ktl::from_gibbs(ktl::region1::terms(first, t), first, t);
+    if (region == Region::steam) return ktl::from_gibbs(ktl::region2::terms(first, t), first, t);
+    return ktl::from_helmholtz(ktl::helmholtz_properties(first, t));
 }
 
 State single(Region region, double first, double t) {
@@ -79,7 +79,6 @@ double volume_from(double start, double factor, double p, double t) {
 }
 
 constexpr double least_volume = 0.00125, greatest_volume = 0.0095;
-
 
 State draw_steam(Random& random) {
     const double t = random(ktl_lc.tmin, ktl_lc.tmax);

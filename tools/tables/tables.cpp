@@ -3,7 +3,7 @@
 //   ktl_tables write SOURCE    writes them anew
 //   ktl_tables check SOURCE    compares only; exit status 1 if a table is stale
 //
-// SOURCE is the folder of the project. A table stands between two lines of comments, in Markdown
+// SOURCE is the folder of the project. A table is what lies between two lines of comments, in Markdown
 //
 //     <!-- table NAME, from the lists -->
 //     <!-- end of table -->
@@ -73,7 +73,7 @@ std::string quoted(std::string_view text) { return "`" + std::string(text) + "`"
 
 std::string row(const std::vector<std::string>& cells) {
     std::string out = "|";
-    for (const std::string& cell : cells) out += " " + cell + " |";
+    for (const std::string& cell : cells) out.append(" ").append(cell).append(" |");
     return out + "\n";
 }
 std::string head(const std::vector<std::string>& cells) {
