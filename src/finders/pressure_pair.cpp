@@ -9,11 +9,12 @@ namespace {
 
 using ktl::ktl_lc;
 
-/// Width of the strip, kJ/kg, by which sub-regions 1 and 2 reach into sub-region 3.
+/// Width of the strip, kJ/kg, by which sub-regions 1 and 2 reach into sub-region 3: given; the jump of h at 350 degC.
 constexpr double margin = 0.2;
 
 /// Temperature of the 2/3 boundary at p, degC. Three coefficients depart in their last digits from the exact
-/// inverse of the boundary line, which puts it about 0.003 K lower (349.99623 degC at p1).
+/// inverse of the boundary line, which puts it about 0.003 K lower (349.99623 degC at p1): 34.1706978 for 34.17061978,
+/// 77.25562828 for 4 al2 = 77.25522828, 38.62781414 for 2 al2 = 38.62761414. Given.
 double boundary_temperature(double p) {
     const double root = std::sqrt(1167.6365881389247 - 77.25562828 * (15.74373327 - p / ktl_lc.pca));
     return 647.3 * (34.1706978 + root) / 38.62781414 - 273.15;

@@ -13,7 +13,8 @@ using ktl::ktl_lc;
 /// 0.7 bar near 350 degC; states between the two lines belong to steam here.
 double shifted_boundary(double teta) { return (19.313380707 * teta - 34.17061978) * teta + 15.7473327; }
 
-/// Sub-region 3 at p, t from the bracket va, vb: the volume replaces the pressure.
+/// Sub-region 3 at p, t from the bracket va, vb: the volume replaces the pressure. The brackets are given: straight lines in
+/// t outside the volumes of most states. Results depend on them to the last bit, so they stay.
 int near_critical(double& p, double t, double va, double vb, double eps, int region) {
     p = ktl_i2(ktl_a3, t, p, va, vb, eps);
     return region;

@@ -10,7 +10,11 @@ static_assert(sizeof(ktl_lc_record) == 33 * sizeof(double));
 static_assert(offsetof(ktl_lc_record, v3min) == 16 * sizeof(double));
 static_assert(offsetof(ktl_lc_record, t1max) == 21 * sizeof(double));
 
-/// Values of the record ktl_lc, known to the compiler.
+/// Values of the record ktl_lc, known to the compiler: the constants of the 1967 formulation and what follows from them.
+/// alpha0 and alpha1 make internal energy and entropy of saturated water zero at 0.01 degC; pvo10 is 100 pca vca, pvot
+/// pvo10/tca, ai1 is R/pvot with R = 0.46151 kJ/(kg K); p1 and pmin are the saturation pressures at t1 and tmin; v3min is
+/// the volume of sub-region 1 at 1000 bar and 350 degC, v3max that of saturated steam at 350 degC. Compared by
+/// ktl_constants. No routine reads the unread ones; programs may.
 inline constexpr ktl_lc_record ktl_lc{
     .alpha0 = 1.041659047737673e-08,
     .alpha1 = -1.592682542006834e-06,

@@ -19,7 +19,8 @@ bool beyond_end(double t) {
     return true;
 }
 
-/// Divisor of the stored slope. It is not tca: the slope is scaled about 8.06 times, and ktl_tp steps by it.
+/// Divisor of the stored slope. It is not tca: the slope is scaled about 8.06 times, and ktl_tp steps by it. It is
+/// 1.8 tca/14.5038, which makes the slope one in psi per degree Fahrenheit.
 constexpr double slope_divisor = 80.3334;
 
 /// Chebyshev series of 647.3 K over the saturation temperature, in ktl_tp.
@@ -49,7 +50,7 @@ double start_temperature(double p) {
     return ktl_lc.tca / chebyshev(x) - ktl_lc.tza;
 }
 
-/// Relative tolerance of ktl_tp.
+/// Relative tolerance of ktl_tp; its steps lie at 3200 and 2700 psi (14.5038 psi to the bar). Given.
 double tolerance(double p) {
     if (p > 220.6318) return 1.0e-10;
     return p > 186.1581 ? 1.0e-9 : 1.0e-4;

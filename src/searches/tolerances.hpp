@@ -9,7 +9,8 @@ namespace ktl::searches {
 /// their values. The named finders allow more, as they always have.
 inline constexpr double limit_rounding = 0.5e-10;
 inline constexpr double limit_rounding_of_finders = 1.0e-9;
-/// A given pressure this close to the saturation pressure at the given temperature leaves the quality open.
+/// A given pressure this close to the saturation pressure at the given temperature leaves the quality open: the tolerance of the
+/// entry ktlftn.
 inline constexpr double on_saturation_line = 1.0e-8;
 
 // ---- Given values reproduced by a state ------------------------------------------------------------------------------
@@ -48,8 +49,8 @@ inline constexpr BorderSlack searched_entry{1.001e-6, 0.0, 1.0e-9, 0.0, 0.0, 0.0
 inline constexpr double t_across_gap = 0.5;  // K
 inline constexpr double p_across_gap = 0.01; // of the pressure
 
-/// Sub-region 3 has volumes from 0.00131478 to 0.00879911 m3/kg. Its equations have other roots beyond them, some at negative
-/// volumes, but none within this of the limits.
+/// The volumes of sub-region 3 lie between 0.0013153 and 0.0087996 m3/kg (ktl_constants): v3min and v3max but for the jumps at its
+/// borders. Its equations have other roots well beyond them, some at negative volumes.
 inline constexpr double volume_slack = 0.01;
 
 } // namespace ktl::searches

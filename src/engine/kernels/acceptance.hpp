@@ -11,7 +11,8 @@ namespace ktl::engine {
 using searches::NewtonResult;
 
 /// Below the critical point the top of the two-phase dome is handled by the exact search: from this temperature, degC, and this
-/// near to the critical volume, relative. From 374.149 degC on the saturated volumes follow a rule of their own.
+/// near to the critical volume, relative. Measured by ktl_constants: at 374.1 degC the dome reaches 0.063 of the critical volume
+/// to either side, and the fits of both saturated volumes, which end there, hold to 2.1e-4.
 inline constexpr double top_of_dome = 374.1;
 inline constexpr double top_width = 0.25;
 

@@ -25,13 +25,14 @@ using searches::line_at;
 using searches::LinePoint;
 using searches::TwoPhaseIterate;
 
-/// A pressure above all of the saturation line up to 350 degC, bar.
+/// A pressure above all of the saturation line up to 350 degC, where it is 165.351 bar.
 inline constexpr double above_the_line = 166.0;
-/// Larger values are no states of anything, and would only overflow.
+/// Larger values belong to no state (the largest is that of h, 4160 kJ/kg) and would only overflow.
 inline constexpr double largest_value = 1.0e9;
-/// Temperature below which water is left to the exact search in pairs that may name two states there, degC.
+/// Temperature, degC, below which water is handled by the exact search in pairs that may name two states there. Measured by
+/// ktl_constants: v has its minimum over t, and s and u rise with p, up to 4.7 degC.
 inline constexpr double expanding_water = 10.0;
-/// Quality below which a mixture is left to it: water may go before one with hardly any steam.
+/// Quality below which a mixture is handled by it: water may take precedence. Twice least_quality.
 inline constexpr double hardly_steam = 2.0e-6;
 
 // ---- Patches ---------------------------------------------------------------------------------------------------------
@@ -75,7 +76,7 @@ T classify_mixture(const T& line, const T& x) {
     return select(mixed > 0.5, c, is(GuessPatch::search));
 }
 
-/// 1 where a given pressure and temperature lie in the range and other values are numbers that a state may have; what is
+/// 1 if a given pressure and temperature lie in the range and other values are numbers that a state may have; what is
 /// not goes to the search, which tells why.
 template <Pair pair, class T>
 T in_range(const T& a, const T& b) {
@@ -111,8 +112,9 @@ T patch_of(const T& a, const T& b) {
 
 // ---- One phase ----------------------------------------------------------------------------------------------
 
-/// 1 where the state is the one that the pair's rule takes of several. At constant t the enthalpy of water and of dense
-/// sub-region 3 first falls, then rises with pressure: the falling side goes first. Cold water is left to the search.
+/// 1 if this is the preferred root of a pair that has several (docs/engine.md, Several states). For t, h in water and dense
+/// sub-region 3, h(p) has a minimum; the root with dh/dp < 0 is preferred. Pairs with roots on both sides of the density maximum
+/// are handled by the exact search below 10 degC.
 template <SubRegion sub_region, class T>
 T is_preferred_root(Pair pair, const T& primary, const T& t) {
     if (sub_region == SubRegion::water && (pair == Pair::pv || pair == Pair::ts || pair == Pair::tu))
@@ -143,14 +145,14 @@ NewtonResult<T> solve_in(Pair pair, const T& a, const T& b, const T& guess, cons
 
 // ---- Two phases ------------------------------------------------------------------------------------------------------
 
-/// 1 where a saturated volume is the outermost of those that the isotherm has under the saturation pressure: up to
-/// top_of_dome the guess of it is off by less than 3e-4, and the next volume lies several per cent from it.
+/// 1 if a saturated volume is the outermost of those that the isotherm has under the saturation pressure: up to
+/// top_of_dome its guess is off by less than 2.1e-4, and the next volume lies 3.5 % from it (ktl_constants).
 template <class T>
 T is_outermost(const T& v, const T& guessed) {
     return zero_unless(abs(v - guessed) < 1.0e-3 * guessed, T(1.0));
 }
 
-/// 1 where the mixture is stable beyond doubt and the one that the pair's rule takes.
+/// 1 if the mixture is certainly stable and the preferred state of its pair.
 template <bool high, class T>
 T accept(Pair pair, const TwoPhaseIterate<T>& m, const Margin& margin) {
     const bool may_be_water = pair == Pair::pv || pair == Pair::th || pair == Pair::ts || pair == Pair::tu;
@@ -182,14 +184,14 @@ struct MixtureAtGivenLine {
     SaturatedProperties<T> phases;
     PhaseProperties<T> bulk;
 };
-/// 1 where the part of the saturation line up to 350 degC, or from there on, has the pressure. The temperature does not
+/// 1 if the part of the saturation line up to 350 degC, or from there on, has the pressure. The temperature does not
 /// tell: that of a pressure beyond the line may be anything.
 template <bool high, class T>
 T line_has(const T& p) {
     if constexpr (high) return zero_unless(p >= ktl_lc.p1, zero_unless(p <= ktl_lc.pca, T(1.0)));
     return zero_unless(p <= ktl_lc.p1, T(1.0));
 }
-/// Where neither quality nor wanted properties take the phases, they are not evaluated.
+/// The phases are evaluated only if the quality or the wanted properties need them.
 template <bool high, PropertyLevel level, class T>
 MixtureAtGivenLine<T> mixture_at_p_or_t(Pair pair, const T& a, const T& b) {
     MixtureAtGivenLine<T> y;
