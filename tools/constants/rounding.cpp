@@ -77,7 +77,7 @@ void rounding_of_equations(Table& table) {
     for (const Item& item : items) {
         first_guesses::Random random(1967);
         Worst worst;
-        const int n = 20 * table.points();
+        const int n = 100 * table.points();
         for (int i = 0; i < n; ++i) compare(item.y, first_guesses::draw(item.region, random), worst);
         // Volumes of dense steam round by more than the steps allow for: there the length of the steps tells the end.
         if (item.region == Region::steam && item.y == Quantity::volume)
