@@ -2,7 +2,7 @@
 #include "rows.hpp"
 
 #include "engine/guesses/guesses.hpp"
-#include "engine/kernels/kernel_bodies.hpp"
+#include "engine/kernels/inversion.hpp"
 #include "engine/lanes/scalar.hpp"
 #include "first_guesses/states.hpp"
 #include "regions/saturation_guess_data.hpp"
@@ -40,7 +40,7 @@ bool has_both_volumes(double t) {
 /// Deviation of the pressure from that of saturation at the outermost volumes, relative.
 double pressure_miss(double t) {
     const auto y = ktl::saturated_at(t, ktl::SaturationModel::outermost_roots);
-    return std::max(std::fabs(pressure3(y.liquid, t) / y.p - 1.0), std::fabs(pressure3(y.steam, t) / y.p - 1.0));
+    return std::max(std::fabs(pressure3(y.liquid, t) / y.p - 1.0), std::fabs(pressure3(y.vapour, t) / y.p - 1.0));
 }
 
 /// Error of the fitted volumes of saturation, relative.
@@ -54,8 +54,8 @@ double volume_miss(double t) {
 double density_miss(double t) {
     const auto v = saturated_volumes(t);
     const double r = std::sqrt(ktl_lc.tc - t);
-    return std::max(std::fabs(ktl::first_guesses::liquid_density(r) - ktl_lc.vca / v.liquid),
-                    std::fabs(ktl::first_guesses::vapour_density(r) - ktl_lc.vca / v.vapour));
+    return std::max(std::fabs(ktl::saturation_guesses::liquid_density(r) - ktl_lc.vca / v.liquid),
+                    std::fabs(ktl::saturation_guesses::vapour_density(r) - ktl_lc.vca / v.vapour));
 }
 
 /// Distance of the saturated volumes from the critical one, relative.
@@ -83,10 +83,10 @@ double next_volume(double t) {
 double past_phases(double t) {
     const auto phases = ktl::saturated_at(t, ktl::SaturationModel::outermost_roots);
     const auto at = [&](double v) {
-        const auto y = ktl::engine::helmholtz_properties(v, t);
-        const auto h = ktl::engine::slopes(ktl::Quantity::enthalpy, y);
-        const double off = h.by_t * (phases.p - y.p) / y.dpdt;
-        return std::fabs(off / (h.by_first - h.by_t * y.dpdv / y.dpdt) / v);
+        const auto y = ktl::helmholtz_properties(v, t);
+        const auto h = ktl::slopes(ktl::Quantity::enthalpy, y);
+        const double off = h.d_t * (phases.p - y.p) / y.dpdt;
+        return std::fabs(off / (h.d_primary - h.d_t * y.dpdv / y.dpdt) / v);
     };
     return std::max(at(phases.liquid), at(phases.vapour));
 }
@@ -107,12 +107,13 @@ void critical_point(Table& table) {
     table.shown("last loop that holds ps, degC", last_point(has_both_volumes, 374.1, ktl_lc.tc));
     table.shown("outermost volumes: p off ps to 374.149 degC", largest(pressure_miss, just_above, 374.149, n));
     table.shown("outermost volumes: p off ps above", largest(pressure_miss, 374.149, ktl_lc.tc, n));
-    table.covers("past_saturation: isobar past the phases", ktl::past_saturation(ktl::SaturationModel::outermost_roots) - 1.0,
+    table.covers("past_saturation: isobar past the phases",
+                 ktl::past_saturation(ktl::SaturationModel::outermost_roots) - 1.0,
                  largest(past_phases, 374.149, ktl_lc.tc - 1.0e-6, n));
     const auto root = ktl::saturated_at(374.149, ktl::SaturationModel::outermost_roots);
     const auto drawn = ktl::saturated_at(std::nextafter(374.149, ktl_lc.tc), ktl::SaturationModel::outermost_roots);
     table.equal("v_outermost_liquid, m3/kg", drawn.liquid, root.liquid, 5.0e-10 * ktl_lc.vca);
-    table.equal("v_outermost_steam, m3/kg", drawn.steam, root.steam, 5.0e-10 * ktl_lc.vca);
+    table.equal("v_outermost_steam, m3/kg", drawn.vapour, root.steam, 5.0e-10 * ktl_lc.vca);
     table.shown("fitted saturated densities: error", largest(density_miss, just_above, first_guesses::last_loop, n));
     table.covers("is_outermost: error of the fitted volumes", allowed_difference(),
                  largest(volume_miss, just_above, top_of_dome, n));

@@ -2,7 +2,7 @@
 #include "rows.hpp"
 
 #include "engine/guesses/guesses.hpp"
-#include "engine/kernels/kernel_bodies.hpp"
+#include "engine/kernels/inversion.hpp"
 #include "first_guesses/states.hpp"
 #include "searches/lines.hpp"
 #include "searches/state.hpp"
@@ -52,8 +52,8 @@ Warmest warmest_rise(int n) {
             const double t = ktl_lc.tmin + 30.0 * i / n;
             const double low = saturation_pressure(t);
             const auto y = phase(Region::water, low + (ktl_lc.pmax - low) * j / 20.0, t);
-            if (engine::slopes(ktl::Quantity::entropy, y).by_first > 0.0) out.entropy = t;
-            if (engine::slopes(ktl::Quantity::energy, y).by_first > 0.0) out.energy = t;
+            if (slopes(ktl::Quantity::entropy, y).d_primary > 0.0) out.entropy = t;
+            if (slopes(ktl::Quantity::energy, y).d_primary > 0.0) out.energy = t;
         }
     return out;
 }
@@ -64,7 +64,7 @@ double smallest_rise(char energy, int n) {
     for (int i = 0; i <= n; ++i) {
         const double t = ktl_lc.t1 + (ktl_lc.t3max - ktl_lc.t1) * i / n;
         const auto at = first_guesses::single(Region::steam, ktl::boundary_pressure(t), t);
-        const double now = guesses::across(at(energy), at.s);
+        const double now = guesses::boundary_coordinate(at(energy), at.s);
         if (i > 0) least = std::min(least, now - before);
         before = now;
     }
@@ -140,8 +140,8 @@ void divisions_of_the_range(Table& table) {
     model_of_isotherms(table);
     // s, x: the quality whose entropy is the critical one, which the code takes as the same for all temperatures.
     const auto of_code = [](double x) {
-        return guesses::seen(ktl::Pair::sx, guesses::GuessPatch::wet, guesses::Lines<ktl::Pair::sx>{},
-                             guesses::middle_entropy + 1.0, x)
+        return guesses::guess_coordinates(ktl::Pair::sx, guesses::GuessPatch::wet,
+                                          guesses::ReferenceCurves<ktl::Pair::sx>{}, guesses::middle_entropy + 1.0, x)
                    .a > 0.0;
     };
     const auto quality = [](double t) {

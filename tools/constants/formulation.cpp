@@ -62,19 +62,19 @@ void named_routines(Table& table) {
     const auto off = [](double at, bool steam) {
         const auto entry = ktl::saturated_at(at, ktl::SaturationModel::entry_compatible);
         const auto outermost = ktl::saturated_at(at, ktl::SaturationModel::outermost_roots);
-        return steam ? std::fabs(entry.steam / outermost.steam - 1.0)
+        return steam ? std::fabs(entry.vapour / outermost.vapour - 1.0)
                      : std::fabs(entry.liquid / outermost.liquid - 1.0);
     };
     constexpr double apart = 1.0e-3;
     table.shown("ktlftn: last outermost steam volume, degC",
                 last_point([&](double x) { return off(x, true) < apart; }, 373.0, 373.5));
-    table.shown("ktlftn: last saturated volumes, degC", last_point(
-                                                            [](double x) {
-                                                                const auto y =
-                                                                    ktl::saturated_at(x, ktl::SaturationModel::entry_compatible);
-                                                                return y.liquid < y.steam;
-                                                            },
-                                                            374.1, ktl_lc.tc));
+    table.shown("ktlftn: last saturated volumes, degC",
+                last_point(
+                    [](double x) {
+                        const auto y = ktl::saturated_at(x, ktl::SaturationModel::entry_compatible);
+                        return y.liquid < y.vapour;
+                    },
+                    374.1, ktl_lc.tc));
 }
 
 } // namespace constants

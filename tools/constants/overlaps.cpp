@@ -2,7 +2,7 @@
 // state of another sub-region with the same two values is searched, by the engine's own steps and tests.
 #include "rows.hpp"
 
-#include "engine/kernels/kernel_bodies.hpp"
+#include "engine/kernels/inversion.hpp"
 #include "engine/lanes/scalar.hpp"
 #include "first_guesses/states.hpp"
 #include "searches/state.hpp"
@@ -18,9 +18,10 @@ using first_guesses::State;
 using ktl::ktl_lc;
 using ktl::Pair;
 using ktl::Region;
-using ktl::engine::Body;
+using ktl::SubRegion;
 using ktl::engine::Scalar;
 namespace engine = ktl::engine;
+namespace searches = ktl::searches;
 
 /// What one pair needs, and how many states with a double its margins let pass.
 struct Widths {
@@ -29,10 +30,10 @@ struct Widths {
 };
 
 /// One phase of sub-region 1 or 2 with the values of a state.
-template <Body body>
+template <SubRegion sub_region>
 bool in_one_phase(Pair pair, Scalar a, Scalar b, double p, double t) {
-    const auto found = engine::newton<body>(engine::quantities(pair), a, b, Scalar(p), Scalar(t));
-    return all_set(found.converged) && all_set(engine::inside<body>(pair, found, Scalar(p), engine::no_margin));
+    const auto found = searches::newton<sub_region>(engine::quantities(pair), a, b, Scalar(p), Scalar(t));
+    return all_set(found.converged) && all_set(engine::accept<sub_region>(pair, found, Scalar(p), engine::no_margin));
 }
 
 /// The sub-region beside sub-region 3 in which a state has a double: another state with both its values.
@@ -42,12 +43,12 @@ Double double_of(Pair pair, const State& state) {
     const auto given = first_guesses::name(pair);
     const Scalar a = state(given[0]), b = state(given[1]);
     const double t = engine::has_temperature(pair) ? state.t : std::min(state.t, ktl_lc.t1);
-    if (in_one_phase<Body::water>(pair, a, b, state.p, t)) return Double::across_350;
-    if (in_one_phase<Body::steam>(pair, a, b, state.p, state.t)) return Double::across_boundary;
+    if (in_one_phase<SubRegion::water>(pair, a, b, state.p, t)) return Double::across_350;
+    if (in_one_phase<SubRegion::steam>(pair, a, b, state.p, state.t)) return Double::across_boundary;
     if (engine::has_pressure(pair) || engine::has_temperature(pair)) return Double::none;
-    engine::Mixed<Scalar> m{Scalar(0.0), Scalar(t), Scalar(0.0), Scalar(0.0), Scalar(0.0)};
-    engine::mix<false>(m, pair, engine::quantities(pair), a, b);
-    return all_set(engine::inside<false>(pair, m, engine::no_margin)) ? Double::across_350 : Double::none;
+    engine::TwoPhaseIterate<Scalar> m{Scalar(0.0), Scalar(t), Scalar(0.0), Scalar(0.0), Scalar(0.0)};
+    searches::newton_two_phase<false>(m, engine::quantities(pair), a, b);
+    return all_set(engine::accept<false>(pair, m, engine::no_margin)) ? Double::across_350 : Double::none;
 }
 
 /// True if the engine takes a state of sub-region 3 although it keeps the margins.
@@ -56,11 +57,11 @@ bool is_taken(Pair pair, const State& y) {
     const Scalar first(y.first), t(y.t);
     if (y.two_phase()) {
         const auto v = first_guesses::saturated_volumes(y.t);
-        return all_set(engine::inside<true>(
-            pair, engine::Mixed<Scalar>{first, t, Scalar(v.liquid), Scalar(v.vapour), Scalar(1.0)}, margin));
+        return all_set(engine::accept<true>(
+            pair, engine::TwoPhaseIterate<Scalar>{first, t, Scalar(v.liquid), Scalar(v.vapour), Scalar(1.0)}, margin));
     }
-    const engine::Found<Scalar> found{first, t, Scalar(1.0), Scalar(y.p), Scalar(-1.0)};
-    return all_set(engine::inside_near_critical(pair, found, first, margin));
+    const engine::NewtonResult<Scalar> found{first, t, Scalar(1.0), Scalar(y.p), Scalar(-1.0)};
+    return all_set(engine::accept_near_critical(pair, found, first, margin));
 }
 
 /// How far the states at(0), at(1) ... have doubles of a kind: the largest distance up to which there is one.

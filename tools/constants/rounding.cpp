@@ -1,9 +1,9 @@
 // Rounding of the region equations in double, against the same equations in long double.
 #include "rows.hpp"
 
-#include "engine/kernels/newton.hpp"
 #include "engine/lanes/scalar.hpp"
 #include "first_guesses/states.hpp"
+#include "searches/newton.hpp"
 #include "searches/state.hpp"
 
 #include <algorithm>
@@ -20,7 +20,7 @@ using Wide = long double;
 
 /// Largest error that was met, in parts of what the code allows for.
 struct Worst {
-    double newton = 0.0; ///< of engine::is_met
+    double newton = 0.0; ///< of searches::is_met
     double search = 0.0; ///< of search_tolerance
 };
 
@@ -40,17 +40,18 @@ T evaluate(Quantity y, Region region, double first, double t) {
 
 /// The deviation at which is_met() begins to refuse.
 double allowed_by_newton(Quantity y, double value) {
-    const auto met = [&](double miss) { return ktl::engine::is_met(y, Scalar(miss), Scalar(value)).value > 0.5; };
+    const auto met = [&](double miss) { return ktl::searches::is_met(y, Scalar(miss), Scalar(value)).value > 0.5; };
     return last_point(met, 0.0, 1.0);
 }
 
 void compare(Quantity y, const first_guesses::State& state, Worst& worst) {
-    const double got = value_of(evaluate<Scalar>(y, state.region, state.primary, state.t));
-    const double plain = evaluate<double>(y, state.region, state.primary, state.t);
-    const Wide truth = evaluate<Wide>(y, state.region, state.primary, state.t);
+    const double got = value_of(evaluate<Scalar>(y, state.region, state.first, state.t));
+    const double plain = evaluate<double>(y, state.region, state.first, state.t);
+    const Wide truth = evaluate<Wide>(y, state.region, state.first, state.t);
     const double value = static_cast<double>(truth);
     worst.newton = std::fmax(worst.newton, static_cast<double>(std::fabs(got - truth)) / allowed_by_newton(y, value));
-    const double tolerance = ktl::search_tolerance(y, static_cast<int>(state.region), value, ktl::SaturationModel::outermost_roots);
+    const double tolerance =
+        ktl::search_tolerance(y, static_cast<int>(state.region), value, ktl::SaturationModel::outermost_roots);
     worst.search = std::fmax(worst.search, static_cast<double>(std::fabs(plain - truth)) / tolerance);
 }
 
