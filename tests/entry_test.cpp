@@ -186,6 +186,14 @@ TEST(Entry, WetNearCriticalRegion) {
         const Values wet = ask(KTL_WET_NEAR_CRITICAL, 0.5, t, "P,T,X,V,H,S.");
         const Values wanted{ps, t, 0.5, (vp + vpp) / 2.0, mean(ktl_d3), mean(ktl_e3)};
         for (std::size_t i = 0; i < 6; ++i) EXPECT_TRUE(close(named("value ", i), wet[i], wanted[i], 1e-15));
+        for (const char* code : {"H.", "S."}) {
+            value(KTL_WET_NEAR_CRITICAL, 0.5, t, code);
+            EXPECT_EQ(ktl_cu.v, vpp) << "saturated water is evaluated before steam";
+        }
+        // The volumes by the given brackets, to the last bit.
+        const auto volume = [&](double a, double b) { return ktl_i2(ktl_a3, t, ps, a, b, 1e-8); };
+        EXPECT_EQ(vpp, volume(std::max(0.08611 - 0.000222 * t, 0.00317), 0.008799105448));
+        EXPECT_EQ(vp, volume(std::min(6e-05 * t - 0.01899, 0.00317), 0.00174));
     }
 }
 

@@ -157,14 +157,12 @@ private:
     }
 
     [[nodiscard]] double value(ktl_property Equations::*property) const {
-        if (region_ == KTL_WET) return mix((liquid.*property)(ps_, t_), (steam.*property)(ps_, t_));
-        if (region_ == KTL_WET_NEAR_CRITICAL)
-            return mix((near_critical.*property)(vp_, t_), (near_critical.*property)(vpp_, t_));
-        return (equations().*property)(xx_, t_);
-    }
-
-    [[nodiscard]] double mix(double liquid_value, double steam_value) const {
-        return liquid_value + xx_ * (steam_value - liquid_value);
+        if (!wet()) return (equations().*property)(xx_, t_);
+        const bool low = region_ == KTL_WET;
+        // Liquid first: the phase that is evaluated last stays in the records.
+        const double of_liquid = ((low ? liquid : near_critical).*property)(low ? ps_ : vp_, t_);
+        const double of_steam = ((low ? steam : near_critical).*property)(low ? ps_ : vpp_, t_);
+        return of_liquid + xx_ * (of_steam - of_liquid);
     }
 
     [[nodiscard]] double pressure() const {

@@ -23,5 +23,8 @@ void comt1(const double& p, const double& t) { prepared(p, t); }
 double ktl_c1(const double& p, const double& t) { return region1::volume(prepared(p, t)); }
 double ktl_d1(const double& p, const double& t) { return region1::enthalpy(prepared(p, t)); }
 double ktl_e1(const double& p, const double& t) { return region1::entropy(prepared(p, t)); }
-double ktl_f1(const double& p, const double& t) { return internal_energy(ktl_d1(p, t), p, ktl_c1(p, t)); }
+double ktl_f1(const double& p, const double& t) {
+    const double h = ktl_d1(p, t);
+    return internal_energy(h, p, ktl_c1(p, t));
+}
 double ktl_h1(const double& p, const double& t) { return region1::heat_capacity(prepared(p, t)); }

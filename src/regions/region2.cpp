@@ -23,5 +23,8 @@ void comt2(const double& p, const double& t) { prepared(p, t); }
 double ktl_c2(const double& p, const double& t) { return region2::volume(prepared(p, t)); }
 double ktl_d2(const double& p, const double& t) { return region2::enthalpy(prepared(p, t)); }
 double ktl_e2(const double& p, const double& t) { return region2::entropy(prepared(p, t)); }
-double ktl_f2(const double& p, const double& t) { return internal_energy(ktl_d2(p, t), p, ktl_c2(p, t)); }
+double ktl_f2(const double& p, const double& t) {
+    const double h = ktl_d2(p, t);
+    return internal_energy(h, p, ktl_c2(p, t));
+}
 double ktl_h2(const double& p, const double& t) { return region2::heat_capacity(prepared(p, t)); }

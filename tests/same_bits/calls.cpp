@@ -1,5 +1,6 @@
 // A fixed set of 10,000 calls over all regions: named routines, finders and ktl:: calls, some of them with invalid
-// input. Prints the bits of every result, one call to a line; builds by different compilers must print the same.
+// input. Prints the bits of every result and what the call left in the records, one call to a line; builds by different
+// compilers must print the same.
 #include "support/pairs.hpp"
 #include "support/random.hpp"
 
@@ -21,6 +22,12 @@ void print(double value) {
         std::printf(" nan");
     else
         std::printf(" %016" PRIx64, std::bit_cast<std::uint64_t>(value));
+}
+
+/// What a call leaves: the state last prepared, the slope of psl1, the count of errors.
+void print_records() {
+    for (const double value : {ktl_cu.p, ktl_cu.t, ktl_cu.v, ktl_nt.dpdt}) print(value);
+    std::printf(" %d", ktlerr.ientry);
 }
 
 constexpr std::array properties{ktl_c1, ktl_d1, ktl_e1, ktl_f1, ktl_h1, ktl_c2, ktl_d2, ktl_e2, ktl_f2,
@@ -60,6 +67,7 @@ void call_entry(Random& random, std::size_t n) {
     first = sometimes_invalid(random, first);
     std::array<double, 9> out{};
     ktlftn(finders[n], first, last, "P,T,V,H,S,X,CP,DV,TC.", out.data());
+    print_records();
     const int region = finders[n](first, last, 1e-8);
     std::printf(" %d", region);
     print(first);
@@ -130,9 +138,9 @@ int main() {
             call_state(random);
         else
             call_solvers(random);
+        print_records();
         std::printf("\n");
     }
-    std::printf("errors %d\n", ktlerr.ientry);
     for (const int unit : {6, 13}) ktl_connect_unit(unit, nullptr);
     std::fclose(nowhere);
 }
