@@ -1,6 +1,10 @@
 // Working records: computed once for a state, one to a thread, and without influence on any result.
 #include "regions/constants.hpp"
 
+#include "regions/region1.hpp"
+
+#include "support/compare.hpp"
+#include "support/free_energy.hpp"
 #include "support/reports.hpp"
 #include "support/states.hpp"
 
@@ -100,6 +104,65 @@ TEST(Records, LimitsOfTheRange) {
     EXPECT_EQ(reports.lines(), lines);
 }
 
+/// Every value of the record, those that no equation reads included.
+TEST(Records, ConstantsAsGiven) {
+    const std::array<double, 33> given{1.041659047737673e-08,
+                                       -1.592682542006834e-06,
+                                       221.2,
+                                       0.00317,
+                                       647.3,
+                                       273.15,
+                                       70.1204,
+                                       0.1083275143,
+                                       4.260321148,
+                                       350.0,
+                                       374.15,
+                                       165.3512406,
+                                       0.006112444,
+                                       1000.0,
+                                       3208.3,
+                                       165.12406,
+                                       0.001314782578,
+                                       0.008799105448,
+                                       0.01,
+                                       800.0,
+                                       705.5,
+                                       350.0,
+                                       0.01,
+                                       350.0,
+                                       590.0,
+                                       -1.0,
+                                       1860.0,
+                                       1205.0,
+                                       906.1,
+                                       -0.1,
+                                       3.0,
+                                       0.804,
+                                       1.065};
+    EXPECT_EQ((std::bit_cast<std::array<double, 33>>(*ktl_constants())), given);
+}
+
+/// The working terms that no equation reads; equations_test.cpp holds the others to the free energies.
+TEST(Records, TermsThatNothingReads) {
+    using namespace ktl;
+    const auto s1 = region1::terms(250.0, 180.0);
+    const auto s2 = region2::terms(90.0, 420.0);
+    const auto s3 = region3::terms(0.003, 380.0);
+    const std::pair<double, double> rows[] = {{s1.th7, power(s1.theta, 7)},
+                                              {s1.th21, power(s1.theta, 21)},
+                                              {s1.ub2, power(1.15e-06 + power(s1.theta, 19), 2)},
+                                              {s1.ud4, power(7.002753165 + s1.beta, 4)},
+                                              {s2.thm1, 1.0 / s2.theta},
+                                              {s2.th3, power(s2.theta, 3)},
+                                              {s2.th4, power(s2.theta, 4)},
+                                              {s2.x12, power(s2.x1, 12)},
+                                              {s2.beta5, power(s2.beta, 5)},
+                                              {s2.beta6, power(s2.beta, 6)},
+                                              {s2.beta7, power(s2.beta, 7)},
+                                              {s3.omth1, 1.0 - 623.15 / 647.3}};
+    for (const auto& [term, wanted] : rows) EXPECT_TRUE(close("term", term, wanted, 1e-14));
+}
+
 /// One call: a routine, or, where that is null, all properties through the entry by a finder.
 struct Call {
     ktl_property routine;
@@ -170,6 +233,22 @@ TEST(Threads, RecordsStartEmpty) {
         comt1(100.0, 200.0);
         EXPECT_EQ(ktl_cu.p, 100.0) << "the first call computes, whatever other threads hold";
     }).join();
+}
+
+/// The first call of a thread computes and reports, whatever it is asked; -999 is a common mark of missing values.
+TEST(Threads, FirstCallComputes) {
+    Reports reports;
+    for (const auto& r : sub_regions)
+        for (const auto routine : r.routines)
+            for (const State& x : {State{r.inside.first, -999.0}, State{-999.0, r.inside.t}, State{-999.0, -999.0}})
+                std::jthread([&] {
+                    const double first = routine(x.first, x.t);
+                    const auto lines = reports.lines();
+                    EXPECT_GT(lines.size(), 0U);
+                    r.prepare(r.inside.first, r.inside.t);
+                    EXPECT_TRUE(same(first, routine(x.first, x.t))) << x.first << ", " << x.t;
+                    EXPECT_EQ(lines, reports.lines());
+                }).join();
 }
 
 TEST(Threads, ReportsAreCountedAndWhole) {

@@ -1,7 +1,7 @@
 // Doors of sub-region 3: cache, range report and records in front of the equations.
 #include "regions/region3.hpp"
 
-#include "reports/diagnostics.hpp"
+#include "regions/region_cache.hpp"
 
 #include <ktl/ktlftn.h>
 
@@ -12,8 +12,8 @@ using namespace ktl;
 /// Record ktl_s3 and the state it belongs to. Written by comt3 alone, one to a thread.
 struct Working {
     region3::Terms<double> terms;
-    double vprev = -999.0;
-    double tprev = -999.0;
+    double vprev = no_state_yet;
+    double tprev = no_state_yet;
 };
 constinit thread_local Working ktl_s3{};
 
@@ -23,7 +23,7 @@ void check_range(double v, double t) {
         reports::report("COMT3 ", reports::Case::volume_temperature_out_of_range, v, t);
 }
 
-/// A search at fixed temperature changes v alone; the terms of temperature then stand.
+/// A search at fixed temperature changes v alone; the terms of temperature are kept then.
 const region3::Terms<double>& prepared(double v, double t) {
     Working& w = ktl_s3;
     const bool same_t = t == w.tprev;
@@ -42,6 +42,9 @@ void comt3(const double& v, const double& t) { prepared(v, t); }
 double ktl_a3(const double& v, const double& t) { return region3::pressure(prepared(v, t)); }
 double ktl_d3(const double& v, const double& t) { return region3::enthalpy(prepared(v, t)); }
 double ktl_e3(const double& v, const double& t) { return region3::entropy(prepared(v, t)); }
-double ktl_f3(const double& v, const double& t) { return internal_energy(ktl_d3(v, t), ktl_a3(v, t), v); }
+double ktl_f3(const double& v, const double& t) {
+    const double h = ktl_d3(v, t);
+    return internal_energy(h, ktl_a3(v, t), v);
+}
 double ktl_h3(const double& v, const double& t) { return region3::heat_capacity(prepared(v, t)); }
 double cp3e(const double& v, const double& t) { return ktl_h3(v, t); }

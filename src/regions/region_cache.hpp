@@ -5,6 +5,7 @@
 #include "reports/diagnostics.hpp"
 
 #include <ktl/ktlftn.h>
+#include <limits>
 
 namespace ktl {
 
@@ -14,14 +15,17 @@ struct Limits {
     double tmin, tmax;
 };
 
-/// Terms and the state they belong to; at the start no state.
+/// What nothing equals, not even itself: before its first evaluation a thread keeps no state.
+inline constexpr double no_state_yet = std::numeric_limits<double>::quiet_NaN();
+
+/// Terms and the state they belong to.
 template <class Terms>
 struct RegionCache {
     Terms terms;
-    double pprev = -999.0;
-    double tprev = -999.0;
+    double pprev = no_state_yet;
+    double tprev = no_state_yet;
 
-    /// The terms at p, t: those kept where both are the same, else new ones from fill(p, t), after a report
+    /// The terms at p, t: those kept if both are the same, else new ones from fill(p, t), after a report
     /// for each limit passed.
     template <class Fill>
     const Terms& at(double p, double t, const Limits& limits, Fill&& fill) {
