@@ -31,6 +31,10 @@ TEST(Saturation, EndsAtTheCriticalPoint) {
     EXPECT_EQ(psl1(374.16), 0.0);
     EXPECT_EQ(ktl_nt.dpdt, 1.5) << "ktl_pt, and psl1 above the end, keep the slope";
     EXPECT_EQ(reports.lines(), Lines(2, line_of("T=  3.74160000E+02")));
+    // At absolute zero, and where the products of the equation overflow, too.
+    EXPECT_EQ(ktl_pt(-273.15), 0.0);
+    EXPECT_EQ(psl1(-273.15), 0.0);
+    EXPECT_EQ(ktl_pt(-1e63), infinity);
     EXPECT_TRUE(std::isnan(ktl_pt(std::nan(""))));
     EXPECT_EQ(reports.count(), 0U) << "a not-a-number is not reported";
 }

@@ -19,6 +19,14 @@ bool beyond_end(double t) {
     return true;
 }
 
+/// Terms at t. The equation divides by the product of its denominators. At absolute zero, and far below it, that product
+/// is zero or overflows; there the pressure comes from one division after the other, and is 0 at absolute zero.
+saturation::Terms<double> line_terms(double t) {
+    auto s = saturation::terms(t);
+    if (!std::isnormal(s.theta * s.d1 * s.d2)) s.p = ktl_lc.pca * exp(s.sum / s.theta / s.d1 - s.x / s.d2);
+    return s;
+}
+
 /// Divisor of the stored slope. It is not tca: the slope is scaled about 8.06 times, and ktl_tp steps by it. It is
 /// 1.8 tca/14.5038, which makes the slope one in psi per degree Fahrenheit.
 constexpr double slope_divisor = 80.3334;
@@ -66,11 +74,11 @@ bool correct(double& t, double pin, double tol, double f) {
 
 } // namespace
 
-double ktl_pt(const double& t) { return beyond_end(t) ? 0.0 : saturation::terms(t).p; }
+double ktl_pt(const double& t) { return beyond_end(t) ? 0.0 : line_terms(t).p; }
 
 double psl1(const double& t) {
     if (beyond_end(t)) return 0.0;
-    const auto s = saturation::terms(t);
+    const auto s = line_terms(t);
     ktl_nt.dpdt = s.p / slope_divisor * saturation::log_slope(s);
     return s.p;
 }
