@@ -329,7 +329,7 @@ KTL_API double ktl_a3(KTL_IN(double) v, KTL_IN(double) t); /**< pressure, sub-re
 KTL_API double ktl_d3(KTL_IN(double) v, KTL_IN(double) t); /**< enthalpy */
 KTL_API double ktl_e3(KTL_IN(double) v, KTL_IN(double) t); /**< entropy */
 KTL_API double ktl_f3(KTL_IN(double) v, KTL_IN(double) t); /**< internal energy, h - 100 p v */
-KTL_API double ktl_h3(KTL_IN(double) v, KTL_IN(double) t); /**< isobaric heat capacity; infinite where dp/dv = 0 */
+KTL_API double ktl_h3(KTL_IN(double) v, KTL_IN(double) t); /**< isobaric heat capacity, 6.7e9 if critical */
 KTL_API double cp3e(KTL_IN(double) v, KTL_IN(double) t);   /**< second name of ktl_h3 */
 
 /* ---- Saturation line ---------------------------------------------------------------------------------- */

@@ -85,7 +85,8 @@ inline constexpr double nan = std::numeric_limits<double>::quiet_NaN();
 /// One homogeneous phase: water, steam, or one of the two saturated phases of a two-phase state.
 ///
 /// Returned by state() and the saturation calls. If the phase does not exist, and by default, region() is none and
-/// every property is NaN. At the critical point cp(), compressibility() and expansion() are infinite.
+/// every property is NaN. On a level isotherm, at the critical point and next to it, cp(), compressibility(), expansion() and
+/// prandtl() are infinite; elsewhere they are positive, but for the expansion of cold water.
 class Phase {
 public:
     /// A function for each property but the quality, in the unit of ktl/properties.def: p(), t(), v(), rho(), h() and

@@ -13,6 +13,14 @@ T energy(const PhaseProperties<T>& y) {
     return internal_energy(y.h, y.p, y.v);
 }
 
+/// (dt/dp) at constant h, K/bar. On a level isotherm it is (dt/dp) at constant v, which the speed of sound holds.
+template <class T>
+T joule_thomson(const PhaseProperties<T>& y) {
+    const T kelvin = y.t + ktl_lc.tza;
+    return select(y.cp < infinity, kj_per_bar_m3 * (kelvin * y.dvdt - y.v) / y.cp,
+                  y.v * sqrt(1.0e7 * kelvin / (y.speed_of_sound_squared * y.cv)));
+}
+
 template <class T>
 T derived(Property property, const PhaseProperties<T>& y) {
     const auto kelvin = [&] { return y.t + ktl_lc.tza; };
@@ -32,7 +40,7 @@ T derived(Property property, const PhaseProperties<T>& y) {
     case Property::isentropic_exponent: return y.speed_of_sound_squared / (pascals_per_bar * y.p * y.v);
     case Property::compressibility: return -y.dvdp / y.v;
     case Property::expansion: return y.dvdt / y.v;
-    case Property::joule_thomson: return kj_per_bar_m3 * (kelvin() * y.dvdt - y.v) / y.cp;
+    case Property::joule_thomson: return joule_thomson(y);
     case Property::viscosity: return transport::viscosity(y.v, y.t);
     case Property::kinematic_viscosity: return transport::viscosity(y.v, y.t) * y.v;
     case Property::conductivity: return transport::conductivity(y.v, y.t);

@@ -14,6 +14,7 @@ using std::log;
 using std::pow;
 using std::sqrt;
 
+inline constexpr double infinity = std::numeric_limits<double>::infinity();
 inline constexpr double quiet_nan = std::numeric_limits<double>::quiet_NaN();
 
 // One evaluation of a sub-region's equations at a new state. Only the program that measures the work of the

@@ -272,7 +272,8 @@ T entropy(const Terms<T>& s) {
     return ktl_lc.pvot * (-free_energy_slope(s, volume_groups(s)) - ktl_lc.alpha1);
 }
 
-/// Specific isobaric heat capacity, kJ/(kg K); infinite at the critical point, where psi_chi_chi is zero.
+/// Specific isobaric heat capacity, kJ/(kg K). At the critical point, where psi_chi_chi would be zero but for the printed
+/// digits of its coefficients, 6.7e9; next to it negative in places.
 template <class T>
 T heat_capacity(const Terms<T>& s) {
     const T mixed = free_energy_mixed(s);

@@ -1,11 +1,8 @@
-// The engine's equations: elementary functions, closed slopes, and the same bits from every set of kernels.
+// The engine's equations: elementary functions, and the same bits from every set of kernels.
 #include "engine/lanes/scalar.hpp"
 #include "engine/rows/block.hpp"
 #include "regions/quantity.hpp"
 #include "rows.hpp"
-#include "support/compare.hpp"
-#include "support/dual.hpp"
-#include "support/states.hpp"
 
 #include <gtest/gtest.h>
 
@@ -44,43 +41,6 @@ TEST(Elementary, FunctionsAreWithinOneUnitOfTheLastPlace) {
     EXPECT_LT(worst_ulp(
                   l, [](long double x) { return std::log(x); }, 1.0e-6, 1.0e6),
               1.0L);
-}
-
-/// The slopes and second-order properties of a phase against derivatives by dual numbers of its v, s and h (region 3: p,
-/// s, h), which are equations of their own.
-template <SubRegion sub_region>
-void check_phase(double first, double t) {
-    using D = test::Dual<double>;
-    const auto values = [&](D x, D y) { return phase_at<sub_region>(x, y); };
-    const PhaseProperties<Scalar> found = phase_at<sub_region>(Scalar(first), Scalar(t));
-    const PhaseProperties<D> by_first = values(D(first, 1.0), D(t, 0.0));
-    const PhaseProperties<D> by_t = values(D(first, 0.0), D(t, 1.0));
-    // (dy/dp) at t and (dy/dt) at p, whatever the variables are.
-    const auto dp = [&](D PhaseProperties<D>::*y) { return (by_first.*y).d / by_first.p.d; };
-    const auto dt = [&](D PhaseProperties<D>::*y) { return (by_t.*y).d - dp(y) * by_t.p.d; };
-    const double vp = dp(&PhaseProperties<D>::v), vt = dt(&PhaseProperties<D>::v), sp = dp(&PhaseProperties<D>::s),
-                 st = dt(&PhaseProperties<D>::s);
-    const double kelvin = t + 273.15;
-    const std::string at = test::named("sub_region ", static_cast<int>(sub_region), " at ", first, ", ", t);
-    EXPECT_TRUE(test::close(at + " dv/dt", found.dvdt.value, vt, 1e-9, 1e-6));
-    EXPECT_TRUE(test::close(at + " dv/dp", found.dvdp.value, vp, 1e-9));
-    EXPECT_TRUE(test::close(at + " cp", found.cp.value, kelvin * st, 1e-6));
-    EXPECT_TRUE(test::close(at + " cv", found.cv.value, kelvin * (st - sp * vt / vp), 1e-5));
-    const double dvdp_at_s = vp - vt * sp / st;
-    EXPECT_TRUE(test::close(at + " speed_of_sound_squared", found.speed_of_sound_squared.value,
-                            -1.0e5 * found.v.value * found.v.value / dvdp_at_s, 1e-5));
-}
-
-TEST(Phases, HaveTheSlopesOfTheirEquations) {
-    Random random(11);
-    for (int i = 0; i < 300; ++i) {
-        const auto water = test::random_liquid(random);
-        check_phase<SubRegion::water>(water.first, water.t);
-        const auto steam = test::random_steam(random);
-        check_phase<SubRegion::steam>(steam.first, steam.t);
-        const auto near_critical = test::random_near_critical(random);
-        check_phase<SubRegion::near_critical>(near_critical.first, near_critical.t);
-    }
 }
 
 TEST(Kernels, GiveTheSameBitsOnEveryMachine) {
