@@ -114,6 +114,10 @@ TEST(PressureTemperature, VolumesOfSubRegion3) {
         EXPECT_TRUE(found.region == 3 || found.region == 4);
         EXPECT_TRUE(close(named("p at ", v, ", ", t), ktl_a3(found.first, t), p, 1.01 * eps));
         EXPECT_TRUE(close(named("v at ", p, ", ", t), found.first, v, 1e-4));
+        // By the given brackets, to the last bit.
+        double a = found.region == 4 ? 6.0e-05 * t - 0.01899 : 5.6e-06 * t - 0.00073;
+        double b = found.region == 4 ? ktl_lc.v3min : 0.01545 - 2.18e-05 * t;
+        EXPECT_EQ(found.first, ktl_i2(ktl_a3, t, p, a, b, eps));
     }
 }
 

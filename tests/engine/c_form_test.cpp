@@ -70,6 +70,16 @@ TEST(CForm, GivesWhatTheCallsOfCppGive) {
         EXPECT_TRUE(std::equal(status.begin(), status.end(), cpp_status.begin(),
                                [](unsigned char x, Status y) { return x == static_cast<unsigned char>(y); }));
     }
+    // Cancelled at the first report of progress, or not.
+    const std::vector<double> given(200000, 100.0);
+    std::vector<unsigned char> all(given.size());
+    for (const int go_on : {0, 1}) {
+        int answer = go_on;
+        const ktl_batch_options options{1, [](void* to, size_t, size_t) { return *static_cast<int*>(to); }, &answer};
+        const auto result =
+            ktl_batch(KTL_PAIR_PT, given.data(), given.data(), given.size(), nullptr, nullptr, 0, all.data(), &options);
+        EXPECT_EQ(result.cancelled, 1 - go_on);
+    }
     EXPECT_EQ(ktl_batch(KTL_PAIR_PT, nullptr, nullptr, 1, nullptr, nullptr, 0, nullptr, nullptr).fault,
               KTL_FAULT_LENGTHS_DIFFER);
 }
