@@ -1,5 +1,4 @@
-// Every equation of the sub-regions: against derivatives of its free energy, taken in long double, and, as shipped,
-// against the thermodynamic identities, by dual numbers.
+// Every equation of the sub-regions against derivatives of its free energy, taken in long double.
 #include "regions/region1.hpp"
 
 #include "support/compare.hpp"
@@ -13,7 +12,6 @@ namespace {
 
 using namespace ktl;
 using namespace ktl::test;
-using D = Dual<double>;
 
 constexpr int states = 3000;
 /// pvot is pvo10/tca rounded to ten digits (9e-11 of it), which stands between ds and dh/T.
@@ -160,63 +158,6 @@ TEST(Equations, RoundingOfWater) {
             found = std::fmax(found, static_cast<double>(std::fabs(ktl_d1(p, t) - exact)));
         }
         EXPECT_TRUE(within(named("from ", from), found, worst, 0.2 * worst));
-    }
-}
-
-/// Properties along one variable, with what rounded stored products add taken off.
-struct Along {
-    D third, h, s;
-};
-Along liquid_along(const D& p, const D& t) {
-    const auto s = region1::terms(p, t);
-    return {region1::volume(s), region1::enthalpy(s), region1::entropy(s) - liquid_entropy_rounding(t)};
-}
-Along steam_along(const D& p, const D& t) {
-    const auto s = region2::terms(p, t);
-    return {region2::volume(s), region2::enthalpy(s) - enthalpy_rounding(p, t),
-            region2::entropy(s) - entropy_rounding(p, t)};
-}
-Along near_critical_along(const D& v, const D& t) {
-    const auto s = region3::terms(v, t);
-    return {region3::pressure(s), region3::enthalpy(s), region3::entropy(s)};
-}
-
-/// Along p: dh = T ds + v dp. Along t: dh = cp dt, T ds = cp dt. 1 bar m3 is 100 kJ.
-TEST(Identities, SubRegions1And2) {
-    Random random(11);
-    for (int i = 0; i < 2 * states; ++i) {
-        const Equations& e = i % 2 == 0 ? water : steam;
-        const auto along = i % 2 == 0 ? liquid_along : steam_along;
-        const auto [p, t] = e.draw(random);
-        const Along by_p = along(D(p, 1.0), D(t));
-        const Along by_t = along(D(p), D(t, 1.0));
-        const double kelvin = t + ktl_lc.tza;
-        const double cp = e.heat_capacity(p, t);
-        const auto at = named("sub-region ", e.region, " at ", p, ", ", t, ": ");
-        // pvot has ten digits, which is 9e-11 of T ds/dp: near the boundary to sub-region 3 that is ten times v.
-        const double tds = kelvin * by_p.s.d;
-        EXPECT_TRUE(
-            close(at + "dh/dp - T ds/dp", by_p.h.d - tds, 100.0 * by_p.third.v, relative, 0.2 * std::fabs(tds)));
-        EXPECT_TRUE(close(at + "dh/dt", by_t.h.d, cp, relative));
-        EXPECT_TRUE(close(at + "T ds/dt", kelvin * by_t.s.d, cp, relative));
-        EXPECT_TRUE(close(at + "dv/dt = -ds/dp", 100.0 * by_t.third.d, -by_p.s.d, relative, 1e-6));
-    }
-}
-
-/// dh = T ds + v dp along v and along t; cp = dh/dt - dh/dv (dp/dt)/(dp/dv).
-TEST(Identities, SubRegion3) {
-    Random random(13);
-    for (int i = 0; i < states; ++i) {
-        const auto [v, t] = random_near_critical(random);
-        const auto [p_v, h_v, s_v] = near_critical_along(D(v, 1.0), D(t));
-        const auto [p_t, h_t, s_t] = near_critical_along(D(v), D(t, 1.0));
-        const double kelvin = t + ktl_lc.tza;
-        const auto at = named("sub-region 3 at ", v, ", ", t, ": ");
-        EXPECT_TRUE(close(at + "dh/dv", h_v.d, kelvin * s_v.d + 100.0 * v * p_v.d, relative));
-        EXPECT_TRUE(close(at + "dh/dt", h_t.d, kelvin * s_t.d + 100.0 * v * p_t.d, relative));
-        // Where dp/dv is almost zero, cp follows its rounding.
-        if (-p_v.d * v < 0.05 * p_v.v) continue;
-        EXPECT_TRUE(close(at + "cp", ktl_h3(v, t), h_t.d - h_v.d * p_t.d / p_v.d, relative));
     }
 }
 
