@@ -1,5 +1,6 @@
 #!/bin/sh
-# Installs from Debian what building, testing and running ktl needs and this machine lacks.
+# Installs from Debian what building, testing and running ktl needs and this machine lacks, and the packages named as
+# arguments.
 set -eu
 
 packages="
@@ -11,7 +12,7 @@ packages="
 "
 
 missing=""
-for package in $packages; do
+for package in $packages "$@"; do
     status=$(dpkg-query --show --showformat='${db:Status-Status}' "$package" 2>/dev/null || true)
     [ "$status" = installed ] || missing="$missing $package"
 done

@@ -116,12 +116,12 @@ Solution by_kernels(Pair pair, double a, double b) {
     const auto index = static_cast<std::size_t>(pair);
     double c = 0.0, accepted = 1.0;
     one.classify[index](&a, &b, 1, &c);
-    const auto of_class = static_cast<guesses::GuessPatch>(c);
-    if (of_class == guesses::GuessPatch::search) return {};
-    const PhaseKind kind = kind_of[static_cast<std::size_t>(of_class)];
+    const auto patch = static_cast<guesses::GuessPatch>(c);
+    if (patch == guesses::GuessPatch::search) return {};
+    const PhaseKind kind = kind_of[static_cast<std::size_t>(patch)];
     Solution found{Status::solved, Region::none, a, b, quiet_nan, quiet_nan};
     const SolutionColumns columns{&found.primary, &found.t, &found.liquid, &found.vapour, &accepted};
-    one.guess[index](of_class, &a, &b, 1, columns);
+    one.guess[index](patch, &a, &b, 1, columns);
     if (const auto newton = one.solve[index][static_cast<std::size_t>(kind)])
         newton(pair, &a, &b, 1, columns, margin_of(pair));
     found.region = region_of(kind, found.primary, found.t);

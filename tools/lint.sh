@@ -1,0 +1,11 @@
+#!/bin/sh
+# Format of all sources by clang-format, findings of clang-tidy in library, program and bindings: tools/lint.sh [FILE ...].
+# Installs both from Debian; needs the release build's list of commands.
+set -eu
+cd "$(dirname "$0")/.."
+tools/setup.sh clang-format-14 clang-tidy-14
+git ls-files -z '*.cpp' '*.hpp' '*.h' | xargs -0 clang-format-14 --dry-run -Werror
+[ -e build/release/compile_commands.json ] || cmake --preset release >/dev/null
+[ $# -gt 0 ] || set -- $(git ls-files 'src/*.cpp' 'apps/*.cpp' 'bindings/*.cpp' | grep -v '/kernels_avx')
+# The kernels for lanes are the same templates as the scalar ones.
+printf '%s\n' "$@" | xargs -P "$(nproc)" -n 4 clang-tidy-14 -p build/release --quiet --warnings-as-errors='*'
