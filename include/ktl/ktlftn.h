@@ -270,7 +270,10 @@ KTL_API int ktlrtu(KTL_INOUT(double) t, KTL_INOUT(double) u, KTL_IN(double) eps)
  *  On failure the line " POINT IS NOT IN WET-REGION  S=... X=..." on unit ktlerr.iunit, and after it, for an
  *  entropy below that of the critical point, " POINT IS BELOW CRITICAL POINT  S=..."; not counted. */
 KTL_API int ktlrsx(KTL_INOUT(double) s, KTL_INOUT(double) x, KTL_IN(double) eps);
-/** State from enthalpy (kJ/kg) and entropy (kJ/(kg K)): regions 1 to 6, or 7. */
+/** State from enthalpy (kJ/kg) and entropy (kJ/(kg K)): regions 1 to 6, or 7.
+ *
+ *  Below 14 degC mixtures of little steam (quality up to 3.4e-5) may have the values of water at saturation or slightly
+ *  above it: then water is taken. */
 KTL_API int ktlrhs(KTL_INOUT(double) h, KTL_INOUT(double) s, KTL_IN(double) eps);
 /** State from internal energy (kJ/kg) and entropy (kJ/(kg K)): regions 1 to 6, or 7. Water at low pressure is
  *  hardly compressed: its pressure follows from u and s only as far as their last digits tell.

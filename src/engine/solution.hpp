@@ -23,5 +23,8 @@ struct Solution {
 Solution search(Pair pair, double a, double b, int number) noexcept;
 /// How many there are.
 int count_states(Pair pair, double a, double b) noexcept;
+/// The water that takes precedence over a state found, a mixture or one of sub-region 3; Status::no_state if there is none.
+/// For pairs without p, t and x.
+Solution water_before(Pair pair, double a, double b, const Solution& found) noexcept;
 
 } // namespace ktl::engine

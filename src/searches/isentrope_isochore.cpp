@@ -10,6 +10,7 @@
 #include "searches/acceptance.hpp"
 #include "searches/enclosure.hpp"
 #include "searches/lines.hpp"
+#include "searches/saturated_water.hpp"
 
 #include <cmath>
 
@@ -107,7 +108,9 @@ FoundState on_isentrope(Quantity y, double value, double s, SaturationModel mode
     const auto at = [&](double z) { return on_isobar(Quantity::entropy, std::exp(z), s, model, below_tmin); };
     const Given given{y, value, Quantity::entropy, s, model};
     const auto beside_line = [&](double share) { return coldest_water(given, s, share); };
-    return search(given, y, value, std::log(ktl_lc.pmin), std::log(highest), at, beside_line);
+    const FoundState found = search(given, y, value, std::log(ktl_lc.pmin), std::log(highest), at, beside_line);
+    const FoundState water = y == Quantity::enthalpy ? water_before(found, given) : FoundState{};
+    return water.found() ? water : found;
 }
 
 FoundState on_isochore(Quantity y, double value, double v, SaturationModel model) {

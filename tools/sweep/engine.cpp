@@ -2,10 +2,12 @@
 //
 //   ktl_engine_sweep states COUNT [SEED]    solves COUNT states through all pairs and prints a table
 //   ktl_engine_sweep offers COUNT [SEED]    offers COUNT rows, most of which name no state, and prints a table
+//   ktl_engine_sweep folds COUNT [SEED]     solves h, s of COUNT states beside saturated water, and prints a table
 //
-// Exit status 1 where a state is not solved to what ktl::state() promises, a column differs from ktl::state(), or an
-// offer is not answered as the exact search answers it.
+// Exit status 1 if a state is not solved to what ktl::state() promises, a column differs from ktl::state(), an offer is
+// not answered as the exact search answers it, or a fold does not have the states of a walk along the saturation line.
 #include "draw.hpp"
+#include "folds.hpp"
 #include "offers.hpp"
 #include "pairs.hpp"
 #include "tasks.hpp"
@@ -203,11 +205,14 @@ int main(int argc, char** argv) {
     const std::string_view what = argc > 1 ? argv[1] : "";
     const long count = argc > 2 ? std::strtol(argv[2], nullptr, 10) : 0;
     const std::uint64_t seed = argc > 3 ? std::strtoull(argv[3], nullptr, 10) : 1U;
-    if (count <= 0 || (what != "states" && what != "offers")) {
-        std::fprintf(stderr, "usage: ktl_engine_sweep states|offers COUNT [SEED]\n");
+    const auto sweep_of = what == "states"   ? sweep::sweep_states
+                          : what == "offers" ? sweep::sweep_offers
+                          : what == "folds"  ? sweep::sweep_folds
+                                             : nullptr;
+    if (count <= 0 || sweep_of == nullptr) {
+        std::fprintf(stderr, "usage: ktl_engine_sweep states|offers|folds COUNT [SEED]\n");
         return EXIT_FAILURE;
     }
     sweep::silence_reports();
-    const bool good = what == "states" ? sweep::sweep_states(count, seed) : sweep::sweep_offers(count, seed);
-    return good ? EXIT_SUCCESS : EXIT_FAILURE;
+    return sweep_of(count, seed) ? EXIT_SUCCESS : EXIT_FAILURE;
 }

@@ -4,11 +4,31 @@
 
 #include "engine/pairs.hpp"
 #include "searches/newton.hpp"
+#include "searches/saturated_water.hpp"
 #include "searches/sub_region_test.hpp"
 
 namespace ktl::engine {
 
 using searches::NewtonResult;
+
+/// Width of the overlap along the border of sub-region 3. Within it the same two values may also name a state of sub-region
+/// 1 or 2 or a mixture of theirs, which takes precedence, so a Newton result there is rejected. one_phase, mixture: K above
+/// 350 degC; that of mixtures shrinks with (1 - x)^2 to least_mixture. pressure: share of the 2/3 boundary pressure.
+/// Measured by ktl_constants: 1.392 K and 0.246 K by u, s; 0.607 K by h, s; 0.072 K and 0.02 K by other pairs; 0.0006.
+struct Margin {
+    double one_phase, mixture, least_mixture, pressure;
+    /// Qualities up to which water may take precedence over a mixture: below searches::folded_below, and above.
+    double cold_quality = 0.0, quality = 0.0;
+};
+inline constexpr Margin no_margin{0.0, 0.0, 0.0, 0.0};
+
+/// Margin of the first search of a pair. p, t and p or t with x name one state.
+constexpr Margin margin_of(Pair pair) {
+    if (pair == Pair::pt || pair == Pair::px || pair == Pair::tx) return no_margin;
+    if (pair == Pair::hs) return {0.65, 0.65, 0.015, 0.001, searches::folded_quality, searches::doubtful_quality};
+    if (pair == Pair::us) return {1.45, 0.27, 0.015, 0.001};
+    return {0.1, 0.03, 0.015, 0.001};
+}
 
 /// Below the critical point the top of the two-phase dome is handled by the exact search: from this temperature, degC, and this
 /// near to the critical volume, relative. Measured by ktl_constants: at 374.1 degC the dome reaches 0.063 of the critical volume

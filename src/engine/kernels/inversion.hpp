@@ -156,8 +156,10 @@ T is_outermost(const T& v, const T& guessed) {
 template <bool high, class T>
 T accept(Pair pair, const TwoPhaseIterate<T>& m, const Margin& margin) {
     const bool may_be_water = pair == Pair::pv || pair == Pair::th || pair == Pair::ts || pair == Pair::tu;
-    T in = searches::in_two_phases<high>(m.x, m.t, searches::strict) *
-           zero_unless(m.x >= (may_be_water ? hardly_steam : 0.0), m.converged);
+    T least(may_be_water ? hardly_steam : 0.0);
+    if (!high && pair == Pair::hs)
+        least = select(m.t < searches::folded_below, T(margin.cold_quality), T(margin.quality));
+    T in = searches::in_two_phases<high>(m.x, m.t, searches::strict) * zero_unless(m.x >= least, m.converged);
     if constexpr (high) {
         // At a given temperature the search begins next to the outermost volumes.
         if (!has_pressure(pair) && !has_temperature(pair))

@@ -3,7 +3,7 @@
 
 #include "engine/derived.hpp"
 #include "engine/guesses/guesses.hpp"
-#include "engine/pairs.hpp"
+#include "engine/kernels/acceptance.hpp"
 
 #include <array>
 

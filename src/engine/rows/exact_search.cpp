@@ -7,11 +7,12 @@
 #include "engine/solution.hpp"
 
 #include "engine/pairs.hpp"
-#include "regions/dual.hpp"
+
 #include "searches/acceptance.hpp"
 #include "searches/isentrope_isochore.hpp"
 #include "searches/lines.hpp"
 #include "searches/quality_line.hpp"
+#include "searches/saturated_water.hpp"
 #include "searches/tolerances.hpp"
 
 #include <algorithm>
@@ -187,7 +188,20 @@ void add_others(const PairPlan& plan, double a, double b, Several& found) {
     found.add(searches::confirmed(water.other, given));
 }
 
+/// By h, s: the mixtures of a fold of cold water beside the first state.
+Several states_of_isentrope(const PairPlan& plan, double a, double b) {
+    const Given given{plan.a, a, plan.b, b, outermost};
+    const FoundState first = searches::on_isentrope(plan.a, a, b, outermost);
+    Several found;
+    found.add(first);
+    const searches::FoldedMixtures mixtures = searches::folded_mixtures(first, given);
+    found.add(mixtures.more_steam);
+    found.add(mixtures.less_steam);
+    return found;
+}
+
 Several all_states(const PairPlan& plan, double a, double b) {
+    if (plan.method == SearchMethod::isentrope && plan.a == Quantity::enthalpy) return states_of_isentrope(plan, a, b);
     Several found;
     if (plan.method == SearchMethod::quality_line) {
         if (quality_within(b) == Status::solved)
@@ -212,6 +226,14 @@ Solution search(Pair pair, double a, double b, int number) noexcept {
     const Several found = all_states(plan_of(pair), a, b);
     return number > 0 && number < found.count ? solution(found.states.at(static_cast<std::size_t>(number)))
                                               : Solution{};
+}
+
+Solution water_before(Pair pair, double a, double b, const Solution& found) noexcept {
+    const PairPlan plan = plan_of(pair);
+    const Given given{plan.a, a, plan.b, b, outermost};
+    const FoundState mixture{static_cast<int>(found.region), found.primary, found.t, {}};
+    return solution(found.region == Region::wet ? searches::water_before(mixture, given)
+                                                : searches::saturated_water(given, searches::rounding_share));
 }
 
 int count_states(Pair pair, double a, double b) noexcept {

@@ -142,6 +142,49 @@ constexpr std::array precedence{GuessPatch::water,
                                 GuessPatch::liquid_like,
                                 GuessPatch::vapour_like};
 
+/// Limits of the states of sub-region 3 that share values with saturated water of sub-region 1, at 348.36 to 350 degC:
+/// measured down to 0.001709 m3/kg in one phase, and up to x = 2.1e-6 in two.
+constexpr double overlapping_volume = 0.00169;
+constexpr double overlapping_quality = 1.0e-5;
+
+/// True if rounding may have kept saturated water, which takes precedence, out of sub-region 1: a mixture of little
+/// steam by h, s, or a state of sub-region 3 within the overlap at 350 degC.
+bool in_doubt(Pair pair, const Solution& found) noexcept {
+    if (pair < Pair::hs) return false;
+    const Margin margin = margin_of(pair);
+    if (found.region == Region::wet)
+        return found.primary < (found.t < searches::folded_below ? margin.cold_quality : margin.quality);
+    if (!(found.t < ktl_lc.t3min + margin.one_phase)) return false;
+    if (found.region == Region::wet_near_critical) return found.primary < overlapping_quality;
+    return found.region == Region::near_critical_water && found.primary > overlapping_volume;
+}
+
+/// Limits of the states of sub-region 3 that share values with saturated water of sub-region 1, at 348.36 to 350 degC:
+/// measured down to 0.001709 m3/kg in one phase, and up to x = 2.1e-6 in two.
+constexpr double overlapping_volume = 0.00169;
+constexpr double overlapping_quality = 1.0e-5;
+
+/// True if rounding may have kept saturated water, which takes precedence, out of sub-region 1: a mixture of little
+/// steam by h, s, or a state of sub-region 3 within the overlap at 350 degC.
+bool in_doubt(Pair pair, const RowState& found) noexcept {
+    if (pair < Pair::hs) return false;
+    const Margin margin = margin_of(pair);
+    const double t = found.bulk.t.value;
+    if (found.region == Region::wet)
+        return found.x < (t < searches::folded_below ? margin.cold_quality : margin.quality);
+    if (!(t < ktl_lc.t3min + margin.one_phase)) return false;
+    if (found.region == Region::wet_near_critical) return found.x < overlapping_quality;
+    return found.region == Region::near_critical_water && found.bulk.v.value > overlapping_volume;
+}
+
+/// The water that takes precedence over a state in doubt, or that state.
+RowState water_or(Pair pair, double a, double b, const RowState& found) noexcept {
+    const double primary = found.region == Region::wet ? found.x : found.bulk.v.value;
+    const Solution water =
+        water_before(pair, a, b, {Status::solved, found.region, primary, found.bulk.t.value, quiet_nan, quiet_nan});
+    return water.status == Status::solved ? evaluated(water) : found;
+}
+
 } // namespace
 
 Region region_of(PhaseKind kind, double primary, double t) noexcept {
@@ -170,7 +213,7 @@ RowState solve_row_again(Pair pair, double a, double b) noexcept {
     if (names_one_state(pair) && solver.classify(a, b) != GuessPatch::search) {
         RowState out;
         for (const GuessPatch patch : precedence)
-            if (solver.solve(patch, a, b, no_margin, out)) return out;
+            if (solver.solve(patch, a, b, no_margin, out)) return in_doubt(pair, out) ? water_or(pair, a, b, out) : out;
     }
     return evaluated(search(pair, a, b, 0));
 }
