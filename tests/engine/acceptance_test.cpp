@@ -165,15 +165,14 @@ TEST(Kernels, FindInteriorStatesWithoutTheExactSearch) {
             int found = 0;
             for (int i = 0; i < 100; ++i) {
                 const State s = drawn(random, kind);
-                const auto value = [&](char letter) { return test::value_of(s, letter); };
-                const double a = value(test::letters[k][0]), b = value(test::letters[k][1]);
+                const double a = s.get(test::pairs[k].a), b = s.get(test::pairs[k].b);
                 const Solution got = by_kernels(pair, a, b);
                 if (got.status != Status::solved) continue;
                 ++found;
                 const Solution exact = search(pair, a, b, 0);
-                EXPECT_EQ(got.region, exact.region) << test::letters[k] << ' ' << a << ' ' << b;
+                EXPECT_EQ(got.region, exact.region) << test::pairs[k].name << ' ' << a << ' ' << b;
             }
-            EXPECT_GE(found, 95) << test::letters[k] << n;
+            EXPECT_GE(found, 95) << test::pairs[k].name << n;
         }
     }
 }

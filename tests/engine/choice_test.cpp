@@ -164,8 +164,8 @@ TEST(Overlaps, SubRegionsOneAndTwoGoBeforeThree) {
             const State found = ktl::state(pair.given, pair.a, pair.b);
             EXPECT_EQ(found.region(), low.region()) << static_cast<int>(pair.given) << ": " << row.a << ", " << row.b;
             EXPECT_NEAR(found.t(), low.t(), 1e-5);
-            // And without the class that the border curves give.
-            EXPECT_EQ(ktl::engine::search_row_again(pair.given, pair.a, pair.b).region, low.region());
+            // And without the patch that the border curves give.
+            EXPECT_EQ(ktl::engine::solve_row_again(pair.given, pair.a, pair.b).region, low.region());
         }
     }
 }

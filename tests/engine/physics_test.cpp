@@ -88,7 +88,7 @@ State drawn(Random& random, int kind) {
     const test::State x = kind == 0   ? test::random_liquid(random)
                           : kind == 1 ? test::random_steam(random)
                                       : test::random_near_critical(random);
-    return state(kind == 2 ? Pair::tv : Pair::pt, kind == 2 ? x.t : x.primary, kind == 2 ? x.primary : x.t);
+    return state(kind == 2 ? Pair::tv : Pair::pt, kind == 2 ? x.t : x.first, kind == 2 ? x.first : x.t);
 }
 
 /// The stored products of sub-region 2 set its enthalpy and entropy apart by 1e-6 of their slopes next to the 2/3 boundary.
