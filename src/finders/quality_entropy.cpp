@@ -10,8 +10,7 @@ int ktlrsx(double& s, double& x, const double& /*eps*/) {
     double quality = x;
     if (searches::finite(s, x) && x >= -searches::limit_rounding_of_finders &&
         searches::bring_within(quality, 0.0, 1.0)) {
-        FoundState found;
-        if (searches::on_quality_line(s, quality, SaturationModel::entry_compatible, &found, 1) == 1) {
+        if (const FoundState found = searches::on_entry_quality_line(s, quality); found.found()) {
             s = found.primary;
             x = found.t;
             return found.region;

@@ -10,16 +10,6 @@ namespace ktl::searches {
 
 namespace {
 
-/// How closely a state must have the given value.
-double allowance(Quantity y, double value, int region, SaturationModel model) {
-    const bool outermost = model == SaturationModel::outermost_roots;
-    const double near_zero = outermost ? reproduced : reproduced_entry;
-    const bool scattered = !outermost && region == KTL_WET_NEAR_CRITICAL;
-    const bool energy = y == Quantity::enthalpy || y == Quantity::energy;
-    const double least = energy ? near_zero_energy : (y == Quantity::entropy ? near_zero_entropy : 0.0);
-    return std::fmax((scattered ? reproduced_entry_near_critical : near_zero) * std::fabs(value), near_zero * least);
-}
-
 bool has(const FoundState& state, Quantity y, double value, SaturationModel model, double share) {
     return std::fabs(state.value(y) - value) <= share * allowance(y, value, state.region, model);
 }
@@ -79,6 +69,15 @@ bool bring_within(double& value, double low, double high) {
     if (!in_closed(value, low, high)) return false;
     value = std::clamp(value, low, high);
     return true;
+}
+
+double allowance(Quantity y, double value, int region, SaturationModel model) {
+    const bool outermost = model == SaturationModel::outermost_roots;
+    const double near_zero = outermost ? reproduced : reproduced_entry;
+    const bool scattered = !outermost && region == KTL_WET_NEAR_CRITICAL;
+    const bool energy = y == Quantity::enthalpy || y == Quantity::energy;
+    const double least = energy ? near_zero_energy : (y == Quantity::entropy ? near_zero_entropy : 0.0);
+    return std::fmax((scattered ? reproduced_entry_near_critical : near_zero) * std::fabs(value), near_zero * least);
 }
 
 FoundState confirmed(FoundState state, const Given& given, double share) {

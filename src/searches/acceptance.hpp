@@ -26,6 +26,10 @@ bool finite(double a, double b);
 /// further out or is not a number.
 bool bring_within(double& value, double low, double high);
 
+/// How closely a state must have the given value. With the phases of the entry a tenth of what the finders promise:
+/// its saturated volumes, found to 1e-8 of the pressure, move by more than that near the critical point.
+double allowance(Quantity y, double value, int region, SaturationModel model);
+
 /// The state, brought to a limit of the range that it passes by a hair (1e-6); no state where it lies further out
 /// or where its properties are not the given values to the given share of what is allowed.
 FoundState confirmed(FoundState state, const Given& given, double share = 1.0);

@@ -1,9 +1,18 @@
-// The search along a line of constant quality from 0.01 to 374.15 degC: interval by interval, with a look at the
-// turning points between.
+// States of given entropy along a line of constant quality.
+//
+// With s' and s" the entropies of saturated liquid and vapour, and w = s' - s", which rises with temperature throughout,
+// the entropy of the mixture of quality x is s = s' - x w, and along the saturation line
+//
+//   ds/dw = x*(t) - x,   x*(t) = (ds'/dt) / (dw/dt).
+//
+// s has an extremum at the temperatures where x* equals x. It is a convex function of w if x* rises, a concave one if x*
+// falls. So between two nodes with x* monotonic between them s has one extremum at most, and the tangents at both nodes
+// bound it. The table of the nodes tells, without another evaluation, which intervals may contain a state.
 #include "searches/quality_line.hpp"
 
 #include "searches/acceptance.hpp"
 #include "searches/enclosure.hpp"
+#include "searches/two_phase.hpp"
 
 #include <algorithm>
 #include <array>
@@ -13,240 +22,325 @@ namespace ktl::searches {
 
 namespace {
 
-/// Temperatures tried beside a root that the scatter of the saturated volumes hides, and their distance, K.
-constexpr int most_neighbours = 40;
-constexpr double neighbour = 1.0e-8;
+/// A point of the saturation line, degC and kJ/(kg K); x* on its cold and on its warm side, which differ at a bend.
+struct Node {
+    double t;
+    double liquid, w;
+    double before, after;
 
-/// Entropy along a line of quality x, against the given entropy s.
-struct QualityLine {
-    double s, x;
-    SaturationModel model;
-
-    /// A mixture at t. Up to 350.5 degC the saturated phases may be those of sub-regions 1 and 2, which there
-    /// cover the gap between the two parts of the line.
-    [[nodiscard]] FoundState at(double t, int region) const {
-        if (region != KTL_WET) return mixture(saturated_at(t, model), x);
-        const double p = saturation::terms(t).p;
-        return mixture({t, p, KTL_WET, p, p, model}, x);
-    }
-    [[nodiscard]] double residual(double t, int region) const { return at(t, region).value(Quantity::entropy) - s; }
-
-    /// The mixture at t with volumes between those at t and at its neighbour on the other side of the root: so close
-    /// to the critical point that the volumes change visibly from one temperature to the next.
-    [[nodiscard]] FoundState between_neighbours(double t, double beside, int region) const {
-        FoundState state = at(t, region);
-        const FoundState other = at(beside, region);
-        const double share = residual(t, region) / (residual(t, region) - residual(beside, region));
-        state.phases.liquid += share * (other.phases.liquid - state.phases.liquid);
-        state.phases.vapour += share * (other.phases.vapour - state.phases.vapour);
-        return confirmed(state, {Quantity::entropy, s, Quantity::entropy, s, model});
-    }
-
-    [[nodiscard]] FoundState root(double a, double fa, double b, double fb, int region) const {
-        const auto f = [&](double t) { return residual(t, region); };
-        const auto found = solvers::enclose(f, a, fa, b, fb, search_tolerance(s));
-        FoundState state = checked(found.x, region);
-        // Near the critical point the saturated volumes of the entry scatter from one temperature to the next:
-        // one of the neighbours has the entropy.
-        if (model == SaturationModel::outermost_roots && !state.found())
-            return between_neighbours(found.x, found.other, region);
-        for (int n = 1; n <= most_neighbours && region == KTL_WET_NEAR_CRITICAL && !state.found(); ++n)
-            state = checked(found.x + (n % 2 == 0 ? n : -n) * neighbour, region);
-        return state;
-    }
-    [[nodiscard]] FoundState checked(double t, int region) const {
-        const double share = model == SaturationModel::outermost_roots ? 0.1 : 1.0;
-        return confirmed(at(t, region), {Quantity::entropy, s, Quantity::entropy, s, model}, share);
-    }
+    [[nodiscard]] double entropy(double x) const { return liquid - x * w; }
 };
 
-/// A part of the line with its own saturated phases.
-struct Part {
-    int region;
-    double from, to;
-};
-using Parts = std::array<Part, 5>;
-/// At two temperatures the saturated volumes of the entry ktlftn change from one root of the pressure to another:
-/// at 373.117 degC that of steam goes to the middle root, at 374.14966 degC both go to the critical volume. The
-/// parts end and begin at the neighbouring numbers. The last part covers the gap at 350 degC.
-constexpr Parts entry_parts{{{KTL_WET, ktl_lc.tmin, ktl_lc.t1max},
-                             {KTL_WET_NEAR_CRITICAL, 350.00000000000006, 373.1170218536476},
-                             {KTL_WET_NEAR_CRITICAL, 373.11702185364766, 374.14965914868071},
-                             {KTL_WET_NEAR_CRITICAL, 374.14965914868077, ktl_lc.tc},
-                             {KTL_WET, ktl_lc.t1max, ktl_lc.t1max + 0.5}}};
-/// The outermost volumes bend at 374.149 degC, and are steep before the critical point.
-constexpr double outermost_bend = 374.149;
-constexpr Parts outermost_parts{{{KTL_WET, ktl_lc.tmin, ktl_lc.t1max},
-                                 {KTL_WET_NEAR_CRITICAL, 350.00000000000006, 374.0},
-                                 {KTL_WET_NEAR_CRITICAL, 374.0, outermost_bend},
-                                 {KTL_WET_NEAR_CRITICAL, outermost_bend, ktl_lc.tc},
-                                 {KTL_WET, ktl_lc.t1max, ktl_lc.t1max + 0.5}}};
-/// Intervals in which a part is looked at first: narrow enough that none holds two turning points.
-constexpr std::size_t steps = 16;
+/// An entropy and its slope by t along the saturation line.
+using Along = LineDerivative<double>;
 
-using LookTemperatures = std::array<double, steps + 1>;
-LookTemperatures look_temperatures(const Part& part) {
-    LookTemperatures t{};
-    for (std::size_t n = 0; n < t.size(); ++n) {
-        const double share = static_cast<double>(n) / steps;
-        t[n] = n == steps ? part.to : part.from + (part.to - part.from) * share;
-    }
-    return t;
+/// Entropy of saturated liquid or vapour of sub-region 1 or 2, or of its continuation.
+template <SubRegion sub_region>
+Along along_line(const LinePoint<double>& line, double t) {
+    return SaturatedPhaseIterate<sub_region, double>(line, line.p, t).property(Quantity::entropy);
+}
+/// The same of sub-region 3. Up to last_outermost the volume follows the saturation pressure, then the square root of the
+/// distance from the critical temperature.
+Along along_line_near_critical(double v, const LinePoint<double>& line, double t) {
+    const auto phase = helmholtz_properties(v, t);
+    const Slopes<double> s = slopes(Quantity::entropy, phase);
+    const double dvdt =
+        t > last_outermost ? (v - ktl_lc.vca) / (2.0 * (t - ktl_lc.tc)) : (line.slope - phase.dpdt) / phase.dpdv;
+    return {s.y, s.d_t + s.d_primary * dvdt};
 }
 
-/// Entropies of the outermost phases at the looks of a part, the same for all lines.
-struct PhaseEntropies {
-    std::array<double, steps + 1> water, steam;
+Node node(const Along& liquid, const Along& vapour, double t) {
+    const double extremum = liquid.slope / (liquid.slope - vapour.slope);
+    return {t, liquid.y, liquid.y - vapour.y, extremum, extremum};
+}
+
+/// The point at t: of sub-regions 1 and 2 (region KTL_WET), or of sub-region 3 with the outermost phases.
+Node node_at(double t, int region) {
+    const LinePoint<double> line = line_at(t);
+    if (region == KTL_WET) return node(along_line<SubRegion::water>(line, t), along_line<SubRegion::steam>(line, t), t);
+    if (!(t < ktl_lc.tc)) {
+        // Both phases are one. Next to it their volumes go with the same square root: x* tends to the quality at which a
+        // mixture has the critical volume.
+        const Saturated last = saturated_at(std::nextafter(last_outermost, ktl_lc.tc), SaturationModel::outermost_roots);
+        const double extremum = (ktl_lc.vca - last.liquid) / (last.vapour - last.liquid);
+        return {t, saturated_at(t, SaturationModel::outermost_roots).of_liquid(Quantity::entropy), 0.0, extremum, extremum};
+    }
+    const Saturated phases = saturated_at(t, SaturationModel::outermost_roots);
+    return node(along_line_near_critical(phases.liquid, p, t), along_line_near_critical(phases.vapour, line, t), t);
+}
+
+/// Intervals from one of the given temperatures to the next. Any number gives the same states; with sixteen the search takes
+/// 10 to 40 % less time than with four.
+constexpr std::size_t intervals = 16;
+template <std::size_t count>
+using Nodes = std::array<Node, (count - 1) * intervals + 1>;
+
+/// Nodes evenly spaced by the square root of the distance from the critical temperature.
+template <std::size_t count>
+Nodes<count> nodes_between(const std::array<double, count>& t, int region) {
+    Nodes<count> out{};
+    for (std::size_t n = 0; n < out.size(); ++n) {
+        const std::size_t k = std::min(n / intervals, count - 2);
+        const double share = static_cast<double>(n - k * intervals) / intervals;
+        const double from = std::sqrt(ktl_lc.tc - t[k]);
+        const double root = from + share * (std::sqrt(ktl_lc.tc - t[k + 1]) - from);
+        const bool given = n % intervals == 0;
+        out[n] = node_at(given ? t[n / intervals] : ktl_lc.tc - root * root, region);
+    }
+    return out;
+}
+
+/// The temperatures at which x* has its extrema, to 1e-4 K, and the ends of each part of the line:
+/// `ktl_engine_sweep quality` prints them. x* is 0.3657 at 0.01 degC, 0.5674, 0.4806 at 350 degC.
+constexpr std::array low_part{ktl_lc.tmin, 244.177, ktl_lc.t1max};
+/// 0.4770 just above 350 degC, 0.4895, 0.4296, 0.6184, 0.4763 at last_outermost and 0.5804 just above, where the volumes
+/// bend, 0.5759 at the critical point.
+constexpr std::array high_part{350.00000000000006, 351.2876, 369.2345, 374.10879, last_outermost, ktl_lc.tc};
+/// Up to where sub-regions 1 and 2 cover the gap to sub-region 3. x* falls.
+constexpr std::array continued_part{ktl_lc.t1max, ktl_lc.t1max + 0.5};
+
+struct Line {
+    Nodes<low_part.size()> low;
+    Nodes<high_part.size()> high;
+    Nodes<continued_part.size()> continued;
 };
-using OutermostEntropies = std::array<PhaseEntropies, outermost_parts.size()>;
-const PhaseEntropies& outermost_entropies(const Part& part) {
-    static const OutermostEntropies all = [] {
-        OutermostEntropies made{};
-        for (std::size_t k = 0; k < made.size(); ++k) {
-            const LookTemperatures t = look_temperatures(outermost_parts[k]);
-            for (std::size_t n = 0; n < t.size(); ++n) {
-                const auto at = [&](double x) {
-                    return QualityLine{0.0, x, SaturationModel::outermost_roots}.residual(t[n],
-                                                                                          outermost_parts[k].region);
-                };
-                made[k].water[n] = at(0.0);
-                made[k].steam[n] = at(1.0);
-            }
-        }
+const Line& saturation_line() {
+    static const Line line = [] {
+        Line made{nodes_between(low_part, KTL_WET), nodes_between(high_part, KTL_WET_NEAR_CRITICAL),
+                  nodes_between(continued_part, KTL_WET)};
+        made.high[4 * intervals].after =
+            node_at(std::nextafter(last_outermost, ktl_lc.tc), KTL_WET_NEAR_CRITICAL).after;
         return made;
     }();
-    return all[static_cast<std::size_t>(&part - outermost_parts.data())];
+    return line;
 }
 
-/// A turning point nearer to zero than this may itself count as a state, kJ/(kg K).
-constexpr double touch = 1.0e-8;
-/// True where saturated phases from t on change without jumps or scatter.
-bool is_smooth(const QualityLine& line, double t) {
-    return line.model == SaturationModel::outermost_roots && t < outermost_bend;
-}
+/// The states found so far, by rising temperature.
+class States {
+public:
+    explicit States(std::span<FoundState> out) : out_(out) {}
 
-/// Least value of sign times the residual between a and b, by golden section, or a point where it is not positive. Where
-/// the line is smooth, the search ends where the least value so far is twice as far from zero as from the greatest in what
-/// is left of the interval.
-double turning_point(const QualityLine& line, double a, double fa, double b, double fb, int region) {
-    constexpr double golden = 0.6180339887498949;
-    constexpr int most_passes = 40;
-    const double sign = fa > 0.0 ? 1.0 : -1.0;
-    const bool smooth = is_smooth(line, a);
-    double f_a = sign * fa;
-    double f_b = sign * fb;
-    double left = b - golden * (b - a);
-    double right = a + golden * (b - a);
-    double f_left = sign * line.residual(left, region);
-    double f_right = sign * line.residual(right, region);
-    for (int pass = 0; pass < most_passes; ++pass) {
-        const double least = std::fmin(f_left, f_right);
-        if (!(least > 0.0) || (smooth && least > touch && least > 2.0 * (std::fmax(f_a, f_b) - least))) break;
-        if (f_left < f_right) {
-            b = right, f_b = f_right, right = left, f_right = f_left;
-            left = b - golden * (b - a), f_left = sign * line.residual(left, region);
-        } else {
-            a = left, f_a = f_left, left = right, f_left = f_right;
-            right = a + golden * (b - a), f_right = sign * line.residual(right, region);
-        }
-    }
-    return f_left < f_right ? left : right;
-}
-
-/// Temperatures of one part and the residuals there.
-struct Looks {
-    LookTemperatures t;
-    std::array<double, steps + 1> f{};
-
-    Looks(const QualityLine& line, const Part& part) : t(look_temperatures(part)) {
-        for (std::size_t n = 0; n < t.size(); ++n) f[n] = line.residual(t[n], part.region);
-    }
-    Looks(const QualityLine& line, const Part& part, const PhaseEntropies& s) : t(look_temperatures(part)) {
-        for (std::size_t n = 0; n < t.size(); ++n) f[n] = s.water[n] + line.x * (s.steam[n] - s.water[n]) - line.s;
-    }
-
-    /// Second difference at look n, or at the neighbour that has one.
-    [[nodiscard]] double bend(std::size_t n) const {
-        n = std::clamp<std::size_t>(n, 1, steps - 1);
-        return std::fabs(f[n - 1] - 2.0 * f[n] + f[n + 1]);
-    }
-    /// True where a turning point between looks n and n + 1 may reach zero: a parabola turns at most an eighth of
-    /// its second difference beyond them.
-    [[nodiscard]] bool may_turn_at_zero(std::size_t n) const {
-        return std::min(std::fabs(f[n]), std::fabs(f[n + 1])) <= std::max(bend(n), bend(n + 1));
-    }
-};
-
-/// The states of a line by rising temperature, up to as many as are asked for.
-struct States {
-    FoundState* out;
-    int most;
-    int count = 0;
-
-    [[nodiscard]] bool wanted() const { return count < most; }
-    /// Takes a state unless it is none, or the last one again: both sides of a turning point may come upon it.
+    [[nodiscard]] bool has_room() const { return count_ < out_.size(); }
+    [[nodiscard]] int count() const { return static_cast<int>(count_); }
+    /// Takes a state warmer than those before unless it is none.
     void add(const FoundState& state) {
-        constexpr double same = 1.0e-5;
-        if (!state.found() || !wanted() || (count > 0 && std::fabs(state.t - out[count - 1].t) <= same)) return;
-        out[count++] = state;
+        const bool again = count_ > 0 && out_[count_ - 1].t == state.t;
+        if (state.found() && has_room() && !again) out_[count_++] = state;
     }
+    /// Takes a state in its order; with no room left the warmest goes.
+    void insert(const FoundState& state) {
+        if (!state.found()) return;
+        std::size_t n = has_room() ? count_++ : count_;
+        while (n > 0 && out_[n - 1].t > state.t) {
+            if (n < count_) out_[n] = out_[n - 1];
+            --n;
+        }
+        if (n < count_) out_[n] = state;
+    }
+
+private:
+    std::span<FoundState> out_;
+    std::size_t count_ = 0;
 };
 
-/// The states of one part: interval by interval, in each a root between its ends, or those on both sides of its
-/// turning point; without any the ends themselves.
-void look(const QualityLine& line, const Part& part, const Looks& looks, States& states) {
-    const int before = states.count;
-    for (std::size_t n = 0; n < steps && states.wanted(); ++n) {
-        const double a = looks.t[n];
-        const double b = looks.t[n + 1];
-        const double fa = looks.f[n];
-        const double fb = looks.f[n + 1];
-        if (fa * fb <= 0.0) {
-            states.add(line.root(a, fa, b, fb, part.region));
-        } else if (looks.may_turn_at_zero(n)) {
-            const double t = turning_point(line, a, fa, b, fb, part.region);
-            const double ft = line.residual(t, part.region);
-            if (is_smooth(line, a) && fa * ft > 0.0 && std::fabs(ft) > touch) continue;
-            const FoundState colder = line.root(a, fa, t, ft, part.region);
-            states.add(colder);
-            if (colder.found() && states.wanted()) states.add(line.root(t, ft, b, fb, part.region));
-        }
+/// The given values, and how far the entropy of a state at an extremum or at an end of the line may be off.
+struct Target {
+    double s, x;
+    SaturationModel model;
+    double tolerance = allowance(Quantity::entropy, s, KTL_WET, model);
+
+    [[nodiscard]] double residual(const Node& n) const { return n.entropy(x) - s; }
+};
+
+/// The search along one smooth part of the line.
+class PartSearch {
+public:
+    PartSearch(const Target& target, int region, States& states) : target_(target), region_(region), states_(states) {}
+
+    /// Takes the states between the first and the last node.
+    void along(std::span<const Node> nodes);
+
+    /// Whether s occurs between the end of the part and the extremum next to it.
+    [[nodiscard]] bool occurs_at_first() const { return at_first_; }
+    [[nodiscard]] bool occurs_at_last() const { return at_last_; }
+
+private:
+    [[nodiscard]] bool falls(double extremum) const { return extremum < target_.x; }
+    [[nodiscard]] FoundState at(double t) const {
+        if (region_ != KTL_WET) return mixture(saturated_at(t, target_.model), target_.x);
+        const double p = saturation::terms(t).p;
+        return mixture({t, p, KTL_WET, p, p, target_.model}, target_.x);
     }
-    if (states.count == before) states.add(line.checked(part.from, part.region));
-    if (states.count == before) states.add(line.checked(part.to, part.region));
+    [[nodiscard]] double residual(const FoundState& state) const { return state.value(Quantity::entropy) - target_.s; }
+    [[nodiscard]] FoundState checked(const FoundState& state, double share) const {
+        const Given given{Quantity::entropy, target_.s, Quantity::entropy, target_.s, target_.model};
+        return confirmed(state, given, share);
+    }
+
+    void add(const FoundState& state) {
+        states_.add(state);
+        at_first_ = at_first_ || !turned_;
+        at_last_ = true;
+    }
+    void turn() {
+        turned_ = true;
+        at_last_ = false;
+    }
+    /// An extremum that has the entropy without passing it.
+    void add_extremum(double t) {
+        add(checked(at(t), 1.0));
+        turn();
+        at_last_ = true;
+    }
+    [[nodiscard]] FoundState root(const Node& a, const Node& b) const;
+    [[nodiscard]] Node off(const Node& end, Node other) const;
+    void interval(const Node& a, const Node& b);
+    void approach(Node a, Node b);
+
+    const Target& target_;
+    int region_;
+    States& states_;
+    bool turned_ = false, at_first_ = false, at_last_ = false;
+};
+
+/// The state between two nodes on different sides of s. Close to the critical point the volumes change visibly from one
+/// temperature to the next: there the state has volumes between those of two neighbours.
+FoundState PartSearch::root(const Node& a, const Node& b) const {
+    const auto f = [&](double t) { return residual(at(t)); };
+    const auto found =
+        solvers::enclose(f, a.t, target_.residual(a), b.t, target_.residual(b), search_tolerance(target_.s));
+    FoundState state = at(found.x);
+    if (const FoundState good = checked(state, 0.1); good.found()) return good;
+    const FoundState other = at(found.other);
+    const double share = residual(state) / (residual(state) - residual(other));
+    state.phases.liquid += share * (other.phases.liquid - state.phases.liquid);
+    state.phases.vapour += share * (other.phases.vapour - state.phases.vapour);
+    return checked(state, 1.0);
 }
 
-/// A closer look at the intervals of a part that come near the entropy without a root, and once more at those of
-/// the closer look: where the saturated volumes of the entry jump by a little, a turning point may have been missed.
-void look_closely(const QualityLine& line, const Part& part, const Looks& looks, double near, int closer_looks,
-                  States& states) {
-    const int before = states.count;
-    for (std::size_t n = 0; n < steps && states.count == before; ++n) {
-        if (std::min(std::fabs(looks.f[n]), std::fabs(looks.f[n + 1])) > near) continue;
-        const Part closer{part.region, looks.t[n], looks.t[n + 1]};
-        const Looks at_closer(line, closer);
-        look(line, closer, at_closer, states);
-        if (states.count == before && closer_looks > 1)
-            look_closely(line, closer, at_closer, near / steps, closer_looks - 1, states);
+/// Takes the states of an interval whose ends are on the same side of s and whose extremum lies towards s: two if it is
+/// beyond s, one if it is close enough. The nodes are moved towards the extremum until the tangents decide.
+void PartSearch::approach(Node a, Node b) {
+    constexpr int most_passes = 60;
+    const bool below = target_.residual(a) < 0.0;
+    const double sign = below ? -1.0 : 1.0;
+    double best = std::fabs(target_.residual(a)) < std::fabs(target_.residual(b)) ? a.t : b.t;
+    double nearest = std::min(std::fabs(target_.residual(a)), std::fabs(target_.residual(b)));
+    for (int pass = 0; pass < most_passes; ++pass) {
+        const double at_a = sign * target_.residual(a);
+        const double at_b = sign * target_.residual(b);
+        const double slope_a = sign * (a.after - target_.x);
+        const double slope_b = sign * (b.before - target_.x);
+        if (!(slope_b - slope_a > 0.0)) break;
+        const double tangents =
+            (slope_b * at_a - slope_a * at_b + slope_a * slope_b * (b.w - a.w)) / (slope_b - slope_a);
+        if (tangents > target_.tolerance) return turn();
+        if (tangents > 0.0 && nearest <= target_.tolerance) break;
+        // The secant of x*, and every third time the middle.
+        const double share = pass % 3 == 2 ? 0.5 : -slope_a / (slope_b - slope_a);
+        const double t = a.t + share * (b.t - a.t);
+        if (!(t > a.t && t < b.t)) break;
+        const Node middle = node_at(t, region_);
+        const double f = target_.residual(middle);
+        if ((f < 0.0) != below) {
+            add(root(a, middle));
+            turn();
+            return add(root(middle, b));
+        }
+        if (std::fabs(f) < nearest) best = t, nearest = std::fabs(f);
+        (sign * (middle.before - target_.x) < 0.0 ? a : b) = middle;
     }
+    if (nearest <= target_.tolerance) return add_extremum(best);
+    turn();
+}
+
+/// For an interval with an extremum and one state, which lies beyond the extremum as seen from this end: the end, or, if the
+/// end itself has s to rounding, a point before the state where the entropy is off, so that the state is enclosed.
+Node PartSearch::off(const Node& end, Node other) const {
+    constexpr int most_passes = 60;
+    const bool below = target_.residual(end) < 0.0;
+    Node point = end;
+    for (int pass = 0; pass < most_passes; ++pass) {
+        const double f = target_.residual(point);
+        const bool same_side = (f < 0.0) == below;
+        if (same_side && std::fabs(f) > search_tolerance(target_.s)) return point;
+        if (pass > 0) other = point;
+        point = node_at(0.5 * (end.t + other.t), region_);
+    }
+    return end;
+}
+
+void PartSearch::interval(const Node& a, const Node& b) {
+    const bool below = target_.residual(a) < 0.0;
+    const bool turns = falls(a.after) != falls(b.before);
+    const bool heads_for_s = falls(a.after) != below;
+    if (below == (target_.residual(b) < 0.0)) {
+        if (turns && heads_for_s) return approach(a, b);
+        if (turns) turn();
+        return;
+    }
+    if (!turns) return add(root(a, b));
+    if (heads_for_s) {
+        add(root(a, off(b, a)));
+        turn();
+    } else {
+        turn();
+        add(root(off(a, b), b));
+    }
+}
+
+void PartSearch::along(std::span<const Node> nodes) {
+    // An end has the entropy if it is close enough and the line does not come closer.
+    const auto ends = [&](const Node& n, double extremum, bool last) {
+        const double f = target_.residual(n);
+        const bool closer = (falls(extremum) != (f < 0.0)) != last && f != 0.0;
+        return std::fabs(f) <= target_.tolerance && !closer;
+    };
+    if (ends(nodes.front(), nodes.front().after, false)) add(checked(at(nodes.front().t), 1.0));
+    for (std::size_t n = 0; n + 1 < nodes.size() && states_.has_room(); ++n) {
+        const Node& a = nodes[n];
+        if (n > 0 && falls(a.before) != falls(a.after)) {
+            const bool has = ends(a, a.before, true) && ends(a, a.after, false);
+            if (has)
+                add_extremum(a.t);
+            else
+                turn();
+        }
+        interval(a, nodes[n + 1]);
+    }
+    if (ends(nodes.back(), nodes.back().before, true)) add(checked(at(nodes.back().t), 1.0));
+}
+
+FoundState first_on(std::span<const Node> nodes, const Target& target) {
+    FoundState found;
+    States states{{&found, 1}};
+    PartSearch(target, KTL_WET, states).along(nodes);
+    return found;
 }
 
 } // namespace
 
-int on_quality_line(double s, double x, SaturationModel model, FoundState* out, int most) {
-    const QualityLine line{s, x, model};
-    States states{out, most};
-    for (const Part& part : model == SaturationModel::entry_compatible ? entry_parts : outermost_parts) {
-        const Looks looks = model == SaturationModel::outermost_roots ? Looks(line, part, outermost_entropies(part))
-                                                                      : Looks(line, part);
-        const int before = states.count;
-        look(line, part, looks, states);
-        if (states.count == before && part.region == KTL_WET_NEAR_CRITICAL &&
-            model == SaturationModel::entry_compatible)
-            look_closely(line, part, looks, 0.002, 2, states);
-        if (!states.wanted()) break;
-    }
-    return states.count;
+FoundState first_up_to_350(double s, double x, SaturationModel model) {
+    return first_on(saturation_line().low, {s, x, model});
+}
+FoundState first_past_350(double s, double x, SaturationModel model) {
+    return first_on(saturation_line().continued, {s, x, model});
+}
+
+int on_quality_line(double s, double x, std::span<FoundState> out) {
+    const Line& line = saturation_line();
+    const Target target{s, x, SaturationModel::outermost_roots};
+    States states(out);
+    PartSearch cold(target, KTL_WET, states);
+    cold.along(line.low);
+    if (!states.has_room()) return states.count();
+    PartSearch hot(target, KTL_WET_NEAR_CRITICAL, states);
+    hot.along(line.high);
+    // Entropy jumps up at 350 degC. If neither side has s, the line of sub-regions 1 and 2 is continued to it.
+    const bool in_jump = target.residual(line.low.back()) < 0.0 && target.residual(line.high.front()) > 0.0;
+    if (in_jump && !cold.occurs_at_last() && !hot.occurs_at_first())
+        states.insert(first_past_350(s, x, SaturationModel::outermost_roots));
+    return states.count();
 }
 
 } // namespace ktl::searches

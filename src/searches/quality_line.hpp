@@ -1,12 +1,26 @@
-// States on a line of constant quality.
+// States of given entropy and quality: mixtures on a line of constant quality, 0.01 to 374.15 degC.
 #pragma once
 
 #include "searches/state.hpp"
 
+#include <span>
+
 namespace ktl::searches {
 
-/// The states of quality x (0 to 1) and entropy s by rising temperature, three at most; out takes the first `most`.
-/// Returns how many it took.
-int on_quality_line(double s, double x, SaturationModel model, FoundState* out, int most);
+/// No entropy occurs more often along a line of constant quality: at most three times up to 350 degC and seven times
+/// above, between the extrema that quality_line.cpp lists, and once in the gap between both. Six is the most in fact.
+inline constexpr std::size_t most_on_quality_line = 11;
+
+/// The states of entropy s, kJ/(kg K), and quality x, 0 to 1, by rising temperature, with the outermost phases; out takes
+/// as many as it has room for. Returns how many it took.
+int on_quality_line(double s, double x, std::span<FoundState> out);
+
+/// The state of lowest temperature up to 350 degC, or none.
+FoundState first_up_to_350(double s, double x, SaturationModel model);
+/// The state on the line of sub-regions 1 and 2 continued past 350 degC, by up to 0.5 K, or none.
+FoundState first_past_350(double s, double x, SaturationModel model);
+
+/// The state that the finder of entropy and quality gives: with the phases of the entry, the one of lowest temperature.
+FoundState on_entry_quality_line(double s, double x);
 
 } // namespace ktl::searches

@@ -37,9 +37,7 @@ Saturated entry_under(double p) {
     return {t, p, KTL_WET, p, p};
 }
 
-/// Highest temperature, degC, at which the isotherm has the saturation pressure at both outermost volumes, and these. By
-/// ktl_constants the loop holds the saturation pressure up to 374.14941 degC; the volumes are those found at 374.149.
-constexpr double t_outermost = 374.149;
+/// The volumes at last_outermost. By ktl_constants the loop of the isotherms has the saturation pressure up to 374.14941 degC.
 constexpr double v_outermost_liquid = 0.00313970965627;
 constexpr double v_outermost_steam = 0.00319230881332;
 
@@ -68,8 +66,8 @@ constexpr double beyond = 0.005;
 Saturated outermost_at(double t) {
     const double p = saturation::terms(t).p;
     if (!(t > ktl_lc.t3min)) return {t, p, KTL_WET, p, p, SaturationModel::outermost_roots};
-    if (t > t_outermost) {
-        const double share = std::sqrt(std::fmax(ktl_lc.tc - t, 0.0) / (ktl_lc.tc - t_outermost));
+    if (t > last_outermost) {
+        const double share = std::sqrt(std::fmax(ktl_lc.tc - t, 0.0) / (ktl_lc.tc - last_outermost));
         const auto between = [share](double v) { return ktl_lc.vca + share * (v - ktl_lc.vca); };
         return {t,
                 p,

@@ -18,6 +18,9 @@ enum class SaturationModel {
     outermost_roots
 };
 
+/// Highest temperature, degC, at which the isotherm has the saturation pressure at both outermost volumes; they bend there.
+inline constexpr double last_outermost = 374.149;
+
 /// Saturated water and steam at one temperature, in the variables of their regions.
 struct Saturated {
     double t = 0.0;

@@ -90,58 +90,6 @@ TEST(Choice, EveryStateOfAPairIsOffered) {
     }
 }
 
-/// What a walk along a line of constant quality meets.
-struct Crossings {
-    int count = 0;
-    double first = 0.0; // the coldest lies within 0.05 K below, degC
-};
-Crossings crossings(double s, double x) {
-    Crossings found;
-    double before = wet_entropy(0.01, x) - s;
-    for (int n = 1; n <= 7500; ++n) {
-        const double t = std::min(0.05 * n, 374.15);
-        const ktl::Saturated phases = ktl::saturated_at(t, ktl::SaturationModel::outermost_roots);
-        const double now = phases.mixture(ktl::Quantity::entropy, x) - s;
-        if (before * now < 0.0 && found.count++ == 0) found.first = t;
-        before = now;
-    }
-    return found;
-}
-
-void expect_coldest(double s, double x, const Crossings& expected) {
-    const State state = ktl::state(Pair::sx, s, x);
-    EXPECT_EQ(static_cast<bool>(state), expected.count > 0) << s << ", " << x;
-    if (expected.count == 0) return;
-    EXPECT_NEAR(state.t(), expected.first - 0.025, 0.025 + 1e-7) << s << ", " << x;
-}
-
-TEST(Choice, QualityLinesAreCounted) {
-    int most = 0;
-    for (const double x : {0.2, 0.37, 0.4, 0.45, 0.5, 0.55, 0.6, 0.62, 0.8}) {
-        for (double s = 3.0; s < 6.0; s += 0.0517) {
-            const Crossings expected = crossings(s, x);
-            EXPECT_EQ(ktl::state_count(Pair::sx, s, x), expected.count) << s << ", " << x;
-            expect_coldest(s, x, expected);
-            most = std::max(most, expected.count);
-        }
-    }
-    EXPECT_EQ(most, 3);
-}
-
-/// Beside the dip and the crest of entropy, and where both run into one another.
-TEST(Choice, ColdestOfAQualityLineBesideItsTurns) {
-    struct Row {
-        double s, x;
-    };
-    const Row rows[] = {
-        {3.4765, 0.38},  {3.4763, 0.38},  {3.4815, 0.38},   {4.4130, 0.429},  {4.4134, 0.43},
-        {4.4190, 0.44},  {4.4226, 0.44},  {4.4229, 0.44},   {4.4412, 0.48},   {4.4703, 0.479},
-        {4.4745, 0.483}, {4.5371, 0.54},  {4.5370, 0.54},   {4.5804, 0.54},   {4.5640, 0.5465},
-        {4.6440, 0.565}, {4.6518, 0.567}, {4.6533, 0.5675}, {4.6560, 0.5685}, {4.5995, 0.57},
-    };
-    for (const Row& row : rows) expect_coldest(row.s, row.x, crossings(row.s, row.x));
-}
-
 TEST(Overlaps, SubRegionsOneAndTwoGoBeforeThree) {
     struct Row {
         Pair given;

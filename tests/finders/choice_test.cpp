@@ -83,6 +83,34 @@ TEST(Choice, QualityLinesGiveTheLowestTemperature) {
         EXPECT_GT((entropy(t, 0.45) - s_several) * sign, 0.0) << "a lower temperature has it: " << t;
 }
 
+TEST(Choice, QualityLinesIncludeTheirLimits) {
+    // One last digit above the entropy at 0.01 degC, from where it falls; and the entropy at 350 degC, to which it falls
+    // from a maximum that it reaches rising.
+    const auto entropy = [](double t, double x) {
+        const double p = ktl_pt(t);
+        return ktl_e1(p, t) + x * (ktl_e2(p, t) - ktl_e1(p, t));
+    };
+    const double x = 0.38333359913406817;
+    EXPECT_EQ(find(ktlrsx, std::nextafter(entropy(0.01, x), 10.0), x).second, 0.01);
+    EXPECT_EQ(find(ktlrsx, entropy(350.0, 0.48), 0.48).second, 350.0);
+    const double s = entropy(350.0, 0.4875);
+    const double rising = find(ktlrsx, s, 0.4875).second;
+    EXPECT_LT(rising, 340.0);
+    EXPECT_TRUE(close("entropy", entropy(rising, 0.4875), s, 1e-12));
+}
+
+/// The saturated volumes of the entry are other roots of the pressure from 373.117 degC on, and from 374.14966 degC on the
+/// critical volume: the search ends its parts there.
+TEST(Choice, EntryPhasesChangeRoot) {
+    const auto at = [](double t) { return ktl::saturated_at(t, ktl::SaturationModel::entry_compatible); };
+    const double steam = 373.1170218536476;
+    EXPECT_GT(at(steam).steam - at(std::nextafter(steam, 400.0)).steam, 7e-4);
+    const double both = 374.14965914868071;
+    EXPECT_LT(at(both).liquid, 0.0031525);
+    EXPECT_EQ(at(std::nextafter(both, 400.0)).liquid, ktl::ktl_lc.vca);
+    EXPECT_EQ(at(std::nextafter(both, 400.0)).steam, ktl::ktl_lc.vca);
+}
+
 /// Entropy jumps up by 1e-4 at 350 degC and volume at 200 bar by 2e-7: between both sides sub-region 1 goes on.
 /// On the 2/3 boundary at 420 degC (287.45 bar) sub-region 3 begins above sub-region 2 in enthalpy, at 351 degC
 /// below it.

@@ -3,13 +3,16 @@
 //   ktl_engine_sweep states COUNT [SEED]    solves COUNT states through all pairs and prints a table
 //   ktl_engine_sweep offers COUNT [SEED]    offers COUNT rows, most of which name no state, and prints a table
 //   ktl_engine_sweep folds COUNT [SEED]     solves h, s of COUNT states beside saturated water, and prints a table
+//   ktl_engine_sweep quality COUNT [SEED]   compares the states of COUNT entropies and qualities with a scan of the line
 //
 // Exit status 1 if a state is not solved to what ktl::state() promises, a column differs from ktl::state(), an offer is
-// not answered as the exact search answers it, or a fold does not have the states of a walk along the saturation line.
+// not answered as the exact search answers it, a fold does not have the states of a walk along the saturation line, or the
+// scan of a quality line sees other states.
 #include "draw.hpp"
 #include "folds.hpp"
 #include "offers.hpp"
 #include "pairs.hpp"
+#include "quality.hpp"
 #include "tasks.hpp"
 
 #include <algorithm>
@@ -205,12 +208,13 @@ int main(int argc, char** argv) {
     const std::string_view what = argc > 1 ? argv[1] : "";
     const long count = argc > 2 ? std::strtol(argv[2], nullptr, 10) : 0;
     const std::uint64_t seed = argc > 3 ? std::strtoull(argv[3], nullptr, 10) : 1U;
-    const auto sweep_of = what == "states"   ? sweep::sweep_states
-                          : what == "offers" ? sweep::sweep_offers
-                          : what == "folds"  ? sweep::sweep_folds
-                                             : nullptr;
+    const auto sweep_of = what == "states"    ? sweep::sweep_states
+                          : what == "offers"  ? sweep::sweep_offers
+                          : what == "folds"   ? sweep::sweep_folds
+                          : what == "quality" ? sweep::sweep_quality
+                                              : nullptr;
     if (count <= 0 || sweep_of == nullptr) {
-        std::fprintf(stderr, "usage: ktl_engine_sweep states|offers|folds COUNT [SEED]\n");
+        std::fprintf(stderr, "usage: ktl_engine_sweep states|offers|folds|quality COUNT [SEED]\n");
         return EXIT_FAILURE;
     }
     sweep::silence_reports();

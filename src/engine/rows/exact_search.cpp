@@ -132,7 +132,7 @@ Solution on_line(const PairPlan& plan, double a, double b) {
 Solution on_quality_line(double s, double x) {
     if (const Status status = quality_within(x); status != Status::solved) return failed(status);
     FoundState found;
-    searches::on_quality_line(s, x, outermost, &found, 1);
+    searches::on_quality_line(s, x, {&found, 1});
     return solution(found);
 }
 
@@ -152,7 +152,7 @@ Solution first_state(const PairPlan& plan, double a, double b) {
 
 /// The states of a pair, that of the rule first.
 struct Several {
-    std::array<FoundState, 4> states{};
+    std::array<FoundState, searches::most_on_quality_line> states{};
     int count = 0;
 
     static bool same(const FoundState& a, const FoundState& b) {
@@ -204,8 +204,7 @@ Several all_states(const PairPlan& plan, double a, double b) {
     if (plan.method == SearchMethod::isentrope && plan.a == Quantity::enthalpy) return states_of_isentrope(plan, a, b);
     Several found;
     if (plan.method == SearchMethod::quality_line) {
-        if (quality_within(b) == Status::solved)
-            found.count = searches::on_quality_line(a, b, outermost, found.states.data(), 3);
+        if (quality_within(b) == Status::solved) found.count = searches::on_quality_line(a, b, found.states);
         return found;
     }
     const bool isobar = plan.method == SearchMethod::isobar;
