@@ -176,7 +176,7 @@ private:
 /// The number of states that have both values; 0 if state() is not solved. There may be more than one
 /// - by p, v: water below 4 degC has the same volume at two temperatures; the warmer is the first;
 /// - by t with h, s or u: a mixture and compressed water, or water at two pressures; the lowest pressure is the first;
-/// - by s, x: for x from about 0.37 to 0.62 there are several temperatures; the lowest is the first;
+/// - by s, x: from x = 0.365 up there are up to six temperatures; the lowest is the first;
 /// - by h, s: water at saturation or up to 7e-6 bar above it, below 14 degC, shares its values with one or two mixtures of
 ///   x up to 3.4e-5; water is the first, then the one of more steam.
 [[nodiscard]] KTL_API int state_count(Pair pair, double a, double b) noexcept;

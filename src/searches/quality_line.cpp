@@ -66,7 +66,7 @@ Node node_at(double t, int region) {
         return {t, saturated_at(t, SaturationModel::outermost_roots).of_liquid(Quantity::entropy), 0.0, extremum, extremum};
     }
     const Saturated phases = saturated_at(t, SaturationModel::outermost_roots);
-    return node(along_line_near_critical(phases.liquid, p, t), along_line_near_critical(phases.vapour, line, t), t);
+    return node(along_line_near_critical(phases.liquid, line, t), along_line_near_critical(phases.vapour, line, t), t);
 }
 
 /// Intervals from one of the given temperatures to the next. Any number gives the same states; with sixteen the search takes

@@ -100,22 +100,21 @@ Solution of_quality(Quantity line, double value, double x) {
     return solution(mixture(by_pressure ? saturated_under(value, outermost) : saturated_at(value, outermost), x));
 }
 
-/// Derivative of a property of water by its pressure (where by_pressure) or its temperature.
-double slope_of_water(Quantity y, double p, double t, bool by_pressure) {
-    const Dual slope = property(y, KTL_WATER, Dual(p, 1.0, 0.0), Dual(t, 0.0, 1.0));
-    return by_pressure ? slope.first : slope.second;
+/// A property of water with its slopes by pressure and by temperature.
+Slopes<double> slopes_of_water(Quantity y, double p, double t) {
+    return slopes(y, properties_at<SubRegion::water>(p, t));
 }
 
 /// The end of the isobar beyond which the value lies. The least volume of cold water is no end.
 Status past_end_of_isobar(Quantity y, double p, double value) {
     if (value > property(y, KTL_STEAM, p, ktl_lc.tmax)) return Status::temperature_high;
-    const bool least = slope_of_water(y, p, ktl_lc.tmin, false) > 0.0;
+    const bool least = slopes_of_water(y, p, ktl_lc.tmin).d_t > 0.0;
     return least && value < property(y, KTL_WATER, p, ktl_lc.tmin) ? Status::temperature_low : Status::no_state;
 }
 /// The end of the isotherm beyond which the value lies. Where a property of water turns its least value is no end.
 Status past_end_of_isotherm(Quantity y, double t, double value) {
     if (value > property(y, KTL_STEAM, ktl_lc.pmin, t)) return Status::pressure_low;
-    const bool least = t > ktl_lc.t1max || slope_of_water(y, ktl_lc.pmax, t, true) < 0.0;
+    const bool least = t > ktl_lc.t1max || slopes_of_water(y, ktl_lc.pmax, t).d_primary < 0.0;
     return least ? Status::pressure_high : Status::no_state;
 }
 

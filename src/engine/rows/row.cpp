@@ -149,23 +149,6 @@ constexpr double overlapping_quality = 1.0e-5;
 
 /// True if rounding may have kept saturated water, which takes precedence, out of sub-region 1: a mixture of little
 /// steam by h, s, or a state of sub-region 3 within the overlap at 350 degC.
-bool in_doubt(Pair pair, const Solution& found) noexcept {
-    if (pair < Pair::hs) return false;
-    const Margin margin = margin_of(pair);
-    if (found.region == Region::wet)
-        return found.primary < (found.t < searches::folded_below ? margin.cold_quality : margin.quality);
-    if (!(found.t < ktl_lc.t3min + margin.one_phase)) return false;
-    if (found.region == Region::wet_near_critical) return found.primary < overlapping_quality;
-    return found.region == Region::near_critical_water && found.primary > overlapping_volume;
-}
-
-/// Limits of the states of sub-region 3 that share values with saturated water of sub-region 1, at 348.36 to 350 degC:
-/// measured down to 0.001709 m3/kg in one phase, and up to x = 2.1e-6 in two.
-constexpr double overlapping_volume = 0.00169;
-constexpr double overlapping_quality = 1.0e-5;
-
-/// True if rounding may have kept saturated water, which takes precedence, out of sub-region 1: a mixture of little
-/// steam by h, s, or a state of sub-region 3 within the overlap at 350 degC.
 bool in_doubt(Pair pair, const RowState& found) noexcept {
     if (pair < Pair::hs) return false;
     const Margin margin = margin_of(pair);
