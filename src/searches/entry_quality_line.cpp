@@ -2,8 +2,8 @@
 // those of every search. Above, their volumes are found to 1e-8 of the pressure only and scatter from one temperature to
 // the next, so that slopes tell nothing: each part is looked at interval by interval, with a closer look at extrema.
 #include "searches/acceptance.hpp"
-#include "searches/quality_line.hpp"
 #include "searches/enclosure.hpp"
+#include "searches/quality_line.hpp"
 
 #include <algorithm>
 #include <array>
@@ -21,7 +21,9 @@ constexpr double neighbour = 1.0e-8;
 struct EntryLine {
     double s, x;
 
-    [[nodiscard]] FoundState at(double t) const { return mixture(saturated_at(t, SaturationModel::entry_compatible), x); }
+    [[nodiscard]] FoundState at(double t) const {
+        return mixture(saturated_at(t, SaturationModel::entry_compatible), x);
+    }
     [[nodiscard]] double residual(double t) const { return at(t).value(Quantity::entropy) - s; }
     [[nodiscard]] FoundState checked(double t) const {
         return confirmed(at(t), {Quantity::entropy, s, Quantity::entropy, s, SaturationModel::entry_compatible});

@@ -61,9 +61,11 @@ Node node_at(double t, int region) {
     if (!(t < ktl_lc.tc)) {
         // Both phases are one. Next to it their volumes go with the same square root: x* tends to the quality at which a
         // mixture has the critical volume.
-        const Saturated last = saturated_at(std::nextafter(last_outermost, ktl_lc.tc), SaturationModel::outermost_roots);
+        const Saturated last =
+            saturated_at(std::nextafter(last_outermost, ktl_lc.tc), SaturationModel::outermost_roots);
         const double extremum = (ktl_lc.vca - last.liquid) / (last.vapour - last.liquid);
-        return {t, saturated_at(t, SaturationModel::outermost_roots).of_liquid(Quantity::entropy), 0.0, extremum, extremum};
+        return {t, saturated_at(t, SaturationModel::outermost_roots).of_liquid(Quantity::entropy), 0.0, extremum,
+                extremum};
     }
     const Saturated phases = saturated_at(t, SaturationModel::outermost_roots);
     return node(along_line_near_critical(phases.liquid, line, t), along_line_near_critical(phases.vapour, line, t), t);

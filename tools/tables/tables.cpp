@@ -69,7 +69,7 @@ bool in_pairs(const Property& y) {
     return std::any_of(pairs.begin(), pairs.end(), [&](const Pair& pair) { return pair.a == y.id || pair.b == y.id; });
 }
 
-std::string quoted(std::string_view text) { return "`" + std::string(text) + "`"; }
+std::string quoted(std::string_view text) { return std::string("`").append(text).append("`"); }
 
 std::string row(const std::vector<std::string>& cells) {
     std::string out = "|";
@@ -96,7 +96,7 @@ std::string pairs_in_markdown() {
         if (!in_pairs(y)) continue;
         std::string names;
         for (const Pair& pair : pairs)
-            if (pair.a == y.id) names += (names.empty() ? "" : " ") + quoted(pair.name);
+            if (pair.a == y.id) names.append(names.empty() ? "" : " ").append(quoted(pair.name));
         out += row({quoted(y.name), std::string(y.meaning), std::string(y.unit), names.empty() ? "-" : names});
     }
     return out;

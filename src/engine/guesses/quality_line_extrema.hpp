@@ -114,12 +114,12 @@ T is_lowest(const T& s, const T& x, const T& t) {
     const T off = x - turning_quality<high>(line_position<high>(t));
     const T below_minimum = zero_unless(s < minimum_entropy(x) - entropy_width, T(1.0));
     const T at_350 = high ? value<tie_curve>(x) : T(0.0);
-    const T second =
-        high ? zero_unless(s < at_350 - entropy_rounding, below_minimum) : select(t < widest_turning, T(1.0), below_minimum);
+    const T second = high ? zero_unless(s < at_350 - entropy_rounding, below_minimum)
+                          : select(t < widest_turning, T(1.0), below_minimum);
     const T falling = zero_unless(off > width, second);
-    const T climbs =
-        high ? zero_unless(x < select(t < t_least, T(turning_at_350), T(x_least)), zero_unless(s > at_350 + entropy_width, T(1.0)))
-             : T(1.0);
+    const T climbs = high ? zero_unless(x < select(t < t_least, T(turning_at_350), T(x_least)),
+                                        zero_unless(s > at_350 + entropy_width, T(1.0)))
+                          : T(1.0);
     const T rising = zero_unless(off < -width, zero_unless(s > coldest_entropy * x + 1.0e-6, climbs));
     const T lowest = select(t < last_turning, select(off > 0.0, falling, rising), T(0.0));
     return select(x < turning_from, T(1.0), select(x > turning_to, T(1.0), lowest));
