@@ -149,6 +149,20 @@ TEST(Gaps, BothSidesOfTheBorderHaveTheirOwnStates) {
     }
 }
 
+/// Half a millikelvin below the critical point the isotherm between the saturated volumes is level to 1e-7: states on it
+/// are states of sub-region 3.
+TEST(Choice, LevelIsothermBelowTheCriticalPoint) {
+    for (const auto& [v, t] :
+         {std::pair{0.00317004956, 374.14956}, {0.00316999332, 374.149064}, {0.00317847237, 374.149715}}) {
+        const double s = ktl_e3(v, t);
+        const double u = ktl_f3(v, t);
+        const Found f = find(ktlrus, u, s);
+        ASSERT_TRUE(f.region == KTL_NEAR_CRITICAL_STEAM || f.region == KTL_NEAR_CRITICAL_WATER) << t;
+        EXPECT_TRUE(close("u", ktl_f3(f.first, f.second), u, 1e-8));
+        EXPECT_TRUE(close("s", ktl_e3(f.first, f.second), s, 1e-8));
+    }
+}
+
 TEST(TwoVariables, AreThePropertiesOfTheFoundState) {
     struct Row {
         const char* what;

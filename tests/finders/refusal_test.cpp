@@ -62,6 +62,21 @@ TEST(Refusal, TinyNumbersGiveAFiniteStateOrNone) {
                 }
 }
 
+/// A value past the end of its line by half of 1e-8 has the state at the end, past it by three times that has none.
+TEST(Refusal, ValuesPastTheEndOfALine) {
+    struct Row {
+        ktl_finder finder;
+        double line, end, beyond; // the value at the end of the line, and the direction
+    };
+    const Row rows[] = {{ktlrtv, 775.0, ktl_c2(1000.0, 775.0), -1e-8},
+                        {ktlrps, 10.0, ktl_e2(10.0, 800.0), 1e-8},
+                        {ktlrpu, 10.0, ktl_f2(10.0, 800.0), 1e-8}};
+    for (const auto& [finder, line, end, beyond] : rows) {
+        EXPECT_EQ(find(finder, line, end * (1.0 + 0.5 * beyond)).region, KTL_STEAM) << line;
+        EXPECT_EQ(find(finder, line, end * (1.0 + 3.0 * beyond)).region, KTL_NO_STATE) << line;
+    }
+}
+
 TEST(Refusal, ToleranceIsNeverAnObstacle) {
     for (const double odd : {quiet_nan, infinity, 0.0, -1.0}) {
         double h = 3000.0;
