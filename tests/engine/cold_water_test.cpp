@@ -108,7 +108,7 @@ TEST(ColdWater, EveryStateOfAFoldIsCounted) {
 /// 5 degC: the mixture of the other end of the fold is 0.013 K colder and has four times the volume.
 TEST(ColdWater, TheMixtureIsTheStateOfNumberOne) {
     const Saturated water = of_phase(5.0);
-    ASSERT_EQ(ktl::states(Pair::hs, water.h, water.s), 2);
+    ASSERT_EQ(ktl::state_count(Pair::hs, water.h, water.s), 2);
     const State mixture = ktl::state(Pair::hs, water.h, water.s, 1);
     EXPECT_EQ(mixture.region(), Region::wet);
     EXPECT_NEAR(mixture.t(), 5.0 - 0.0126, 2e-4);
@@ -133,7 +133,7 @@ TEST(ColdWater, OtherPairsFindTheMixture) {
             const State found = ktl::state(row.pair, row.a, row.b);
             EXPECT_EQ(found.region(), Region::wet) << t;
             EXPECT_NEAR(found.x(), 1e-5, 1e-10) << t;
-            EXPECT_EQ(ktl::states(row.pair, row.a, row.b), 1) << t;
+            EXPECT_EQ(ktl::state_count(row.pair, row.a, row.b), 1) << t;
         }
     }
 }

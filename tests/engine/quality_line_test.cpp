@@ -44,7 +44,7 @@ TEST(QualityLine, HasUpToSixStates) {
     };
     for (const Row& row : rows) {
         SCOPED_TRACE(row.s);
-        ASSERT_EQ(ktl::states(Pair::sx, row.s, row.x), static_cast<int>(row.t.size()));
+        ASSERT_EQ(ktl::state_count(Pair::sx, row.s, row.x), static_cast<int>(row.t.size()));
         for (std::size_t n = 0; n < row.t.size(); ++n)
             EXPECT_NEAR(ktl::state(Pair::sx, row.s, row.x, static_cast<int>(n)).t(), row.t[n], 6e-5);
         EXPECT_EQ(scan().fault(row.s, row.x), "");
@@ -80,7 +80,7 @@ TEST(QualityLine, LimitsAndExtremaHaveTheirEntropyToRounding) {
              {s, row.from_above ? next_up(s) : next_down(s), s + sign * 0.9e-10 * std::fmax(s, 1.0)}) {
             SCOPED_TRACE(row.what);
             EXPECT_EQ(scan().fault(past, row.x), "");
-            const int count = ktl::states(Pair::sx, past, row.x);
+            const int count = ktl::state_count(Pair::sx, past, row.x);
             bool has = false;
             for (int n = 0; n < count; ++n)
                 has = has || std::fabs(ktl::state(Pair::sx, past, row.x, n).t() - row.t) <= 1e-7;
@@ -91,7 +91,7 @@ TEST(QualityLine, LimitsAndExtremaHaveTheirEntropyToRounding) {
         }
         // Farther out it has not.
         const double outside = s + sign * 3.0e-10 * std::fmax(s, 1.0);
-        for (int n = 0; n < ktl::states(Pair::sx, outside, row.x); ++n)
+        for (int n = 0; n < ktl::state_count(Pair::sx, outside, row.x); ++n)
             EXPECT_NE(ktl::state(Pair::sx, outside, row.x, n).t(), row.t) << row.what;
     }
 }
@@ -105,7 +105,7 @@ TEST(QualityLine, ExtremaAreTouchedFromBothSides) {
             }
             for (const double s : {next_down(point.s), point.s, next_up(point.s)}) {
                 EXPECT_EQ(scan().fault(s, x), "") << point.t;
-                EXPECT_GE(ktl::states(Pair::sx, s, x), 1) << point.t;
+                EXPECT_GE(ktl::state_count(Pair::sx, s, x), 1) << point.t;
             }
         }
     }
@@ -133,7 +133,7 @@ TEST(QualityLine, AgreesWithAScan) {
         const State one = ktl::state(Pair::sx, s[n], x[n]);
         EXPECT_EQ(status[n], one.status());
         EXPECT_TRUE(!one || t[n] == one.t());
-        most = std::max(most, ktl::states(Pair::sx, s[n], x[n]));
+        most = std::max(most, ktl::state_count(Pair::sx, s[n], x[n]));
     }
     EXPECT_EQ(most, 6);
 }
@@ -148,7 +148,7 @@ TEST(QualityLine, TheJumpAt350IsCoveredOnce) {
         for (const double share : {-1e-3, 1e-3, 0.3, 0.7, 0.999, 1.001}) {
             const double s = below + share * (above - below);
             EXPECT_EQ(scan().fault(s, x), "") << share;
-            const int count = ktl::states(Pair::sx, s, x);
+            const int count = ktl::state_count(Pair::sx, s, x);
             for (int n = 0; n < count; ++n) {
                 const State state = ktl::state(Pair::sx, s, x, n);
                 const bool continued = state.region() == ktl::Region::wet && state.t() > 350.0;

@@ -104,11 +104,11 @@ TEST(Choice, QualityLinesIncludeTheirLimits) {
 TEST(Choice, EntryPhasesChangeRoot) {
     const auto at = [](double t) { return ktl::saturated_at(t, ktl::SaturationModel::entry_compatible); };
     const double steam = 373.1170218536476;
-    EXPECT_GT(at(steam).steam - at(std::nextafter(steam, 400.0)).steam, 7e-4);
+    EXPECT_GT(at(steam).vapour - at(std::nextafter(steam, 400.0)).vapour, 7e-4);
     const double both = 374.14965914868071;
     EXPECT_LT(at(both).liquid, 0.0031525);
     EXPECT_EQ(at(std::nextafter(both, 400.0)).liquid, ktl::ktl_lc.vca);
-    EXPECT_EQ(at(std::nextafter(both, 400.0)).steam, ktl::ktl_lc.vca);
+    EXPECT_EQ(at(std::nextafter(both, 400.0)).vapour, ktl::ktl_lc.vca);
 }
 
 /// Entropy jumps up by 1e-4 at 350 degC and volume at 200 bar by 2e-7: between both sides sub-region 1 goes on.

@@ -62,7 +62,7 @@ void extrema_at_constant_quality(Table& table) {
     table.covers(
         "turning_to: greatest quality of a turn", guesses::turning_to,
         std::fmax(largest(turning_quality, from, to, n), largest(turning_quality, ktl_lc.t1 + step, 374.149, 10 * n)));
-    table.covers("last_minimum: greatest quality of a turn to 350 degC", guesses::last_dip,
+    table.covers("last_minimum: greatest quality of a turn to 350 degC", guesses::last_minimum,
                  largest(turning_quality, from, to, n));
     const auto rises = [](double t) { return turning_quality(t + 0.5) > turning_quality(t - 0.5); };
     const double widest = last_point(rises, 200.0, 300.0);

@@ -23,7 +23,7 @@ constexpr double reach = 0.07;
 constexpr double same_mixture = 4.0 * fold_step;
 
 /// What ktl::state() promises of h, kJ/kg.
-double accuracy(double h) { return promised * std::fmax(std::fabs(h), 10.0); }
+double accuracy(double h) { return of_calls.relative * std::fmax(std::fabs(h), of_calls.least); }
 
 double of_saturated(Quantity y, int region, double t) { return property(y, region, ktl::saturation::terms(t).p, t); }
 
@@ -49,7 +49,8 @@ double saturated_water(double s) {
 int sign(double difference) { return difference > rounding ? 1 : (difference < -rounding ? -1 : 0); }
 
 bool reproduces(const State& state, double h, double s) {
-    return deviation(h, state.h(), &Values::h) <= promised && deviation(s, state.s(), &Values::s) <= promised;
+    return of_calls.deviation(h, state.h(), &Values::h) <= of_calls.relative &&
+           of_calls.deviation(s, state.s(), &Values::s) <= of_calls.relative;
 }
 
 } // namespace
@@ -80,7 +81,7 @@ Fold scan_fold(double h, double s) {
 }
 
 const char* fault_at_fold(double h, double s, const Fold& expected) {
-    const int count = ktl::states(Pair::hs, h, s);
+    const int count = ktl::state_count(Pair::hs, h, s);
     const auto water = static_cast<std::size_t>(expected.water ? 1 : 0);
     if (expected.certain && static_cast<std::size_t>(count) != water + expected.mixtures.size())
         return "another number of states";

@@ -38,7 +38,7 @@ struct Drawn {
 /// A state of the band: saturated water in three ways; water up to 3e-5 bar above saturation; saturated water with h
 /// moved by up to 1e-6 kJ/kg; a mixture with x from 1e-9 to 1e-4.
 Drawn draw_beside_line(Random& random, Kind kind, std::size_t band) {
-    const double t = random.uniform(limits.at(band), limits.at(band + 1));
+    const double t = random.between(limits.at(band), limits.at(band + 1));
     const double p = ktl_pt(t);
     if (kind == Kind::saturated_mixture) {
         const State state = ktl::state(Pair::px, p, 0.0);
@@ -122,7 +122,7 @@ void run_task(long task, long count, std::uint64_t seed, Tally& tally) {
     Tally::Band& sum = tally.bands.at(band);
     for (std::size_t i = 0; i < n; ++i) {
         ++sum.rows;
-        const int states = ktl::states(Pair::hs, h[i], s[i]);
+        const int states = ktl::state_count(Pair::hs, h[i], s[i]);
         ++sum.states.at(static_cast<std::size_t>(states));
         if (is_saturated(drawn[i].kind) && states > 1) {
             const State mixture = ktl::state(Pair::hs, h[i], s[i], 1);

@@ -43,7 +43,7 @@ double beside(Random& random, double s) {
     case 0: return s;
     case 1: {
         const double to = random.below(2) == 0 ? -INFINITY : INFINITY;
-        for (int steps = random.below(4); steps >= 0; --steps) s = std::nextafter(s, to);
+        for (unsigned steps = random.below(4) + 1; steps > 0; --steps) s = std::nextafter(s, to);
         return s;
     }
     default: return s * (1.0 + random.around_zero(1e-14, 1e-8));
@@ -55,29 +55,29 @@ Offer own(double t, double x) { return {ktl::state(Pair::tx, std::clamp(t, ktl_l
 Offer draw_limit(Random& random) {
     const double past_350 = std::nextafter(ktl_lc.t3min, ktl_lc.tc);
     const std::array limits{ktl_lc.tmin, ktl_lc.t1max, past_350, 374.149, std::nextafter(374.149, 400.0), ktl_lc.tc};
-    const double x = random.below(4) == 0 ? random.uniform(0.0, 1.0) : random.uniform(0.35, 0.65);
-    const Offer offer = own(limits.at(static_cast<std::size_t>(random.below(limits.size()))), x);
+    const double x = random.below(4) == 0 ? random.between(0.0, 1.0) : random.between(0.35, 0.65);
+    const Offer offer = own(limits.at(random.below(static_cast<unsigned>(limits.size()))), x);
     return {beside(random, offer.s), x};
 }
 
 Offer draw(Random& random, int kind, const QualityScan& scan) {
-    const double x = random.uniform(0.35, 0.65);
+    const double x = random.between(0.35, 0.65);
     switch (kind) {
-    case any_state: return own(random.uniform(ktl_lc.tmin, ktl_lc.tc), random.uniform(0.0, 1.0));
-    case wide: return own(random.uniform(ktl_lc.tmin, ktl_lc.tc), x);
-    case beside_350: return own(random.uniform(348.0, 354.0), random.uniform(0.46, 0.50));
+    case any_state: return own(random.between(ktl_lc.tmin, ktl_lc.tc), random.between(0.0, 1.0));
+    case wide: return own(random.between(ktl_lc.tmin, ktl_lc.tc), x);
+    case beside_350: return own(random.between(348.0, 354.0), random.between(0.46, 0.50));
     case top_of_dome: return own(ktl_lc.tc - random.logarithmic(1.0e-7, 0.25), x);
     case limit: return draw_limit(random);
     case extremum: {
         const std::vector<LinePoint> points = scan.extrema(x);
-        return {beside(random, points[static_cast<std::size_t>(random.below(static_cast<int>(points.size())))].s), x};
+        return {beside(random, points[random.below(static_cast<unsigned>(points.size()))].s), x};
     }
     case in_the_jump: {
-        const double quality = random.uniform(0.46, 0.50);
+        const double quality = random.between(0.46, 0.50);
         const double from = own(ktl_lc.t1max, quality).s;
-        return {random.uniform(from, own(std::nextafter(ktl_lc.t1max, ktl_lc.tc), quality).s), quality};
+        return {random.between(from, own(std::nextafter(ktl_lc.t1max, ktl_lc.tc), quality).s), quality};
     }
-    default: return {random.uniform(-0.1, 9.3), random.uniform(0.0, 1.0)};
+    default: return {random.between(-0.1, 9.3), random.between(0.0, 1.0)};
     }
 }
 
@@ -122,7 +122,7 @@ void run_task(long task, long count, std::uint64_t seed, const QualityScan& scan
         const std::vector<Place> places = scan.places(s[i], x[i]);
         const auto open = [](const Place& place) { return place.least != place.most; };
         if (std::any_of(places.begin(), places.end(), open)) ++kind.within_width;
-        ++kind.with_states.at(static_cast<std::size_t>(std::min(7, ktl::states(Pair::sx, s[i], x[i]))));
+        ++kind.with_states.at(static_cast<std::size_t>(std::min(7, ktl::state_count(Pair::sx, s[i], x[i]))));
         if (!wrong.empty() && ++kind.wrong <= 5) std::fprintf(stderr, "%s\n", wrong.c_str());
     }
 }

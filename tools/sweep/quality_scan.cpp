@@ -181,7 +181,7 @@ std::vector<Place> QualityScan::places(double s, double x) const {
 std::string QualityScan::fault(double s, double x) const {
     const std::vector<Place> expected = places(s, x);
     std::vector<int> seen(expected.size(), 0);
-    const int count = ktl::states(ktl::Pair::sx, s, x);
+    const int count = ktl::state_count(ktl::Pair::sx, s, x);
     double before = 0.0;
     for (int n = 0; n < count; ++n) {
         const ktl::State state = ktl::state(ktl::Pair::sx, s, x, n);

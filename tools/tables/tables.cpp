@@ -129,7 +129,8 @@ std::string names_in_page(std::string_view macro, std::string_view Pair::*name) 
     constexpr std::size_t longest = 78;
     std::string out, line(macro);
     for (std::size_t k = 0; k + 1 < pairs.size(); ++k) {
-        const std::string next = " " + std::string(pairs.at(k).*name) + (k + 2 < pairs.size() ? " ," : "");
+        std::string next(" ");
+        next.append(pairs.at(k).*name).append(k + 2 < pairs.size() ? " ," : "");
         if (line.size() + next.size() > longest) {
             out += line + "\n";
             line = macro;
