@@ -84,6 +84,33 @@ TEST(ColdWater, TheNamedRoutineFindsIt) {
     }
 }
 
+/// Beside saturated water itself there is one mixture in the fold, none above it; and none below 0.01 degC.
+TEST(ColdWater, SaturatedWaterIsCountedOnce) {
+    for (int n = 0; n < 1600; ++n) {
+        const double t = 0.01 + 0.01 * n;
+        const bool folded = t > 0.035 && t < 13.0;
+        if (!folded && t > 0.025 && t < 13.5) continue; // an end of the fold
+        for (const auto source : sources) {
+            const Saturated water = source(t);
+            EXPECT_EQ(ktl::states(Pair::hs, water.h, water.s), folded ? 2 : 1) << t;
+        }
+    }
+}
+
+/// From 14 degC on a mixture is taken as water only if it differs from it by rounding.
+TEST(ColdWater, WarmerMixturesStayMixtures) {
+    const struct {
+        double t, x;
+    } rows[] = {{14.1, 3e-7},   {15.0, 1.2e-7}, {20.0, 4e-8}, {30.0, 2.5e-8},
+                {60.0, 1.5e-8}, {100.0, 6e-9},  {200.0, 2e-9}};
+    for (const auto& row : rows) {
+        const State mixture = ktl::state(Pair::tx, row.t, row.x);
+        const State found = ktl::state(Pair::hs, mixture.h(), mixture.s());
+        EXPECT_EQ(found.region(), Region::wet) << row.t;
+        EXPECT_NEAR(found.v(), mixture.v(), 0.01 * mixture.v()) << row.t;
+    }
+}
+
 /// On the line of saturated water, above it inside and outside the fold, and mixtures.
 TEST(ColdWater, EveryStateOfAFoldIsCounted) {
     ktl::test::Random random(3);
@@ -173,8 +200,8 @@ TEST(ColdWater, OnlyEnthalpyAndEntropyFold) {
 /// Rounding may put saturated water slightly outside sub-region 1 and its mixtures: they take precedence over
 /// sub-region 3 all the same.
 TEST(HotWater, SaturatedWaterTakesPrecedenceOverSubRegionThree) {
-    for (int n = 0; n < 1351; ++n) {
-        const double t = 345.0 + 0.0037 * n;
+    for (int n = 0; n < 3345; ++n) {
+        const double t = n < 1345 ? 345.0 + 0.0037 * n : 349.98 + 1e-5 * (n - 1345);
         const State water = ktl::state(Pair::tx, t, 0.0);
         const struct {
             Pair pair;
