@@ -92,7 +92,7 @@ TEST(ColdWater, SaturatedWaterIsCountedOnce) {
         if (!folded && t > 0.025 && t < 13.5) continue; // an end of the fold
         for (const auto source : sources) {
             const Saturated water = source(t);
-            EXPECT_EQ(ktl::states(Pair::hs, water.h, water.s), folded ? 2 : 1) << t;
+            EXPECT_EQ(ktl::state_count(Pair::hs, water.h, water.s), folded ? 2 : 1) << t;
         }
     }
 }
