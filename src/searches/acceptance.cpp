@@ -29,6 +29,12 @@ const BorderSlack& slack_of(SaturationModel model) {
     return model == SaturationModel::outermost_roots ? searched : searched_entry;
 }
 
+/// Greatest pressure of sub-region 3.
+double greatest_near_critical_pressure(SaturationModel model) {
+    const bool outermost = model == SaturationModel::outermost_roots;
+    return ktl_lc.pmax * (1.0 + (outermost ? rounding_of_pressure : limit_rounding_of_finders));
+}
+
 /// Outside the two-phase dome of sub-region 3, at the pressure that the state has.
 bool is_outside_dome(const FoundState& state, double pressure, SaturationModel model) {
     if (state.t > ktl_lc.tc) return true;
@@ -91,13 +97,20 @@ FoundState confirmed(FoundState state, const Given& given, double share) {
         in_range = in_range && state.primary >= 0.0 && state.primary <= 1.0;
     } else if (state.region == KTL_WATER || state.region == KTL_STEAM) {
         state.primary = clamp_with_slack(state.primary, ktl_lc.pmin, ktl_lc.pmax, limit_slack * state.primary);
+        const BorderSlack& slack = slack_of(given.model);
+        const bool water = state.region == KTL_WATER;
+        const bool open_pressure = given.a != Quantity::pressure && given.b != Quantity::pressure;
+        if (water && given.model == SaturationModel::outermost_roots && open_pressure && state.t <= ktl_lc.t1max) {
+            const double ps = saturation::terms(state.t).p;
+            state.primary = clamp_with_slack(state.primary, ps, ktl_lc.pmax, slack.line * ps + slack.line_absolute);
+        }
         // At the end of the range, 1000 bar and 350 degC, sub-region 1 covers its gap to sub-region 3 past both limits.
-        const bool past_350 = state.region == KTL_WATER && state.t > ktl_lc.t1max;
-        const double beyond = past_350 ? slack_of(given.model).p_beyond_1000 : 0.0;
+        const double beyond = water && state.t > ktl_lc.t1max ? slack.p_beyond_1000 : 0.0;
         in_range = in_range && state.primary >= ktl_lc.pmin && state.primary <= ktl_lc.pmax * (1.0 + beyond);
     } else {
-        in_range = in_range && all_set(is_near_critical_volume(state.primary)) &&
-                   in_closed(state.value(Quantity::pressure), ktl_lc.pmin, ktl_lc.pmax);
+        const double p = state.value(Quantity::pressure);
+        in_range = in_range && all_set(is_near_critical_volume(state.primary)) && p >= ktl_lc.pmin &&
+                   p <= greatest_near_critical_pressure(given.model);
     }
     in_range = in_range && has(state, given.a, given.a_value, given.model, share) &&
                has(state, given.b, given.b_value, given.model, share);

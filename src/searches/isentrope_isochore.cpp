@@ -9,6 +9,7 @@
 
 #include "searches/acceptance.hpp"
 #include "searches/enclosure.hpp"
+#include "searches/limits.hpp"
 #include "searches/lines.hpp"
 #include "searches/saturated_water.hpp"
 
@@ -77,7 +78,9 @@ FoundState search(const Given& given, Quantity y, double value, double a, double
         found = beside_line(allowed);
         if (found.found()) return found;
     }
-    return {};
+    // At a limit the line ends near the value: the sub-regions differ by less than this.
+    const bool near = std::fabs(best.value(y) - value) <= 1.0e-3 * (std::fabs(value) + 1.0);
+    return near && given.model == SaturationModel::outermost_roots ? on_limits(given) : FoundState{};
 }
 
 /// Water of entropy s at tmin, compressed or saturated. Along the isentropes of the coldest water the energies
@@ -100,8 +103,9 @@ FoundState coldest_water(const Given& given, double s, double share) {
 } // namespace
 
 FoundState on_isentrope(Quantity y, double value, double s, SaturationModel model) {
-    if (s > property(Quantity::entropy, KTL_STEAM, ktl_lc.pmin, ktl_lc.tmax) + limit_rounding_of_finders) return {};
-    if (s < property(Quantity::entropy, KTL_WATER, ktl_lc.pmax, ktl_lc.tmin) - limit_rounding_of_finders) return {};
+    constexpr double slack = 2.0 * limit_rounding_of_finders;
+    if (s > property(Quantity::entropy, KTL_STEAM, ktl_lc.pmin, ktl_lc.tmax) + slack) return {};
+    if (s < property(Quantity::entropy, KTL_WATER, ktl_lc.pmax, ktl_lc.tmin) - slack) return {};
     double highest = ktl_lc.pmax;
     if (s > property(Quantity::entropy, KTL_STEAM, ktl_lc.pmax, ktl_lc.tmax))
         highest = on_isotherm(Quantity::entropy, ktl_lc.tmax, s, model).primary;

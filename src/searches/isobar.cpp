@@ -1,6 +1,5 @@
-#include "regions/dual.hpp"
-#include "searches/enclosure.hpp"
-#include "searches/lines.hpp"
+#include "searches/acceptance.hpp"
+#include "searches/branches.hpp"
 
 #include <algorithm>
 
@@ -53,7 +52,7 @@ double isochore_temperature(double p, double v) {
 
 /// Temperature at which water has its least volume under p; tmin where it expands from there on.
 double densest_temperature(double p) {
-    const auto expansion = [&](double t) { return volume(region1::terms(Dual(p), Dual(t, 1.0, 0.0))).first; };
+    const auto expansion = [&](double t) { return volume_by_temperature(region1::terms(p, t)); };
     const double at_start = expansion(ktl_lc.tmin);
     if (at_start >= 0.0) return ktl_lc.tmin;
     return solvers::enclose(expansion, ktl_lc.tmin, at_start, expanding, expansion(expanding), 0.0).x;
@@ -77,6 +76,8 @@ FoundState water(const Isobar& line, double b, double fb, double lowest) {
 FoundState wet_state(const Isobar& line, const Saturated& phases, double f_liquid, double f_vapour) {
     const FoundState wet = mixture(phases, f_liquid / (f_liquid - f_vapour));
     if (line.y != Quantity::volume || wet.primary > least_quality || phases.t > expanding) return wet;
+    const bool saturated = line.model == SaturationModel::outermost_roots && -f_liquid <= line.tolerance(KTL_WATER);
+    if (saturated) return {KTL_WATER, line.p, phases.t, {}};
     const FoundState cold = water_by_volume(line, phases.t, f_liquid, ktl_lc.tmin);
     return std::fabs(line.residual(KTL_WATER, cold.primary, cold.t)) <= line.tolerance(KTL_WATER) ? cold : wet;
 }
@@ -139,13 +140,16 @@ FoundState high(const Isobar& line, double lowest) {
 
 } // namespace
 
-BothSides water_on_isobar(double p, double v, SaturationModel model) {
+BothSides water_on_isobar(double p, double v, SaturationModel model, bool wet) {
     const Isobar line{Quantity::volume, p, v, model};
     const double b = p > last_low_pressure(model) ? ktl_lc.t1max : saturated_under(p, model).t;
-    const double turn = std::min(densest_temperature(p), b);
-    const double f_turn = line.residual(KTL_WATER, p, turn);
-    return {line.between(KTL_WATER, turn, b, line.residual(KTL_WATER, p, b)),
-            line.between(KTL_WATER, ktl_lc.tmin, turn, f_turn)};
+    const Branches branches{b, std::min(densest_temperature(p), b), ktl_lc.tmin};
+    return both_sides(
+        branches, [&](double t) { return line.residual(KTL_WATER, p, t); },
+        [&](double t) {
+            return FoundState{KTL_WATER, p, t, {}};
+        },
+        line.tolerance(KTL_WATER), searches::allowance(Quantity::volume, v, KTL_WATER, model), wet);
 }
 
 FoundState on_isobar(Quantity y, double p, double value, SaturationModel model, double lowest) {

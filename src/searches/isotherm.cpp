@@ -1,6 +1,5 @@
-#include "regions/dual.hpp"
-#include "searches/enclosure.hpp"
-#include "searches/lines.hpp"
+#include "searches/acceptance.hpp"
+#include "searches/branches.hpp"
 
 #include <algorithm>
 
@@ -40,7 +39,8 @@ struct Isotherm {
 
     /// Derivative of the property by z.
     [[nodiscard]] double slope(int region, double z) const {
-        return property(y, region, Dual(z, 1.0, 0.0), Dual(t)).first;
+        return region == KTL_WATER ? slopes(y, properties_at<SubRegion::water>(z, t)).d_primary
+                                   : slopes(y, properties_at<SubRegion::near_critical>(z, t)).d_primary;
     }
 };
 
@@ -72,17 +72,22 @@ double turning_point(const Isotherm& line, int region, double a, double b) {
 }
 
 /// First z from a, the end of lower pressure, towards b at which the residual vanishes. The property turns at most
-/// once between them: where both ends lie on one side of zero, the search ends at the turning point.
+/// once between them: if both ends lie on one side of zero, the search ends at the turning point. If that lies on the
+/// same side too, a, the turning point or b may still have the value but for rounding.
 template <class Residual>
 FoundState first_from(const Isotherm& line, int region, double a, double fa, double b, Residual&& f) {
     const double fb = f(b);
-    double end = b;
-    double f_end = fb;
-    if (fa * fb > 0.0) {
-        end = turning_point(line, region, a, b);
-        f_end = end == b ? fb : f(end);
-    }
-    return {region, solvers::enclose(f, a, fa, end, f_end, line.tolerance(region)).x, line.t, {}};
+    const auto search_up_to = [&](double end, double f_end) {
+        return FoundState{region, solvers::enclose(f, a, fa, end, f_end, line.tolerance(region)).x, line.t, {}};
+    };
+    // At the far end the value may be that of a state before the turning point, too.
+    const bool met_there = line.model == SaturationModel::outermost_roots && std::fabs(fb) <= line.tolerance(region);
+    if (!(fa * fb > 0.0 || met_there)) return search_up_to(b, fb);
+    const double turn = turning_point(line, region, a, b);
+    const FoundState nearest = search_up_to(turn, turn == b ? fb : f(turn));
+    const double miss = std::fabs(f(nearest.primary));
+    const bool far_end = miss > searches::allowance(line.y, line.value, region, line.model) && std::fabs(fb) < miss;
+    return far_end ? FoundState{region, b, line.t, {}} : nearest;
 }
 
 FoundState water(const Isotherm& line, double ps, double f_liquid) {
@@ -125,42 +130,59 @@ FoundState middle(const Isotherm& line, double greatest) {
     if (f_vapour <= 0.0)
         return near_critical(line, greatest, phases.vapour / past_saturation(line.model), KTL_NEAR_CRITICAL_STEAM);
     const double f_liquid = phases.of_liquid(line.y) - line.value;
-    const auto water3 = [&] {
+    if (f_liquid >= 0.0)
         return near_critical(line, phases.liquid * past_saturation(line.model), least_volume(line),
                              KTL_NEAR_CRITICAL_WATER);
-    };
-    if (f_liquid >= 0.0) return water3();
     const FoundState wet = mixture(phases, f_liquid / (f_liquid - f_vapour));
     if (wet.primary > least_quality || line.y == Quantity::volume) return wet;
-    const FoundState compressed = water3();
+    const FoundState compressed = near_critical(line, phases.liquid, least_volume(line), KTL_NEAR_CRITICAL_WATER);
     return std::fabs(line.residual3(compressed.primary)) <= search_tolerance(line.value) ? compressed : wet;
 }
 
 /// A volume of sub-region 3 greater than any at pressures above the 2/3 boundary.
 double greatest_volume(double pl, double t) { return outside * volume(region2::terms(pl, t)); }
 
+/// Where the 2/3 boundary comes near pmax, sub-region 3 or the steam that covers a gap may end at pmax before either has
+/// the values of the boundary. A value that rounding puts past the boundary is that of the boundary, on one side or the other.
+FoundState before_end_of_boundary(const Isotherm& line, double pl, const FoundState& found) {
+    const auto miss = [&](const FoundState& state) { return std::fabs(state.value(line.y) - line.value); };
+    if (miss(found) <= searches::allowance(line.y, line.value, found.region, line.model)) return found;
+    return std::min({found, {KTL_STEAM, pl, line.t, {}}, near_critical_at(pl, line.t, line.model)},
+                    [&](const FoundState& a, const FoundState& b) { return miss(a) < miss(b); });
+}
+
 /// Above 350 degC: sub-region 2 up to the 2/3 boundary, sub-region 3 beyond it.
 FoundState high(Isotherm& line) {
     const double pl = boundary_pressure(line.t);
     if (!(pl < ktl_lc.pmax)) return steam(line, ktl_lc.pmin, ktl_lc.pmax);
-    if (line.residual(KTL_STEAM, pl) <= 0.0) return steam(line, ktl_lc.pmin, pl);
+    const double f_vapour = line.residual(KTL_STEAM, pl);
+    if (f_vapour <= 0.0) return steam(line, ktl_lc.pmin, pl);
     region3::temperature_terms(line.terms3, line.t);
     const FoundState found = middle(line, greatest_volume(pl, line.t));
-    const bool gap = found.region == KTL_NEAR_CRITICAL_STEAM && line.pressure3(found.primary) < pl;
-    return gap ? steam(line, pl, pl * reach) : found;
+    if (found.region != KTL_NEAR_CRITICAL_STEAM) return found;
+    const bool gap = line.pressure3(found.primary) < pl;
+    if (pl * reach < ktl_lc.pmax) return gap ? steam(line, pl, pl * reach) : found;
+    return before_end_of_boundary(line, pl, gap ? steam(line, pl, ktl_lc.pmax) : found);
 }
 
 } // namespace
 
-BothSides water_on_isotherm(Quantity y, double t, double value, SaturationModel model) {
+BothSides water_on_isotherm(Quantity y, double t, double value, SaturationModel model, bool wet) {
     const Isotherm line{y, t, value, model, {}};
     const double ps = saturation::terms(t).p;
-    const double turn = turning_point(line, KTL_WATER, ps, ktl_lc.pmax);
-    const auto f = [&](double p) { return line.residual(KTL_WATER, p); };
-    const auto between = [&](double a, double b) {
-        return FoundState{KTL_WATER, solvers::enclose(f, a, b, line.tolerance(KTL_WATER)).x, t, {}};
-    };
-    return {between(ps, turn), turn == ktl_lc.pmax ? FoundState{} : between(turn, ktl_lc.pmax)};
+    const Branches branches{ps, turning_point(line, KTL_WATER, ps, ktl_lc.pmax), ktl_lc.pmax};
+    return both_sides(
+        branches, [&](double p) { return line.residual(KTL_WATER, p); },
+        [&](double p) {
+            return FoundState{KTL_WATER, p, t, {}};
+        },
+        line.tolerance(KTL_WATER), searches::allowance(y, value, KTL_WATER, model), wet);
+}
+
+FoundState single_phase_at(double p, double t, SaturationModel model) {
+    if (!(t > ktl_lc.t3min)) return {p > saturation::terms(t).p ? KTL_WATER : KTL_STEAM, p, t, {}};
+    if (!(p > boundary_pressure(t))) return {KTL_STEAM, p, t, {}};
+    return near_critical_at(p, t, model);
 }
 
 FoundState near_critical_at(double p, double t, SaturationModel model) {

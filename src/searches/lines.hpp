@@ -24,18 +24,22 @@ FoundState on_isobar(Quantity y, double p, double value, SaturationModel model, 
 /// the state at the end.
 FoundState on_isotherm(Quantity y, double t, double value, SaturationModel model);
 
+/// The single phase at p and t; up to the critical point not on the saturation line.
+FoundState single_phase_at(double p, double t, SaturationModel model);
 /// Sub-region 3 at t above 350 degC and p above the 2/3 boundary, on its side of the saturation pressure.
 FoundState near_critical_at(double p, double t, SaturationModel model);
 
-/// Water of sub-region 1 on both sides of the point where the property turns: the one that the searches above
-/// prefer, and the other. No state where the line does not turn; where a side does not reach the value, its end.
+/// States of water of sub-region 1 on both sides of the point where the property turns: the one that the searches above
+/// prefer, and the other; no state on a side that does not reach the value. An end of the line, and the turning point if
+/// neither side reaches the value, count if they have it as closely as a state must. wet: a mixture has the value, so that
+/// saturated water and the turning point count on their own only if they have it but for rounding.
 struct BothSides {
     FoundState preferred, other;
 };
 /// By volume on an isobar: the warmer first.
-BothSides water_on_isobar(double p, double v, SaturationModel model);
+BothSides water_on_isobar(double p, double v, SaturationModel model, bool wet);
 /// On an isotherm up to 350 degC: the one of lower pressure first.
-BothSides water_on_isotherm(Quantity y, double t, double value, SaturationModel model);
+BothSides water_on_isotherm(Quantity y, double t, double value, SaturationModel model, bool wet = false);
 
 /// Quality at and below which the entry ktlftn takes a mixture as saturated water.
 inline constexpr double least_quality = 1.0e-6;

@@ -215,6 +215,7 @@ FoundState PartSearch::root(const Node& a, const Node& b) const {
     if (const FoundState good = checked(state, 0.1); good.found()) return good;
     const FoundState other = at(found.other);
     const double share = residual(state) / (residual(state) - residual(other));
+    if (!(share >= 0.0 && share <= 1.0)) return {}; // the line ends at this temperature
     state.phases.liquid += share * (other.phases.liquid - state.phases.liquid);
     state.phases.vapour += share * (other.phases.vapour - state.phases.vapour);
     return checked(state, 1.0);

@@ -85,10 +85,11 @@ inline FoundState mixture(const Saturated& phases, double x) { return {phases.re
 inline double search_tolerance(double y) { return 1.0e-14 * std::fabs(y) + 1.0e-15; }
 
 /// The same for a quantity of one region. Enthalpy and entropy of sub-region 1 are rounded by up to 2e-12 of them and
-/// 2e-10 kJ/kg, 8e-13 kJ/(kg K): searches with the outermost phases are content with that.
+/// 2e-10 kJ/kg, 8e-13 kJ/(kg K): searches with the outermost phases are content with that. Volume is rounded less: it fixes
+/// water next to its least volume to 4e-5 K.
 inline double search_tolerance(Quantity y, int region, double value, SaturationModel model) {
-    const bool plain = region != KTL_WATER || model == SaturationModel::entry_compatible || y == Quantity::volume;
-    if (plain) return search_tolerance(value);
+    if (model == SaturationModel::outermost_roots && y == Quantity::volume) return 1.0e-14 * std::fabs(value);
+    if (model == SaturationModel::entry_compatible || region != KTL_WATER) return search_tolerance(value);
     return 2.0e-12 * std::fabs(value) + (y == Quantity::entropy ? 8.0e-13 : 2.0e-10);
 }
 

@@ -5,9 +5,9 @@ namespace ktl::searches {
 
 // ---- Given values ----------------------------------------------------------------------------------------------------
 
-/// The ktl:: calls take a given value past a limit by up to this for the limit: half of the 1e-10 to which states have
-/// their values. The named finders allow more, as they always have.
-inline constexpr double limit_rounding = 0.5e-10;
+/// The ktl:: calls take a given value past a limit by up to this for the limit: slightly less than the 1e-10 to which states
+/// have their values. The named finders allow more, as they always have.
+inline constexpr double limit_rounding = 0.999e-10;
 inline constexpr double limit_rounding_of_finders = 1.0e-9;
 /// A given pressure this close to the saturation pressure at the given temperature leaves the quality open: the tolerance of the
 /// entry ktlftn.
@@ -45,6 +45,8 @@ inline constexpr BorderSlack strict{1.0e-11, 0.0, 0.0, 0.0, 0.0, 0.0};
 /// Exact search with the outermost saturated volumes, and with those of the entry, which are known to 1e-8.
 inline constexpr BorderSlack searched{2.0e-9, 1.0e-8, 1.0e-9, 0.0, 0.0, 0.01};
 inline constexpr BorderSlack searched_entry{1.001e-6, 0.0, 1.0e-9, 0.0, 0.0, 0.0};
+/// Sub-region 3 has its pressure from the volume, to its own rounding.
+inline constexpr double rounding_of_pressure = 1.0e-12;
 /// The same for a state that covers a gap.
 inline constexpr double t_across_gap = 0.5;  // K
 inline constexpr double p_across_gap = 0.01; // of the pressure

@@ -159,7 +159,7 @@ bool suits(int region, const Values& got) {
     constexpr double hair = 1.0e-9;
     switch (region) {
     case KTL_WATER: return got.t <= 350.5 && (got.t > 350.0 || got.p >= ktl_pt(got.t) * (1.0 - 1.0e-6));
-    case KTL_STEAM: return got.t > 350.0 || got.p <= ktl_pt(got.t) * (1.0 + 1.0e-7);
+    case KTL_STEAM: return got.t > 349.5 || got.p <= ktl_pt(got.t) * (1.0 + 1.0e-7);
     case KTL_NEAR_CRITICAL_STEAM: return got.t > ktl_lc.tc - hair || got.v >= 0.00317 * (1.0 - hair);
     case KTL_NEAR_CRITICAL_WATER:
         return got.t <= ktl_lc.tc + hair &&

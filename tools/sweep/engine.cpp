@@ -4,12 +4,15 @@
 //   ktl_engine_sweep offers COUNT [SEED]    offers COUNT rows, most of which name no state, and prints a table
 //   ktl_engine_sweep folds COUNT [SEED]     solves h, s of COUNT states beside saturated water, and prints a table
 //   ktl_engine_sweep quality COUNT [SEED]   compares the states of COUNT entropies and qualities with a scan of the line
+//   ktl_engine_sweep limits COUNT [SEED]    offers own values of COUNT states of the limits, and prints a table
 //
 // Exit status 1 if a state is not solved to what ktl::state() promises, a column differs from ktl::state(), an offer is
-// not answered as the exact search answers it, a fold does not have the states of a walk along the saturation line, or the
-// scan of a quality line sees other states.
+// not answered as the exact search answers it, a fold does not have the states of a walk along the saturation line, the
+// scan of a quality line sees other states, or a state is counted that does not have both values.
+#include "columns.hpp"
 #include "draw.hpp"
 #include "folds.hpp"
+#include "limits.hpp"
 #include "offers.hpp"
 #include "pairs.hpp"
 #include "quality.hpp"
@@ -20,19 +23,12 @@
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
-#include <ktl/steam.hpp>
 #include <string_view>
 #include <vector>
 
 namespace sweep {
 
 namespace {
-
-using ktl::Property;
-
-/// What is asked of each state.
-constexpr std::array wanted_properties{Property::p, Property::t, Property::v, Property::h,
-                                       Property::s, Property::u, Property::x, Property::region};
 
 /// One state in so many is compared with the named routine.
 constexpr long compared_share = 8;
@@ -56,60 +52,6 @@ struct Tallies : std::array<Tally, ktl::pair_count> {
     void add(const Tallies& other) {
         for (std::size_t i = 0; i < size(); ++i) at(i).add(other.at(i));
     }
-};
-
-/// One state as the engine found it.
-struct Solved {
-    ktl::Status status;
-    Values values;
-    int region;
-};
-
-/// The columns of one pair over the states of a task.
-class Columns {
-public:
-    void add(const Row& row, const Values& state, bool with_named) {
-        states_.push_back(&state);
-        with_named_.push_back(with_named);
-        a_.push_back(state.*row.first);
-        b_.push_back(state.*row.second);
-    }
-
-    void solve(ktl::Pair pair) {
-        const std::size_t n = a_.size();
-        results_.resize(n * wanted_properties.size());
-        status_.resize(n);
-        std::array<double*, wanted_properties.size()> outputs;
-        for (std::size_t k = 0; k < outputs.size(); ++k) outputs.at(k) = results_.data() + k * n;
-        ktl::batch(pair, a_, b_, wanted_properties, outputs, status_);
-    }
-
-    [[nodiscard]] std::size_t size() const { return a_.size(); }
-    [[nodiscard]] const Values& state(std::size_t i) const { return *states_[i]; }
-    [[nodiscard]] bool with_named(std::size_t i) const { return with_named_[i]; }
-    [[nodiscard]] Solved solved(std::size_t i) const {
-        const auto y = [&](std::size_t k) { return results_[k * a_.size() + i]; };
-        const double x = std::isnan(y(6)) ? -1.0 : y(6);
-        return {status_[i], {y(0), y(1), y(2), y(3), y(4), y(5), x}, static_cast<int>(y(7))};
-    }
-
-    /// True where ktl::state() gives the same bits.
-    [[nodiscard]] bool same_as_state(ktl::Pair pair, std::size_t i) const {
-        const ktl::State one = ktl::state(pair, a_[i], b_[i]);
-        bool same = one.status() == status_[i];
-        for (std::size_t k = 0; k < wanted_properties.size(); ++k) {
-            const double column = results_[k * a_.size() + i];
-            const double single = one.get(wanted_properties.at(k));
-            same = same && (column == single || (std::isnan(column) && std::isnan(single)));
-        }
-        return same;
-    }
-
-private:
-    std::vector<const Values*> states_;
-    std::vector<bool> with_named_;
-    std::vector<double> a_, b_, results_;
-    std::vector<ktl::Status> status_;
 };
 
 /// The named routine's state beside the one found, where both have the given values in the same region.
@@ -164,17 +106,19 @@ void run_task(long task, long count, std::uint64_t seed, Tallies& tallies) {
         const Row& row = rows.at(k);
         const auto pair = static_cast<ktl::Pair>(k);
         Columns columns;
+        std::vector<long> numbers;
         for (long n = 0; n < count; ++n) {
             const Values& state = states[static_cast<std::size_t>(n)];
             if (k == 0 && at_border(n)) continue;
             if (!row.suits_quality(state.x)) continue;
-            columns.add(row, state, n % compared_share == 0);
+            columns.add(state.*row.first, state.*row.second);
+            numbers.push_back(n);
         }
         columns.solve(pair);
         for (std::size_t i = 0; i < columns.size(); ++i) {
-            const bool with_named = columns.with_named(i);
-            judge(row, columns.state(i), columns.solved(i), with_named, !with_named || columns.same_as_state(pair, i),
-                  tallies.at(k));
+            const bool with_named = numbers[i] % compared_share == 0;
+            judge(row, states[static_cast<std::size_t>(numbers[i])], columns.solved(i), with_named,
+                  !with_named || columns.same_as_state(pair, i), tallies.at(k));
         }
     }
 }
@@ -212,9 +156,10 @@ int main(int argc, char** argv) {
                           : what == "offers"  ? sweep::sweep_offers
                           : what == "folds"   ? sweep::sweep_folds
                           : what == "quality" ? sweep::sweep_quality
+                          : what == "limits"  ? sweep::sweep_limits
                                               : nullptr;
     if (count <= 0 || sweep_of == nullptr) {
-        std::fprintf(stderr, "usage: ktl_engine_sweep states|offers|folds|quality COUNT [SEED]\n");
+        std::fprintf(stderr, "usage: ktl_engine_sweep states|offers|folds|quality|limits COUNT [SEED]\n");
         return EXIT_FAILURE;
     }
     sweep::silence_reports();

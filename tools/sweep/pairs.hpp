@@ -34,11 +34,14 @@ inline constexpr std::array<Row, ktl::pair_count> rows{{
 struct Accuracy {
     double relative, least;
 
+    /// What deviations of a value are measured against.
+    [[nodiscard]] double size_of(double value, Member member) const {
+        const bool has_zero = member == &Values::h || member == &Values::s || member == &Values::u;
+        return member == &Values::x ? 1.0 : std::fmax(std::fabs(value), has_zero ? least : 0.0);
+    }
     /// How far a value is from the wanted one, relative.
     [[nodiscard]] double deviation(double wanted, double got, Member member) const {
-        const bool has_zero = member == &Values::h || member == &Values::s || member == &Values::u;
-        const double size = member == &Values::x ? 1.0 : std::fmax(std::fabs(wanted), has_zero ? least : 0.0);
-        const double difference = std::fabs(got - wanted) / size;
+        const double difference = std::fabs(got - wanted) / size_of(wanted, member);
         return std::isnan(difference) ? INFINITY : difference;
     }
     /// The greater deviation of the row's two values.

@@ -7,9 +7,9 @@
 #include "engine/solution.hpp"
 
 #include "engine/pairs.hpp"
-
 #include "searches/acceptance.hpp"
 #include "searches/isentrope_isochore.hpp"
+#include "searches/limits.hpp"
 #include "searches/lines.hpp"
 #include "searches/quality_line.hpp"
 #include "searches/saturated_water.hpp"
@@ -60,8 +60,8 @@ Solution solution(const FoundState& state) {
 
 /// Brings a given value to the limit that rounding alone may have put it past; solved unless it lies further out.
 Status within(double& value, double low, double high, Status if_low, Status if_high) {
-    if (value < low - searches::limit_rounding * (low > 0.0 ? low : 1.0)) return if_low;
-    if (value > high + searches::limit_rounding * high) return if_high;
+    if (low - value > searches::limit_rounding * (low > 0.0 ? low : 1.0)) return if_low;
+    if (value - high > searches::limit_rounding * high) return if_high;
     value = std::clamp(value, low, high);
     return Status::solved;
 }
@@ -83,9 +83,7 @@ Solution at_pressure_temperature(double p, double t) {
         out.status = Status::undetermined;
         return out;
     }
-    if (!(t > ktl_lc.t3min)) return solution({p > ps ? KTL_WATER : KTL_STEAM, p, t, {}});
-    if (!(p > boundary_pressure(t))) return solution({KTL_STEAM, p, t, {}});
-    return solution(searches::confirmed(near_critical_at(p, t, outermost),
+    return solution(searches::confirmed(single_phase_at(p, t, outermost),
                                         {Quantity::pressure, p, Quantity::temperature, t, outermost}));
 }
 
@@ -108,8 +106,8 @@ Slopes<double> slopes_of_water(Quantity y, double p, double t) {
 /// The end of the isobar beyond which the value lies. The least volume of cold water is no end.
 Status past_end_of_isobar(Quantity y, double p, double value) {
     if (value > property(y, KTL_STEAM, p, ktl_lc.tmax)) return Status::temperature_high;
-    const bool least = slopes_of_water(y, p, ktl_lc.tmin).d_t > 0.0;
-    return least && value < property(y, KTL_WATER, p, ktl_lc.tmin) ? Status::temperature_low : Status::no_state;
+    const Slopes<double> coldest = slopes_of_water(y, p, ktl_lc.tmin);
+    return coldest.d_t > 0.0 && value < coldest.y ? Status::temperature_low : Status::no_state;
 }
 /// The end of the isotherm beyond which the value lies. Where a property of water turns its least value is no end.
 Status past_end_of_isotherm(Quantity y, double t, double value) {
@@ -118,14 +116,17 @@ Status past_end_of_isotherm(Quantity y, double t, double value) {
     return least ? Status::pressure_high : Status::no_state;
 }
 
+Status line_within(Quantity line, double& value) {
+    return line == Quantity::pressure ? pressure_within(value) : temperature_within(value);
+}
+
 Solution on_line(const PairPlan& plan, double a, double b) {
-    const bool isobar = plan.method == SearchMethod::isobar;
-    if (const Status status = isobar ? pressure_within(a) : temperature_within(a); status != Status::solved)
-        return failed(status);
-    const FoundState end = isobar ? on_isobar(plan.b, a, b, outermost) : on_isotherm(plan.b, a, b, outermost);
-    const FoundState found = searches::confirmed(end, {plan.a, a, plan.b, b, outermost});
+    double line = a;
+    if (const Status status = line_within(plan.a, line); status != Status::solved) return failed(status);
+    const FoundState found = searches::on_line(line, {plan.a, a, plan.b, b, outermost});
     if (found.found()) return solution(found);
-    return failed(isobar ? past_end_of_isobar(plan.b, a, b) : past_end_of_isotherm(plan.b, a, b));
+    return failed(plan.method == SearchMethod::isobar ? past_end_of_isobar(plan.b, line, b)
+                                                      : past_end_of_isotherm(plan.b, line, b));
 }
 
 Solution on_quality_line(double s, double x) {
@@ -169,22 +170,47 @@ struct Several {
     }
 };
 
-/// The mixture and both kinds of water that a line of constant pressure or temperature may have beside the first state.
-void add_others(const PairPlan& plan, double a, double b, Several& found) {
-    const bool isobar = plan.method == SearchMethod::isobar;
-    const int region = found.states.front().region;
-    const bool may_turn = isobar == (plan.b == Quantity::volume) && (region == KTL_WATER || region == KTL_WET) &&
-                          (isobar || a <= ktl_lc.t1max);
-    if (!may_turn) return;
-    const Given given{plan.a, a, plan.b, b, outermost};
-    const BothSides water = isobar ? water_on_isobar(a, b, outermost) : water_on_isotherm(plan.b, a, b, outermost);
-    if (!isobar || a <= last_low_pressure(outermost)) {
-        const Saturated phases = isobar ? saturated_under(a, outermost) : saturated_at(a, outermost);
-        const double liquid = phases.of_liquid(plan.b);
-        found.add(searches::confirmed(mixture(phases, (b - liquid) / (phases.of_vapour(plan.b) - liquid)), given));
-    }
+/// The mixture that has the value, but for rounding, on a line of constant pressure or temperature up to 350 degC.
+FoundState mixture_on_line(const Given& given) {
+    const bool isobar = given.a == Quantity::pressure;
+    const double a = given.a_value;
+    const double b = given.b_value;
+    if (isobar && a > last_low_pressure(outermost)) return {};
+    const Saturated phases = isobar ? saturated_under(a, outermost) : saturated_at(a, outermost);
+    const double liquid = phases.of_liquid(given.b);
+    const double x = (b - liquid) / (phases.of_vapour(given.b) - liquid);
+    const bool between = b - liquid > search_tolerance(given.b, KTL_WATER, b, outermost) && x <= 1.0;
+    return between ? searches::confirmed(mixture(phases, x), given) : FoundState{};
+}
+
+/// All states on a line of constant pressure or temperature, if it meets water: this may have two states, and a mixture
+/// beside them. Along an isotherm by rising pressure, along an isobar by falling temperature; but first the one that the rule
+/// takes.
+Several states_through_water(const Given& given, const FoundState& first) {
+    Several found;
+    const auto& [line, a, y, b, source] = given;
+    found.add(mixture_on_line(given));
+    const bool wet = found.count == 1;
+    const BothSides water =
+        line == Quantity::pressure ? water_on_isobar(a, b, source, wet) : water_on_isotherm(y, a, b, source, wet);
     found.add(searches::confirmed(water.preferred, given));
     found.add(searches::confirmed(water.other, given));
+    if (found.count == 0) {
+        found.add(first);
+        return found;
+    }
+    // Two values may fix the pressure of water badly: the nearest state is the first one.
+    const auto apart = [&](const FoundState& state) {
+        const double p = state.value(Quantity::pressure) / first.value(Quantity::pressure);
+        const double phase = state.wet() == first.wet() ? 0.0 : ktl_lc.tmax;
+        return std::fabs(state.t - first.t) + std::fabs(std::log(p)) + phase;
+    };
+    const auto begin = found.states.begin();
+    const auto nearest = std::min_element(
+        begin, begin + found.count, [&](const FoundState& x, const FoundState& z) { return apart(x) < apart(z); });
+    *nearest = first;
+    std::rotate(begin, nearest, nearest + 1);
+    return found;
 }
 
 /// By h, s: the mixtures of a fold of cold water beside the first state.
@@ -208,10 +234,13 @@ Several all_states(const PairPlan& plan, double a, double b) {
     }
     const bool isobar = plan.method == SearchMethod::isobar;
     if (!isobar && plan.method != SearchMethod::isotherm) return found;
-    if ((isobar ? pressure_within(a) : temperature_within(a)) != Status::solved) return found;
-    const FoundState first = isobar ? on_isobar(plan.b, a, b, outermost) : on_isotherm(plan.b, a, b, outermost);
-    found.add(searches::confirmed(first, {plan.a, a, plan.b, b, outermost}));
-    if (found.count > 0) add_others(plan, a, b, found);
+    double line = a;
+    if (line_within(plan.a, line) != Status::solved) return found;
+    const FoundState first = searches::on_line(line, {plan.a, a, plan.b, b, outermost});
+    const bool may_turn = isobar == (plan.b == Quantity::volume) &&
+                          (first.region == KTL_WATER || first.region == KTL_WET) && (isobar || line <= ktl_lc.t1max);
+    if (may_turn) return states_through_water({plan.a, line, plan.b, b, outermost}, first);
+    found.add(first);
     return found;
 }
 

@@ -30,6 +30,8 @@ void fill_mixture(const MixtureAtGivenLine<Scalar>& found, RowState& out) {
     out.bulk = found.bulk;
     out.liquid = found.phases.liquid;
     out.vapour = found.phases.vapour;
+    // Next to the critical point the isotherm has the saturation pressure at the saturated volumes to 4e-9 only.
+    out.liquid.p = out.vapour.p = found.bulk.p;
 }
 
 // The searches below return false, and leave out as it is, unless they come to an accepted state.
