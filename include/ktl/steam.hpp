@@ -89,6 +89,8 @@ inline constexpr double nan = std::numeric_limits<double>::quiet_NaN();
 /// prandtl() are infinite; elsewhere they are positive, but for the expansion of cold water.
 class Phase {
 public:
+    Phase() = default;
+
     /// A function for each property but the quality, in the unit of ktl/properties.def: p(), t(), v(), rho(), h() and
     /// so on. Volume, enthalpy, entropy and heat capacities come from the solve; the others are computed at each call.
 #define KTL_DEFINE_PROPERTY(property, PROPERTY, unit, code, meaning)                                                   \
@@ -117,6 +119,10 @@ public:
 
 private:
     friend struct StateBuilder;
+    Phase(double p, double t, double v, double h, double s, double cp, double cv, double speed_of_sound_squared,
+          double dvdt, double dvdp, Region region) noexcept
+        : p_(p), t_(t), v_(v), h_(h), s_(s), cp_(cp), cv_(cv), speed_of_sound_squared_(speed_of_sound_squared),
+          dvdt_(dvdt), dvdp_(dvdp), region_(region) {}
     [[nodiscard]] KTL_API double computed(Property property) const noexcept;
 
     double p_ = detail::nan, t_ = detail::nan, v_ = detail::nan, h_ = detail::nan, s_ = detail::nan;
@@ -133,6 +139,8 @@ private:
 /// vapour() for it.
 class State {
 public:
+    State() = default;
+
     [[nodiscard]] Status status() const noexcept { return status_; }
     /// True if the status is solved.
     explicit operator bool() const noexcept { return status_ == Status::solved; }
@@ -161,6 +169,9 @@ public:
 
 private:
     friend struct StateBuilder;
+    State(Status status, const Phase& bulk, double x, const Phase& liquid, const Phase& vapour) noexcept
+        : bulk_(bulk), liquid_(liquid), vapour_(vapour), x_(x), status_(status) {}
+
     Phase bulk_, liquid_, vapour_;
     double x_ = detail::nan;
     Status status_ = Status::no_state;

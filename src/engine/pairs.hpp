@@ -20,14 +20,12 @@ constexpr Quantity quantity_of(Property property) {
     }
 }
 
-/// The quantities of a pair.
-constexpr Quantities quantities(Pair pair) {
-    constexpr std::array<Quantities, pair_count> all{{
+inline constexpr std::array<Quantities, pair_count> given_quantities{{
 #define KTL_DEFINE_PAIR(pair, PAIR, a, b) {quantity_of(Property::a), quantity_of(Property::b)},
 #include <ktl/pairs.def>
-    }};
-    return all[static_cast<std::size_t>(pair)];
-}
+}};
+/// The quantities of a pair.
+constexpr Quantities quantities(Pair pair) { return given_quantities[static_cast<std::size_t>(pair)]; }
 constexpr bool has_quality(Pair pair) { return quantities(pair).b == Quantity::quality; }
 /// Pressure or temperature beside another property than these two.
 constexpr bool has_pressure(Pair pair) { return quantities(pair).a == Quantity::pressure && pair != Pair::pt; }

@@ -5,12 +5,9 @@ namespace ktl {
 using engine::Scalar;
 
 Phase StateBuilder::phase(const PhaseProperties<Scalar>& y, Region region) noexcept {
-    Phase out;
-    out.p_ = y.p.value, out.t_ = y.t.value, out.v_ = y.v.value, out.h_ = y.h.value, out.s_ = y.s.value;
-    out.cp_ = y.cp.value, out.cv_ = y.cv.value, out.speed_of_sound_squared_ = y.speed_of_sound_squared.value;
-    out.dvdt_ = y.dvdt.value, out.dvdp_ = y.dvdp.value;
-    out.region_ = region;
-    return out;
+    return {y.p.value,    y.t.value,    y.v.value,  y.h.value,
+            y.s.value,    y.cp.value,   y.cv.value, y.speed_of_sound_squared.value,
+            y.dvdt.value, y.dvdp.value, region};
 }
 
 PhaseProperties<Scalar> StateBuilder::properties(const Phase& y) noexcept {
@@ -18,15 +15,12 @@ PhaseProperties<Scalar> StateBuilder::properties(const Phase& y) noexcept {
 }
 
 State StateBuilder::state(const engine::RowState& row) noexcept {
-    State out;
-    out.status_ = row.status;
-    out.x_ = row.x;
-    out.bulk_ = phase(row.bulk, row.region);
     const bool low = row.region == Region::wet;
-    const bool high = row.region == Region::wet_near_critical;
-    out.liquid_ = phase(row.liquid, low ? Region::water : high ? Region::near_critical_water : Region::none);
-    out.vapour_ = phase(row.vapour, low ? Region::steam : high ? Region::near_critical_steam : Region::none);
-    return out;
+    if (!low && row.region != Region::wet_near_critical)
+        return {row.status, phase(row.bulk, row.region), row.x, {}, {}};
+    return {row.status, phase(row.bulk, row.region), row.x,
+            phase(row.liquid, low ? Region::water : Region::near_critical_water),
+            phase(row.vapour, low ? Region::steam : Region::near_critical_steam)};
 }
 
 double Phase::computed(Property property) const noexcept {

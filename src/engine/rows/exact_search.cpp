@@ -132,8 +132,12 @@ Solution on_line(const PairPlan& plan, double a, double b) {
 Solution on_quality_line(double s, double x) {
     if (const Status status = quality_within(x); status != Status::solved) return failed(status);
     FoundState found;
-    searches::on_quality_line(s, x, {&found, 1});
-    return solution(found);
+    if (searches::on_quality_line(s, x, {&found, 1}) > 0) return solution(found);
+    // Both are zero for water at 0.01 degC: rounding may put them past what any mixture has.
+    constexpr double nearly_zero = 1.0e-9;
+    if (std::fabs(s) <= nearly_zero && x <= nearly_zero)
+        return solution(mixture(saturated_at(ktl_lc.tmin, outermost), x));
+    return {};
 }
 
 /// The state that the rule gives.
@@ -179,7 +183,8 @@ FoundState mixture_on_line(const Given& given) {
     const Saturated phases = isobar ? saturated_under(a, outermost) : saturated_at(a, outermost);
     const double liquid = phases.of_liquid(given.b);
     const double x = (b - liquid) / (phases.of_vapour(given.b) - liquid);
-    const bool between = b - liquid > search_tolerance(given.b, KTL_WATER, b, outermost) && x <= 1.0;
+    // Beside saturated water a mixture of nearly no steam differs from it by rounding alone.
+    const bool between = b - liquid > 2.0 * search_tolerance(given.b, KTL_WATER, b, outermost) && x <= 1.0;
     return between ? searches::confirmed(mixture(phases, x), given) : FoundState{};
 }
 
