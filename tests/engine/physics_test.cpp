@@ -252,6 +252,16 @@ TEST(NearCritical, HeatCapacityIsPositiveOrInfinite) {
             if (!s.two_phase()) look(s);
         }
     }
+    // Columns, and so vector lanes, have the same bits.
+    const std::vector<double> level(v.size(), 374.1500005);
+    constexpr Property wanted[] = {Property::cp, Property::compressibility, Property::joule_thomson};
+    std::vector<double> column[3]{level, level, level};
+    double* const outputs[] = {column[0].data(), column[1].data(), column[2].data()};
+    std::vector<Status> status(v.size());
+    EXPECT_EQ(batch(Pair::tv, level, v, wanted, outputs, status).solved, v.size());
+    for (std::size_t i = 0; i < v.size(); ++i)
+        for (std::size_t k = 0; k < 3; ++k)
+            EXPECT_TRUE(test::same_bits(column[k][i], state(Pair::tv, level[i], v[i]).get(wanted[k]))) << v[i];
     // As documented in docs/engine.md and where level_slope is defined.
     EXPECT_TRUE(within("below", below, 8.5e-6, 0.5e-6));
     EXPECT_TRUE(within("above", above, 9.3e-7, 0.5e-7));
