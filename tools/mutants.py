@@ -172,6 +172,8 @@ class Workshop:
         """Builds one stage and runs it if anything was built: (why it fails or None, seconds of the run)."""
         target, test = stage
         status, output = run(["ninja", f"-j{self.jobs}", *target.split()], self.build, self.seconds)
+        if (status or 0) < 0 or "Killed signal terminated" in output: # by the machine, for want of memory
+            sys.exit("a build was killed; start again, with fewer --jobs, to go on from here")
         if status != 0:
             return "not built" if status is not None else "too long to build", 0.0
         if self.baseline and "no work to do" in output:
