@@ -11,7 +11,7 @@
 // Units: pressure in bar, temperature in degC, specific volume in m3/kg, specific enthalpy and internal energy in
 // kJ/kg, specific entropy in kJ/(kg K), quality in kg/kg; ktl/properties.def has those of all properties.
 // Valid range: 0.01 to 800 degC and 0.006112444 to 1000 bar, one phase or two. The limits belong to the range, and a
-// value past a limit by up to 5e-11 of it counts as the limit.
+// value past a limit by less than 1e-10 of it counts as the limit.
 //
 // Pairs, properties and statuses are listed once, with unit and meaning, in ktl/pairs.def, ktl/properties.def and
 // ktl/status.def. The enumerations below, and the functions of Phase and State, are made from these lists.
