@@ -9,7 +9,7 @@ namespace {
 
 using namespace ktl;
 
-/// True where a value exceeds the greatest of its line by more than the sub-regions differ at their borders.
+/// True if a value exceeds the greatest of its line by more than the sub-regions differ at their borders.
 bool beyond(double value, double greatest, Quantity y) {
     return value > greatest + (y == Quantity::entropy ? 0.002 : 1.0);
 }

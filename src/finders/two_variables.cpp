@@ -9,7 +9,7 @@ namespace {
 using namespace ktl;
 using reports::Case;
 
-/// True where the state has the value that it was searched for, within what the finders promise.
+/// True if the state has the value that it was searched for, within what the finders promise.
 bool has(const FoundState& state, Quantity y, double value) {
     return state.found() && std::fabs(state.value(y) - value) <= 1.0e-8 * (std::fabs(value) + (y == Quantity::entropy));
 }

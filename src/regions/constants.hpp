@@ -47,7 +47,7 @@ inline constexpr ktl_lc_record ktl_lc{
 inline constexpr double lower_limit_factor = 0.99999;
 inline constexpr double upper_limit_factor = 1.00001;
 
-/// True where x lies outside low..high by more than the factors above; false for not-a-number.
+/// True if x lies outside low..high by more than the factors above; false for not-a-number.
 constexpr bool out_of_range(double x, double low, double high) {
     return x < low * lower_limit_factor || x > high * upper_limit_factor;
 }

@@ -32,7 +32,7 @@ constexpr T select(bool condition, const T& a, const T& b) {
     return condition ? a : b;
 }
 
-/// 1 where the condition holds and so does the rest.
+/// rest if the condition holds, else zero: joins flags that are 1 or 0.
 template <class Condition, class T>
 T zero_unless(const Condition& condition, const T& rest) {
     return select(condition, rest, T(0.0));

@@ -57,7 +57,7 @@ void temperature_terms(Terms<T>& s, const T& t) {
     s.y31 = s.y30 * s.y;
 }
 
-/// The terms of volume v (m3/kg), and of both; the terms of temperature must stand.
+/// The terms of volume v (m3/kg), and of both; the terms of temperature must be filled in already.
 template <class T>
 void volume_terms(Terms<T>& s, const T& v) {
     constexpr auto& c = ktl_t3;

@@ -15,7 +15,7 @@ bool has(const FoundState& state, Quantity y, double value, SaturationModel mode
 }
 
 /// A variable of a found state, brought back to the limit that it passes by no more than the slack: searches in
-/// water end there when the properties hardly depend on it. The properties are compared afterwards.
+/// water end there if the properties depend on it very little. The properties are compared afterwards.
 double clamp_with_slack(double z, double low, double high, double slack) {
     return z >= low - slack && z <= high + slack ? std::clamp(z, low, high) : z;
 }

@@ -19,7 +19,7 @@ struct Given {
     SaturationModel model = SaturationModel::entry_compatible;
 };
 
-/// True where both numbers are finite.
+/// True if both numbers are finite.
 bool finite(double a, double b);
 
 /// Brings a value that rounding alone put past a limit (by one part in 1e9) to the limit; false where it lies

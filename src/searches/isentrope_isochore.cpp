@@ -84,7 +84,7 @@ FoundState search(const Given& given, Quantity y, double value, double a, double
 }
 
 /// Water of entropy s at tmin, compressed or saturated. Along the isentropes of the coldest water the energies
-/// hardly depend on the pressure: the search may end at one where the temperature is below tmin. The last start is
+/// depend on the pressure very little: the search may end at one where the temperature is below tmin. The last start is
 /// water a little above tmin under about the lowest pressure.
 FoundState coldest_water(const Given& given, double s, double share) {
     if (s > 0.01) return {};

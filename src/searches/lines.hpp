@@ -12,7 +12,7 @@ namespace ktl {
 
 /// The state at p (pmin to 1000 bar) whose property y has the given value. Enthalpy, entropy and internal energy
 /// rise along the line. Volume does not in water below 4 degC: of two temperatures the higher is taken, and
-/// water goes before a mixture of practically no steam (quality up to 1e-6).
+/// water takes precedence over a mixture of nearly no steam (quality up to 1e-6).
 ///
 /// lowest: temperature where the search begins, tmin or a little below. A value beyond the ends of the line gives
 /// the state at the end.
@@ -20,7 +20,7 @@ FoundState on_isobar(Quantity y, double p, double value, SaturationModel model, 
 
 /// The state at t (0.01 to 800 degC) whose property y has the given value. Volume falls along the line with
 /// rising pressure; the others may turn in water. Of several pressures the lowest is taken, except that water
-/// goes before a mixture of practically no steam (quality up to 1e-6). A value beyond the ends of the line gives
+/// takes precedence over a mixture of nearly no steam (quality up to 1e-6). A value beyond the ends of the line gives
 /// the state at the end.
 FoundState on_isotherm(Quantity y, double t, double value, SaturationModel model);
 

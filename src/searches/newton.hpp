@@ -14,7 +14,7 @@ struct Step {
 };
 
 /// 1 if a property is as near to its value as the rounding of the equations lets it be: 4e-12 of it, near zero 4e-10 kJ/kg
-/// and 1e-12 kJ/(kg K) (measured by ktl_constants: 0.63 of that at most, but for v of dense steam, 5.2e-12). Two values that hardly depend on a variable leave it to rounding, and steps never become small; the
+/// and 1e-12 kJ/(kg K) (measured by ktl_constants: 0.63 of that at most, but for v of dense steam, 5.2e-12). Two values that nearly do not depend on a variable leave it to rounding, and steps never become small; the
 /// search ends here then.
 template <class T>
 T is_met(Quantity quantity, const T& miss, const T& value) {

@@ -64,7 +64,7 @@ constexpr double past_saturation(SaturationModel model) {
     return model == SaturationModel::entry_compatible ? 1.0 : 1.0001;
 }
 
-/// A state that a search returns. The saturated phases stand beside a mixture only.
+/// A state that a search returns. The saturated phases exist for a mixture only.
 struct FoundState {
     int region = KTL_NO_STATE;
     double primary = 0.0;

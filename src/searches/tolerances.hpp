@@ -28,7 +28,7 @@ inline constexpr double near_zero_entropy = 1.0; // kJ/(kg K)
 // ---- Where a state may lie -------------------------------------------------------------------------------------------
 
 /// A variable past a limit of the range by up to this (t: K) is brought to the limit: searches in water end there if the
-/// properties hardly depend on it. The given values are compared afterwards.
+/// properties depend on it very little. The given values are compared afterwards.
 inline constexpr double limit_slack = 1.0e-6;
 
 /// How far outside a sub-region a state may lie and still be accepted as one of its own.

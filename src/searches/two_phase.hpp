@@ -60,7 +60,7 @@ struct SaturatedPhaseIterate {
     }
 };
 
-/// Mixtures of hardly any steam hang on their temperature.
+/// Relative size of a step that changes nothing: mixtures of nearly no steam depend on their temperature most.
 inline constexpr double negligible_of_mixtures = 1.0e-16;
 
 /// Both saturated volumes above 350 degC at a given temperature, from first guesses.

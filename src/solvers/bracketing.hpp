@@ -72,7 +72,7 @@ struct PairOfUnknowns {
     static constexpr auto limit = OnLimit::last_point;
 };
 
-/// True where f and g differ in sign. The rules disagree only where the product is exactly zero (a value
+/// True if f and g differ in sign. The rules disagree only if the product is exactly zero (a value
 /// that is not a number falls on the same side as zero).
 template <class Rule>
 bool sign_change(double f, double g) {

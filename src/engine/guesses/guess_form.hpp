@@ -40,7 +40,7 @@ enum class GuessPatch : std::uint8_t {
     wet_turning, ///< s, x alone: two phases up to 350 degC from turning_from to turning_to
     wet_near_critical,         ///< two phases above 350 degC
     wet_near_critical_turning, ///< s, x alone: two phases above 350 degC from turning_from to turning_to
-    search,                    ///< left to the exact search
+    search,                    ///< handled by the exact search
 };
 inline constexpr std::size_t patch_count = 13;
 
@@ -57,7 +57,7 @@ inline constexpr double wet_volume_limit = 0.01; ///< in place of wet_limit for 
 inline constexpr double turning_from = 0.36, turning_to = 0.63;
 /// Temperature at which the quality of the turn is greatest (up to 350 degC), and up to which it is fitted, degC.
 inline constexpr double widest_turning = 244.0, last_turning = 374.0;
-/// Lowest temperature of steam at thin_limit, 250.333 degC, less a trifle.
+/// Slightly below the lowest temperature of steam at thin_limit, 250.333 degC.
 inline constexpr double thin_temperature = 250.3;
 
 /// ReferenceCurves between patches: a curve of the pair's second value over its first, for h, s; u, s and volume pairs see
@@ -97,7 +97,7 @@ enum class Scale : std::uint8_t {
     above_least_volume, ///< sqrt(v - least_volume), zero below
 };
 
-/// Volume of saturated water at 4 degC, 0.00100003 m3/kg, less a trifle.
+/// Slightly below the volume of saturated water at 4 degC, 0.00100003 m3/kg.
 inline constexpr double least_volume = 0.00099999;
 
 template <Scale scale, class T>
@@ -158,7 +158,7 @@ constexpr T polynomial(const T& u) {
     return inverse_transform<curve.y>(sum);
 }
 
-/// Where x stands in the interval of the fit, -1 to 1.
+/// x as a position in the interval of the fit, -1 to 1.
 template <const auto& curve, class T>
 constexpr T to_unit_interval(const T& x) {
     return curve.span(transform<curve.x>(x));
@@ -169,7 +169,7 @@ constexpr T value(const T& x) {
     return polynomial<curve>(to_unit_interval<curve>(x));
 }
 
-/// The value that stands at a position.
+/// The value at a position.
 template <const auto& curve, class T>
 constexpr T from_unit_interval(const T& u) {
     return inverse_transform<curve.x>(curve.span.center + u * (1.0 / curve.span.inverse_half_width));
@@ -237,7 +237,7 @@ constexpr T above(const T& x, double least) {
     return select(x > least, x, T(least));
 }
 
-/// For x > 0; a trifle above zero elsewhere.
+/// For x > 0; slightly above zero elsewhere.
 template <class T>
 constexpr T cube_root(const T& x) {
     const T positive = select(x > 1.0e-30, x, T(1.0e-30));

@@ -178,7 +178,7 @@ constexpr bool turning(GuessPatch c) {
 }
 constexpr bool near_critical(GuessPatch c) { return c >= GuessPatch::liquid_like && c <= GuessPatch::supercritical; }
 
-/// Where an unknown of a patch comes from: it is given, a polynomial stands, or there is no guess.
+/// How an unknown of a patch is known: it is given, a polynomial is fitted, or there is no guess.
 enum class Source : std::uint8_t { given, fitted, none };
 template <Pair pair, GuessPatch c, Unknown unknown>
 constexpr Source source() {
@@ -187,7 +187,7 @@ constexpr Source source() {
     return fitted<surface<pair, c, unknown>> ? Source::fitted : Source::none;
 }
 
-/// True where guess() has something to give for rows of the patch.
+/// True if guess() has something to give for rows of the patch.
 template <Pair pair, GuessPatch c>
 constexpr bool guessed() {
     if (turning(c)) return pair == Pair::sx;

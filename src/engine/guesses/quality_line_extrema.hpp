@@ -79,7 +79,7 @@ T turning_temperature(const T& s, const T& x) {
     const T rising = zero_unless(s > coldest_entropy * x, T(1.0));
     const T first_fall = high ? T(0.0) : select(s < minimum_entropy(x), T(0.0), T(1.0) - rising);
     const T widest = line_position<high>(T(widest_turning));
-    // 1 where the state is warmer than the mixture at u.
+    // 1 if the state is warmer than the mixture at u.
     const auto is_warmer = [&](const T& u) {
         const T entropy = line_entropy<high>(u, x);
         const T off = x - turning_quality<high>(u);

@@ -17,7 +17,7 @@ inline constexpr std::size_t level_count = 5;
 /// SolutionColumns end at a whole number of these: the lanes of the widest registers.
 inline constexpr std::size_t widest = 8;
 
-/// SolutionColumns of states in the variables of their regions, as in Solution. accepted is 1 where the search came to a state of
+/// SolutionColumns of states in the variables of their regions, as in Solution. accepted is 1 if the search came to a state of
 /// its kind, else 0. liquid and vapour belong to two phases.
 struct SolutionColumns {
     double *primary, *t, *liquid, *vapour, *accepted;

@@ -3,7 +3,7 @@
 // library of the system promises. Both err by less than one unit of the last place (ktl_constants measures it).
 //
 // A number type T brings two operations on the bits of a double:
-//     ldexp_bits(y, k)      y 2^n, where k is n + rounding_shift, so that n stands in the lowest bits of k
+//     ldexp_bits(y, k)      y 2^n, where k is n + rounding_shift, so that n is in the lowest bits of k
 //     split(x, e)       m in [1/sqrt(2), sqrt(2)) with x = m 2^e, for x positive and normal
 #pragma once
 

@@ -89,7 +89,7 @@ private:
         for (std::size_t i = n; i < padded(n); ++i) column[i] = column[n - 1];
     }
 
-    /// Brings the rows of one kind together; a block in order stands so.
+    /// Brings the rows of one kind together; a block in order is left as it is.
     void gather(std::size_t begin, std::size_t count) {
         if (in_order_) return;
         for (std::size_t i = 0; i < count; ++i) rows_.a[i] = a_[order_[begin + i]];
