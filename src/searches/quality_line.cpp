@@ -296,7 +296,7 @@ void PartSearch::along(std::span<const Node> nodes) {
     // An end has the entropy if it is close enough and the line does not come closer.
     const auto ends = [&](const Node& n, double extremum, bool last) {
         const double f = target_.residual(n);
-        const bool closer = (falls(extremum) != (f < 0.0)) != last && f != 0.0;
+        const bool closer = (falls(extremum) != (f < 0.0)) != last;
         return std::fabs(f) <= target_.tolerance && !closer;
     };
     if (ends(nodes.front(), nodes.front().after, false)) add(checked(at(nodes.front().t), 1.0));

@@ -111,6 +111,24 @@ TEST(QualityLine, ExtremaAreTouchedFromBothSides) {
     }
 }
 
+/// Where a minimum and a maximum of entropy run into one another: three states next to one another.
+TEST(QualityLine, ExtremaNextToOneAnotherAreBothSeen) {
+    struct Row {
+        double t;    // extremum of the quality whose entropy has an extremum at t
+        double side; // of that quality on which entropy still has extrema
+    };
+    for (const Row& row : {Row{244.177, -1.0}, Row{351.2876, -1.0}, Row{369.2345, 1.0}, Row{374.10879, -1.0}}) {
+        const double width = 1e-3 * (ktl_lc.tc - row.t);
+        const auto rise = [&](double x) { return entropy(row.t + width, x) - entropy(row.t - width, x); };
+        for (const double off : {1e-6, 3e-6, 1e-5, 1e-4, 1e-3}) {
+            if (row.t > 374.0 && off < 1e-5) continue; // entropies as close as the volumes round
+            const double x = rise(0.0) / (rise(0.0) - rise(1.0)) + row.side * off;
+            EXPECT_GE(ktl::states(Pair::sx, entropy(row.t, x), x), 3) << row.t << ", " << off;
+            EXPECT_EQ(scan().fault(entropy(row.t, x), x), "");
+        }
+    }
+}
+
 /// Values all over the line, in columns too.
 TEST(QualityLine, AgreesWithAScan) {
     ktl::test::Random random(3);
