@@ -72,7 +72,9 @@ public:
     [[nodiscard]] Place closed(double to, bool at_end, double tolerance) const {
         const bool end = at_end || open_end_;
         if (changes_ == 0) return {from_, to, nearest_ <= 0.5 * tolerance ? 1 : 0, 2, false};
-        if (to > top && nearest_ <= rounding_at(to)) return {from_, to, 1, std::max(2, changes_), false};
+        // On both sides of 374.149 degC an extremum may lie as close to that bend as the volumes round: then the entropy
+        // rises, falls and rises by no more.
+        if (to > top && nearest_ <= rounding_at(to)) return {from_, to, 1, std::max(3, changes_), false};
         return {from_, to, changes_, changes_ + (end ? 1 : 0), false};
     }
 
