@@ -238,7 +238,7 @@ void PartSearch::approach(Node a, Node b) {
         const double tangents =
             (slope_b * at_a - slope_a * at_b + slope_a * slope_b * (b.w - a.w)) / (slope_b - slope_a);
         if (tangents > target_.tolerance) return turn();
-        if (tangents > 0.0 && nearest <= target_.tolerance) break;
+        if (tangents > 0.0 && nearest - tangents <= search_tolerance(target_.s)) break;
         // The secant of x*, and every third time the middle.
         const double share = pass % 3 == 2 ? 0.5 : -slope_a / (slope_b - slope_a);
         const double t = a.t + share * (b.t - a.t);
