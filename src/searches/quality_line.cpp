@@ -92,8 +92,8 @@ Nodes<count> nodes_between(const std::array<double, count>& t, int region) {
     return out;
 }
 
-/// The temperatures at which x* has its extrema, to 1e-4 K, and the ends of each part of the line:
-/// `ktl_engine_sweep quality` prints them. x* is 0.3657 at 0.01 degC, 0.5674, 0.4806 at 350 degC.
+/// The temperatures at which x* has its extrema, and the ends of each part of the line. `ktl_engine_sweep quality` prints
+/// the extrema, from difference quotients, to 0.003 K. x* is 0.3657 at 0.01 degC, 0.5674, 0.4806 at 350 degC.
 constexpr std::array low_part{ktl_lc.tmin, 244.177, ktl_lc.t1max};
 /// 0.4770 just above 350 degC, 0.4895, 0.4296, 0.6184, 0.4763 at last_outermost and 0.5804 just above, where the volumes
 /// bend, 0.5759 at the critical point.

@@ -135,7 +135,7 @@ bool sweep_quality(long count, std::uint64_t seed) {
         count, rows_per_task, [&](long task, long rows, Tally& own) { run_task(task, rows, seed, scan, own); });
     std::printf("Extrema of the quality whose entropy has an extremum at t:");
     for (const LinePoint& point : QualityScan::extrema_of_extremum_quality())
-        std::printf(" %.4f at %.6g degC;", point.s, point.t);
+        std::printf(" %.7f at %.5f degC;", point.s, point.t);
     std::printf("\n\n| offered | rows | wrong | within the width | no state | 1 | 2 | 3 | 4 | 5 | 6 | more |\n"
                 "|---|---|---|---|---|---|---|---|---|---|---|---|\n");
     bool good = true;
