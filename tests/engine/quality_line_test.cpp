@@ -123,7 +123,7 @@ TEST(QualityLine, ExtremaNextToOneAnotherAreBothSeen) {
         for (const double off : {1e-6, 3e-6, 1e-5, 1e-4, 1e-3}) {
             if (row.t > 374.0 && off < 1e-5) continue; // entropies as close as the volumes round
             const double x = rise(0.0) / (rise(0.0) - rise(1.0)) + row.side * off;
-            EXPECT_GE(ktl::states(Pair::sx, entropy(row.t, x), x), 3) << row.t << ", " << off;
+            EXPECT_GE(ktl::state_count(Pair::sx, entropy(row.t, x), x), 3) << row.t << ", " << off;
             EXPECT_EQ(scan().fault(entropy(row.t, x), x), "");
         }
     }
