@@ -118,6 +118,7 @@ FoundState look(const EntryLine& line, const Part& part, const Looks& looks) {
 
 /// A closer look at the intervals of a part that come near the entropy without a root, and once more at those of the
 /// closer look: volumes that jump by a little may hide an extremum.
+// NOLINTNEXTLINE(misc-no-recursion): closer_looks bounds it
 FoundState look_closely(const EntryLine& line, const Looks& looks, double near, int closer_looks) {
     FoundState state;
     for (std::size_t n = 0; n < steps && !state.found(); ++n) {
