@@ -183,7 +183,6 @@ T quality(Quantity quantity, const SaturatedProperties<T>& phases, const T& valu
 template <class T>
 struct MixtureAtGivenLine {
     TwoPhaseIterate<T> m;
-    SaturatedProperties<T> phases;
     PhaseProperties<T> bulk;
 };
 /// 1 if the part of the saturation line up to 350 degC, or from there on, has the pressure. The temperature does not
@@ -193,9 +192,9 @@ T line_has(const T& p) {
     if constexpr (high) return zero_unless(p >= ktl_lc.p1, zero_unless(p <= ktl_lc.pca, T(1.0)));
     return zero_unless(p <= ktl_lc.p1, T(1.0));
 }
-/// The phases are evaluated only if the quality or the wanted properties need them.
+/// The phases are evaluated only if the quality or the wanted properties need them; a caller that keeps them passes a place.
 template <bool high, PropertyLevel level, class T>
-MixtureAtGivenLine<T> mixture_at_p_or_t(Pair pair, const T& a, const T& b) {
+MixtureAtGivenLine<T> mixture_at_p_or_t(Pair pair, const T& a, const T& b, SaturatedProperties<T>* kept = nullptr) {
     MixtureAtGivenLine<T> y;
     TwoPhaseIterate<T>& m = y.m;
     const T t = has_pressure(pair) ? saturation::temperature(a) : a;
@@ -214,9 +213,10 @@ MixtureAtGivenLine<T> mixture_at_p_or_t(Pair pair, const T& a, const T& b) {
         m.x = b;
         y.bulk = {p, t, none, none, none, none, none, none, none, none};
     } else {
-        y.phases = phases_at<high>(m.t, m.liquid, m.vapour);
-        m.x = has_quality(pair) ? b : quality(quantities(pair).b, y.phases, b);
-        y.bulk = mixture_of(y.phases, m.x, p);
+        const SaturatedProperties<T> phases = phases_at<high>(m.t, m.liquid, m.vapour);
+        m.x = has_quality(pair) ? b : quality(quantities(pair).b, phases, b);
+        y.bulk = mixture_of(phases, m.x, p);
+        if (kept != nullptr) *kept = phases;
     }
     return y;
 }

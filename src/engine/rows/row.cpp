@@ -23,15 +23,16 @@ void fill_phase(Scalar primary, Scalar t, RowState& out) {
 }
 
 template <bool high>
-void fill_mixture(const MixtureAtGivenLine<Scalar>& found, RowState& out) {
+void fill_mixture(Scalar x, const SaturatedProperties<Scalar>& phases, const PhaseProperties<Scalar>& bulk,
+                  RowState& out) {
     out.status = Status::solved;
     out.region = high ? Region::wet_near_critical : Region::wet;
-    out.x = found.m.x.value;
-    out.bulk = found.bulk;
-    out.liquid = found.phases.liquid;
-    out.vapour = found.phases.vapour;
+    out.x = x.value;
+    out.bulk = bulk;
+    out.liquid = phases.liquid;
+    out.vapour = phases.vapour;
     // Next to the critical point the isotherm has the saturation pressure at the saturated volumes to 4e-9 only.
-    out.liquid.p = out.vapour.p = found.bulk.p;
+    out.liquid.p = out.vapour.p = bulk.p;
 }
 
 // The searches below return false, and leave out as it is, unless they come to an accepted state.
@@ -55,9 +56,10 @@ template <SubRegion sub_region>
 template <bool high>
 [[gnu::noinline]] KTL_FLATTEN bool solve_mixture_at_line(Pair pair, Scalar a, Scalar b, const Margin& margin,
                                                          RowState& out) {
-    const auto found = mixture_at_p_or_t<high, PropertyLevel::everything>(pair, a, b);
+    SaturatedProperties<Scalar> phases;
+    const auto found = mixture_at_p_or_t<high, PropertyLevel::everything>(pair, a, b, &phases);
     if (!all_set(accept<high>(pair, found.m, margin))) return false;
-    fill_mixture<high>(found, out);
+    fill_mixture<high>(found.m.x, phases, found.bulk, out);
     return true;
 }
 
@@ -69,7 +71,7 @@ template <bool high>
     if (!all_set(accept<high>(pair, m, margin))) return false;
     const auto phases = phases_at<high>(m.t, m.liquid, m.vapour);
     const Scalar p = high ? saturation::terms(m.t).p : m.liquid;
-    fill_mixture<high>({m, phases, mixture_of(phases, m.x, p)}, out);
+    fill_mixture<high>(m.x, phases, mixture_of(phases, m.x, p), out);
     return true;
 }
 
@@ -210,8 +212,7 @@ RowState evaluated(const Solution& found) noexcept {
     const auto fill_two_phases = [&]<bool high>() {
         const auto phases = phases_at<high>(t, Scalar(found.liquid), Scalar(found.vapour));
         const Scalar p = high ? saturation::terms(t).p : Scalar(found.liquid);
-        fill_mixture<high>(
-            {{primary, t, phases.liquid.p, phases.vapour.p, 1.0}, phases, mixture_of(phases, primary, p)}, out);
+        fill_mixture<high>(primary, phases, mixture_of(phases, primary, p), out);
     };
     if (found.status == Status::solved || found.status == Status::undetermined) {
         switch (found.region) {
