@@ -179,7 +179,7 @@ private:
 
 /// The state in which the two properties of the pair have the values a and b.
 ///
-/// Both values are reproduced to a relative 1e-10 (h, u and s near zero: to 1e-9 kJ/kg and kJ/(kg K)). If several
+/// Both values are reproduced to a relative 1e-10 (near zero h and u to 1e-9 kJ/kg, s to 1e-10 kJ/(kg K)). If several
 /// states have both values, this is the first one by the rule at state_count(). a and b may hold any bit pattern. If
 /// there is no such state, or the pair is outside its enumeration, status() says why and every property is NaN.
 [[nodiscard]] KTL_API State state(Pair pair, double a, double b) noexcept;

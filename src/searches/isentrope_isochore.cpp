@@ -129,7 +129,12 @@ FoundState on_isochore(Quantity y, double value, double v, SaturationModel model
     if (v < property(Quantity::volume, KTL_STEAM, ktl_lc.pmax, ktl_lc.tmax))
         hottest = on_isobar(Quantity::volume, ktl_lc.pmax, v, model).t;
     const auto at = [&](double t) { return on_isotherm(Quantity::volume, t, v, model); };
-    const auto beside_line = [](double) { return FoundState{}; };
+    // Sub-region 3 ends at the 2/3 boundary; where that reaches 1000 bar, trials beyond it are steam that the line does not have.
+    const auto beside_line = [&](double share) {
+        const Given given{Quantity::volume, v, y, value, model};
+        const double last = boundary_temperature(ktl_lc.pmax);
+        return corrected_in_place({KTL_NEAR_CRITICAL_STEAM, v, last, {}}, given, Place::inside, share);
+    };
     return search({Quantity::volume, v, y, value, model}, y, value, coldest, hottest, at, beside_line);
 }
 

@@ -14,19 +14,14 @@ namespace ktl::searches {
 
 namespace {
 
-constexpr double relative = reproduced;
-/// How far a value may be from that of the state: 1e-10 of it; enthalpy, entropy and energy near zero 1e-9 of their unit.
-double promised(Quantity y, double value) {
-    const bool has_zero = y == Quantity::enthalpy || y == Quantity::entropy || y == Quantity::energy;
-    return relative * std::fmax(std::fabs(value), has_zero ? 10.0 : 0.0);
-}
-
 /// By how much of that a state misses each value.
 struct Miss {
     double a, b;
 };
 Miss miss_of(const FoundState& state, const Given& given) {
-    const auto share = [&](Quantity y, double value) { return std::fabs(state.value(y) - value) / promised(y, value); };
+    const auto share = [&](Quantity y, double value) {
+        return std::fabs(state.value(y) - value) / allowance(y, value, state.region, given.model);
+    };
     return {share(given.a, given.a_value), share(given.b, given.b_value)};
 }
 
@@ -141,7 +136,7 @@ FoundState beside_line(double line, const FoundState& end, const Given& given) {
     if (nearest.state.found() || !(off < near)) return nearest.state;
     const bool isobar = given.a == Quantity::pressure;
     const auto at = [&](double steps) {
-        const double z = std::clamp(line * (1.0 + steps * relative), isobar ? ktl_lc.pmin : ktl_lc.tmin,
+        const double z = std::clamp(line * (1.0 + steps * reproduced), isobar ? ktl_lc.pmin : ktl_lc.tmin,
                                     isobar ? ktl_lc.pmax : ktl_lc.tmax);
         return end_of_line(z, given);
     };
@@ -196,7 +191,7 @@ FoundState on_line(double line, const Given& given) {
     };
     const FoundState end = end_of_line(line, given);
     const FoundState found = confirmed(end, held);
-    const double neighbour = across_border(line, given, found.found() ? last_digits : relative);
+    const double neighbour = across_border(line, given, found.found() ? last_digits : reproduced);
     const FoundState other = neighbour == line ? FoundState{} : end_of_line(neighbour, given);
     if (found.found()) {
         const FoundState across = confirmed(other, held);

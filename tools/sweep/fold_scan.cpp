@@ -23,7 +23,7 @@ constexpr double reach = 0.07;
 constexpr double same_mixture = 4.0 * fold_step;
 
 /// What ktl::state() promises of h, kJ/kg.
-double accuracy(double h) { return of_calls.relative * std::fmax(std::fabs(h), of_calls.least); }
+double accuracy(double h) { return of_calls.relative * std::fmax(std::fabs(h), of_calls.least_energy); }
 
 double of_saturated(Quantity y, int region, double t) { return property(y, region, ktl::saturation::terms(t).p, t); }
 

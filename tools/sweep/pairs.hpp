@@ -30,14 +30,15 @@ inline constexpr std::array<Row, ktl::pair_count> rows{{
 #include <ktl/pairs.def>
 }};
 
-/// How well given values are reproduced: relative, and h, s and u near zero against so many of their units.
+/// How well given values are reproduced: relative, and near zero against so many kJ/kg of h and u, kJ/(kg K) of s.
 struct Accuracy {
-    double relative, least;
+    double relative, least_energy, least_entropy;
 
     /// What deviations of a value are measured against.
     [[nodiscard]] double size_of(double value, Member member) const {
-        const bool has_zero = member == &Values::h || member == &Values::s || member == &Values::u;
-        return member == &Values::x ? 1.0 : std::fmax(std::fabs(value), has_zero ? least : 0.0);
+        if (member == &Values::x) return 1.0;
+        const bool energy = member == &Values::h || member == &Values::u;
+        return std::fmax(std::fabs(value), energy ? least_energy : member == &Values::s ? least_entropy : 0.0);
     }
     /// How far a value is from the wanted one, relative.
     [[nodiscard]] double deviation(double wanted, double got, Member member) const {
@@ -51,7 +52,7 @@ struct Accuracy {
     }
 };
 /// What ktl::state() promises, and what the finders do.
-inline constexpr Accuracy of_calls{1.0e-10, 10.0};
-inline constexpr Accuracy of_finders{1.0e-7, 1.0};
+inline constexpr Accuracy of_calls{1.0e-10, 10.0, 1.0};
+inline constexpr Accuracy of_finders{1.0e-7, 1.0, 1.0};
 
 } // namespace sweep

@@ -134,10 +134,8 @@ Solution on_quality_line(double s, double x) {
     FoundState found;
     if (searches::on_quality_line(s, x, {&found, 1}) > 0) return solution(found);
     // Both are zero for water at 0.01 degC: rounding may put them past what any mixture has.
-    constexpr double nearly_zero = 1.0e-9;
-    if (std::fabs(s) <= nearly_zero && x <= nearly_zero)
-        return solution(mixture(saturated_at(ktl_lc.tmin, outermost), x));
-    return {};
+    const FoundState coldest = mixture(saturated_at(ktl_lc.tmin, outermost), x);
+    return solution(searches::confirmed(coldest, {Quantity::entropy, s, Quantity::quality, x, outermost}));
 }
 
 /// The state that the rule gives.
