@@ -129,7 +129,8 @@ FoundState high(const Isobar& line, double lowest) {
     FoundState found = middle(line, v1 / outside, v2 * outside);
     if (found.wet()) return found;
     // Only rounding puts saturated steam at 350 degC below it. The ktl:: calls take all of sub-region 3 by that rounding.
-    const bool rounded = line.model == SaturationModel::outermost_roots && found.t >= ktl_lc.t3min - searches::searched.range;
+    const bool rounded =
+        line.model == SaturationModel::outermost_roots && found.t >= ktl_lc.t3min - searches::searched.range;
     if (found.region == KTL_NEAR_CRITICAL_STEAM || rounded) found.t = std::max(found.t, ktl_lc.t3min);
     if (found.t < ktl_lc.t3min) {
         const double past = ktl_lc.t1max + reach;

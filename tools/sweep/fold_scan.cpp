@@ -23,7 +23,11 @@ constexpr double reach = 0.07;
 constexpr double same_mixture = 4.0 * fold_step;
 
 /// What ktl::state() promises of h, kJ/kg.
-double accuracy(double h) { return of_calls.relative * std::fmax(std::fabs(h), of_calls.least_energy); }
+double accuracy(double h) { return of_calls.relative * of_calls.size_of(h, &Values::h); }
+/// How far h may lie below saturated water of entropy s at t if both values may be off: dh is T ds along the isobar.
+double accuracy_of_both(double h, double s, double t) {
+    return accuracy(h) + (t + ktl::ktl_lc.tza) * of_calls.relative * of_calls.size_of(s, &Values::s);
+}
 
 double of_saturated(Quantity y, int region, double t) { return property(y, region, ktl::saturation::terms(t).p, t); }
 
@@ -58,7 +62,10 @@ bool reproduces(const State& state, double h, double s) {
 Fold scan_fold(double h, double s) {
     const double t = saturated_water(s);
     const double above = h - of_saturated(Quantity::enthalpy, KTL_WATER, t); // above the line of saturated water
-    Fold found{above >= -accuracy(h), {}, std::fabs(above + accuracy(h)) > rounding};
+    // Further below the line, water has both values only if both are off.
+    const double least = -accuracy_of_both(h, s, t);
+    const bool both_off = above > least - rounding && above < -accuracy(h) + rounding;
+    Fold found{above >= -accuracy(h), {}, !both_off, above > least + rounding};
     double greatest = -INFINITY;
     int before = sign(-above);
     for (int step = 1; step * fold_step <= reach; ++step) {
@@ -85,6 +92,7 @@ const char* fault_at_fold(double h, double s, const Fold& expected) {
     const auto water = static_cast<std::size_t>(expected.water ? 1 : 0);
     if (expected.certain && static_cast<std::size_t>(count) != water + expected.mixtures.size())
         return "another number of states";
+    if (expected.solved && count == 0) return "no state";
     if (ktl::state(Pair::hs, h, s, count)) return "a state past the last";
     std::vector<double> mixtures;
     for (int number = 0; number < count; ++number) {

@@ -13,6 +13,7 @@ struct Fold {
     bool water = false;           ///< water has both values
     std::vector<double> mixtures; ///< temperatures of the mixtures that have them, falling, degC, to fold_step
     bool certain = false;         ///< the rounding of the equations does not decide how many there are
+    bool solved = false;          ///< a state has both values to the accuracy of ktl::state()
 };
 
 /// Distance of the trial mixtures, K.

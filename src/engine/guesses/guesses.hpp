@@ -37,59 +37,49 @@ constexpr T vapour_volume(const T& t) {
     return value<vapour_volume_curve>(t);
 }
 
-/// Pairs of p.
+/// Pairs of p or t, the line; the borders are curves of the second value over it.
 template <Pair pair, class T>
-T classify_by_pressure(const T& p, const T& b) {
+T classify_on_line(const T& line, const T& b) {
+    constexpr bool by_p = letters<pair>.a == 'p';
     const auto is = [](GuessPatch c) { return [c] { return number<T>(c); }; };
     const auto dense = [&] {
-        return select_lazy(b < at<pair, Border::s_5_85>(p), is(GuessPatch::steam_dense), is(GuessPatch::steam));
+        return select_lazy(b < at<pair, Border::s_5_85>(line), is(GuessPatch::steam_dense), is(GuessPatch::steam));
     };
-    const auto steam = [&] { return select_lazy(p < thin_limit, is(GuessPatch::steam_thin), dense); };
-    const auto above = [&] { return select_lazy(b > at<pair, Border::vapour>(p), steam, is(GuessPatch::wet)); };
-    const auto low = [&] { return select_lazy(b < at<pair, Border::liquid>(p), is(GuessPatch::water), above); };
+    const auto steam = [&] {
+        if constexpr (by_p) {
+            return select_lazy(line < thin_limit, is(GuessPatch::steam_thin), dense);
+        } else {
+            const auto warm = [&] {
+                return select_lazy(b > at<pair, Border::p_40_bar>(line), is(GuessPatch::steam_thin), dense);
+            };
+            return select_lazy(line < thin_temperature, is(GuessPatch::steam_thin), warm);
+        }
+    };
+    const auto above = [&] { return select_lazy(b > at<pair, Border::vapour>(line), steam, is(GuessPatch::wet)); };
+    const auto low = [&] { return select_lazy(b < at<pair, Border::liquid>(line), is(GuessPatch::water), above); };
     const auto vapour = [&] {
-        return select_lazy(b > at<pair, Border::near_vapour>(p), is(GuessPatch::vapour_like),
+        return select_lazy(b > at<pair, Border::near_vapour>(line), is(GuessPatch::vapour_like),
                            is(GuessPatch::wet_near_critical));
     };
     const auto under = [&] {
-        return select_lazy(b < at<pair, Border::near_liquid>(p), is(GuessPatch::liquid_like), vapour);
+        return select_lazy(b < at<pair, Border::near_liquid>(line), is(GuessPatch::liquid_like), vapour);
     };
     const auto over = [&] {
-        return select_lazy(b < at<pair, Border::s_critical>(p), is(GuessPatch::liquid_like),
+        return select_lazy(b < at<pair, Border::s_critical>(line), is(GuessPatch::liquid_like),
                            is(GuessPatch::vapour_like));
     };
-    const auto near = [&] { return select_lazy(p < ktl_lc.pca, under, over); };
-    const auto hot = [&] { return select_lazy(b < at<pair, Border::boundary>(p), near, steam); };
-    const auto high = [&] { return select_lazy(b < at<pair, Border::isotherm>(p), is(GuessPatch::water), hot); };
-    return select_lazy(p < ktl_lc.p1, low, high);
-}
-
-/// Pairs of t.
-template <Pair pair, class T>
-T classify_by_temperature(const T& t, const T& b) {
-    const auto is = [](GuessPatch c) { return [c] { return number<T>(c); }; };
-    const auto dense = [&] {
-        return select_lazy(b < at<pair, Border::s_5_85>(t), is(GuessPatch::steam_dense), is(GuessPatch::steam));
+    const auto near = [&] { return select_lazy(line < (by_p ? ktl_lc.pca : ktl_lc.tc), under, over); };
+    const auto hot = [&] { return select_lazy(b < at<pair, Border::boundary>(line), near, steam); };
+    const auto high = [&] {
+        if constexpr (by_p)
+            return select_lazy(b < at<pair, Border::isotherm>(line), is(GuessPatch::water), hot);
+        else
+            return select_lazy(line < ktl_lc.t3max, hot, steam);
     };
-    const auto warm = [&] { return select_lazy(b > at<pair, Border::p_40_bar>(t), is(GuessPatch::steam_thin), dense); };
-    const auto steam = [&] { return select_lazy(t < thin_temperature, is(GuessPatch::steam_thin), warm); };
-    const auto above = [&] { return select_lazy(b > at<pair, Border::vapour>(t), steam, is(GuessPatch::wet)); };
-    const auto low = [&] { return select_lazy(b < at<pair, Border::liquid>(t), is(GuessPatch::water), above); };
-    const auto vapour = [&] {
-        return select_lazy(b > at<pair, Border::near_vapour>(t), is(GuessPatch::vapour_like),
-                           is(GuessPatch::wet_near_critical));
-    };
-    const auto under = [&] {
-        return select_lazy(b < at<pair, Border::near_liquid>(t), is(GuessPatch::liquid_like), vapour);
-    };
-    const auto over = [&] {
-        return select_lazy(b < at<pair, Border::s_critical>(t), is(GuessPatch::liquid_like),
-                           is(GuessPatch::vapour_like));
-    };
-    const auto near = [&] { return select_lazy(t < ktl_lc.tc, under, over); };
-    const auto hot = [&] { return select_lazy(b < at<pair, Border::boundary>(t), near, steam); };
-    const auto high = [&] { return select_lazy(t < ktl_lc.t3max, hot, steam); };
-    return select_lazy(t > ktl_lc.t1, high, low);
+    if constexpr (by_p)
+        return select_lazy(line < ktl_lc.p1, low, high);
+    else
+        return select_lazy(line > ktl_lc.t1, high, low);
 }
 
 /// h, s; u, s and the pairs of v: curves of the energy (v, s: of s) over q = s or v. At given q single phases lie above
@@ -229,10 +219,8 @@ T classify(const T& a, const T& b) {
         return classify_by_quality(a, b);
     else if constexpr (!fitted<border<pair, Border::liquid>>)
         return number<T>(GuessPatch::search);
-    else if constexpr (given.a == 'p')
-        return classify_by_pressure<pair>(a, b);
-    else if constexpr (given.a == 't')
-        return classify_by_temperature<pair>(a, b);
+    else if constexpr (given.a == 'p' || given.a == 't')
+        return classify_on_line<pair>(a, b);
     else
         return classify_by_two<pair>(a, b);
 }
