@@ -33,18 +33,19 @@ inline constexpr double limit_slack = 1.0e-6;
 
 /// How far outside a sub-region a state may lie and still be accepted as one of its own.
 struct BorderSlack {
-    double line;              ///< past the saturation pressure
-    double line_absolute;     ///< the same, bar: two energies fix the pressure of water to a few digits only
+    double steam_line;        ///< past the saturation pressure, steam
+    double water_line;        ///< the same, water
+    double water_absolute;    ///< the same, bar: two energies fix the pressure of water to a few digits only
     double range;             ///< past the other borders; of temperatures K
     double t_beyond_350;      ///< K past 350 degC, in a gap between sub-regions 1 and 3
     double p_beyond_boundary; ///< past the 2/3 boundary, in a gap between sub-regions 2 and 3
     double p_beyond_1000;     ///< past 1000 bar, in the gap of water beyond 350 degC
 };
 /// Rounding of the saturation pressure alone: for Newton results, of which another sub-region must not claim any.
-inline constexpr BorderSlack strict{1.0e-11, 0.0, 0.0, 0.0, 0.0, 0.0};
+inline constexpr BorderSlack strict{1.0e-11, 1.0e-11, 0.0, 0.0, 0.0, 0.0, 0.0};
 /// Exact search with the outermost saturated volumes, and with those of the entry, which are known to 1e-8.
-inline constexpr BorderSlack searched{2.0e-9, 1.0e-8, 1.0e-9, 0.0, 0.0, 0.01};
-inline constexpr BorderSlack searched_entry{1.001e-6, 0.0, 1.0e-9, 0.0, 0.0, 0.0};
+inline constexpr BorderSlack searched{1.0e-9, 2.0e-9, 1.0e-8, 1.0e-9, 0.0, 0.0, 0.01};
+inline constexpr BorderSlack searched_entry{1.0e-9, 1.001e-6, 0.0, 1.0e-9, 0.0, 0.0, 0.0};
 /// Sub-region 3 has its pressure from the volume, to its own rounding.
 inline constexpr double rounding_of_pressure = 1.0e-12;
 /// The same for a state that covers a gap.

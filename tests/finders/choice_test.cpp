@@ -31,6 +31,28 @@ TEST(Choice, ColdWaterGoesBeforeAMixtureOfNoSteam) {
     EXPECT_TRUE(within("temperature", f.second, 1.0, 1e-6));
 }
 
+TEST(Choice, MixturesOfNearlyNoWaterAreNotSteam) {
+    // Steam has the values within the tolerance of the finders too, at a pressure 1e-7 past the saturation line.
+    const double p = 86.305388914375698;
+    const double x = 0.99999990770580915;
+    const double v = 0.021537205161958162;
+    const double h = 2750.4427516518217;
+    const double s = 5.7056689006467582;
+    const double u = 2564.5650648886713;
+    const struct {
+        const char* what;
+        ktl_finder finder;
+        double first, second;
+    } rows[] = {
+        {"hs", ktlrhs, h, s}, {"us", ktlrus, u, s}, {"vh", ktlrvh, v, h}, {"vs", ktlrvs, v, s}, {"vu", ktlrvu, v, u}};
+    for (const auto& row : rows) {
+        const Found f = find(row.finder, row.first, row.second);
+        EXPECT_EQ(f.region, KTL_WET) << row.what;
+        EXPECT_TRUE(within(row.what, f.first, x, 1e-9)) << row.what;
+        EXPECT_TRUE(within(row.what, ktl_pt(f.second), p, 1e-6)) << row.what;
+    }
+}
+
 TEST(Choice, IsothermsGiveTheLowestPressure) {
     struct Row {
         const char* what;
