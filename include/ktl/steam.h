@@ -91,6 +91,10 @@ KTL_API int ktl_state_count(int pair, double a, double b);
  * status: for other numbers KTL_STATUS_NO_STATE, or KTL_STATUS_NOT_A_NUMBER if a or b is not finite. */
 KTL_API int ktl_state_nth(int pair, double a, double b, int number, struct ktl_state* state);
 
+/* The first partial derivative (d of / d by) with at_constant held, of the state of ktl_state_of; of, by and at_constant are
+ * KTL_PROPERTY_P, T, V, RHO, H, S, U, GIBBS or HELMHOLTZ. Units, and when there is none (NaN): derivative.hpp. */
+KTL_API double ktl_derivative(int pair, double a, double b, int of, int by, int at_constant);
+
 /* Saturation line: pressure, bar, and slope dp/dt, bar/K, at t (degC), temperature, degC, at p (bar). NaN outside 0.01
  * to 374.15 degC, 0.006112444 to 221.2 bar. */
 KTL_API double ktl_saturation_pressure(double t);

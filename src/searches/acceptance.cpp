@@ -102,7 +102,8 @@ FoundState confirmed(FoundState state, const Given& given, double share) {
         const bool open_pressure = given.a != Quantity::pressure && given.b != Quantity::pressure;
         if (water && given.model == SaturationModel::outermost_roots && open_pressure && state.t <= ktl_lc.t1max) {
             const double ps = saturation::terms(state.t).p;
-            state.primary = clamp_with_slack(state.primary, ps, ktl_lc.pmax, slack.water_line * ps + slack.water_absolute);
+            state.primary =
+                clamp_with_slack(state.primary, ps, ktl_lc.pmax, slack.water_line * ps + slack.water_absolute);
         }
         // At the end of the range, 1000 bar and 350 degC, sub-region 1 covers its gap to sub-region 3 past both limits.
         const double beyond = water && state.t > ktl_lc.t1max ? slack.p_beyond_1000 : 0.0;

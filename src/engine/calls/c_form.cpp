@@ -1,4 +1,5 @@
 // The calls in plain C.
+#include <ktl/derivative.hpp>
 #include <ktl/ktlftn.h>
 #include <ktl/steam.h>
 #include <ktl/steam.hpp>
@@ -76,6 +77,11 @@ int ktl_state_count(int pair, double a, double b) { return state_count(enumerato
 
 int ktl_state_nth(int pair, double a, double b, int number, ktl_state* state) {
     return hand_over(ktl::state(enumerator<Pair>(pair), a, b, number), state);
+}
+
+double ktl_derivative(int pair, double a, double b, int of, int by, int at_constant) {
+    return derivative(ktl::state(enumerator<Pair>(pair), a, b), enumerator<Property>(of), enumerator<Property>(by),
+                      enumerator<Property>(at_constant));
 }
 
 double ktl_saturation_pressure(double t) { return saturation_pressure(t); }

@@ -1,0 +1,30 @@
+// First partial derivatives of states, in closed form.
+//
+//     const ktl::State s = ktl::state(ktl::Pair::pt, 100.0, 500.0);
+//     const double dhdp = ktl::derivative(s, ktl::Property::h, ktl::Property::p, ktl::Property::s); // (dh/dp) at constant s
+//
+// Any three of p, t, v, rho, h, s, u, gibbs and helmholtz. Units are those of ktl/properties.def: (dh/dp) is in kJ/(kg bar).
+// Every derivative follows from those of p, t, v and s in the variables of the sub-region, which the solve keeps, and from
+// the fundamental relations dh = T ds + v dp, du = T ds - p dv, dg = v dp - s dT, df = -p dv - s dT.
+#pragma once
+
+#include <ktl/steam.hpp>
+
+namespace ktl {
+
+/// (d of / d by) with at_constant held.
+///
+/// In two phases the mixture stays in equilibrium: its pressure is the saturation pressure of its temperature, and the
+/// derivative is that of what state() gives. NaN if the state is not solved, if one of the three is none of the nine
+/// properties, or if `by` and `at_constant` do not fix a neighbouring state: they are the same, or v and rho, or p and t of a
+/// mixture. Infinite where it is, as (dh/dt) at constant p on a level isotherm next to the critical point. The equations of
+/// the sub-regions hold on both sides of their borders: on a border the derivative is that of the state's own region.
+[[nodiscard]] KTL_API double derivative(const State& state, Property of, Property by, Property at_constant) noexcept;
+/// The same of one phase: of a saturated one as if it were alone, that is away from the saturation line.
+[[nodiscard]] KTL_API double derivative(const Phase& phase, Property of, Property by, Property at_constant) noexcept;
+
+/// (d of / d by) of a saturated phase along the saturation line: dh'/dp and so on. `phase` is the liquid or the vapour of a
+/// Saturation or of a two-phase state. NaN if the phase does not exist, lies off the line, or a property is none of the nine.
+[[nodiscard]] KTL_API double saturation_derivative(const Phase& phase, Property of, Property by) noexcept;
+
+} // namespace ktl
