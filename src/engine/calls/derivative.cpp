@@ -79,15 +79,18 @@ double along_line(const Phase& phase, Property y, double line_slope) {
 
 /// Slopes of a mixture by its quality and t.
 Slope slope_of_mixture(Property y, const State& state, double line_slope) {
+    // All but density are made of those of the phases by their masses.
+    const auto by_mass = [&](Property z) -> Slope {
+        const double liquid = along_line(state.liquid(), z, line_slope);
+        const double vapour = along_line(state.vapour(), z, line_slope);
+        return {state.vapour().get(z) - state.liquid().get(z), liquid + state.x() * (vapour - liquid)};
+    };
     switch (y) {
     case Property::p: return {0.0, line_slope};
     case Property::t: return {0.0, 1.0};
-    case Property::rho: return (-state.rho() * state.rho()) * slope_of_mixture(Property::v, state, line_slope);
-    default: break;
+    case Property::rho: return (-state.rho() * state.rho()) * by_mass(Property::v);
+    default: return by_mass(y);
     }
-    const double liquid = along_line(state.liquid(), y, line_slope);
-    const double vapour = along_line(state.vapour(), y, line_slope);
-    return {state.vapour().get(y) - state.liquid().get(y), liquid + state.x() * (vapour - liquid)};
 }
 
 double ratio(const Slope& of, const Slope& by, const Slope& held) {
