@@ -52,7 +52,7 @@ public:
             begin += count;
             c = end_patch;
         }
-        for (std::size_t i = begin; i < n_; ++i) search_row(order_[i], properties, outputs, status);
+        for (std::size_t i = begin; i < n_; ++i) search_row(order_[i], quiet_nan, properties, outputs, status);
         return solved_;
     }
 
@@ -175,11 +175,14 @@ private:
             for (std::size_t i = 0; i < count; ++i) status[order_[begin + i]] = Status::solved;
         if (accepted == count) return;
         for (std::size_t i = 0; i < count; ++i)
-            if (!(rows_.accepted[i] > 0.5)) search_row(order_[begin + i], properties, outputs, status);
+            if (!(rows_.accepted[i] > 0.5))
+                search_row(order_[begin + i], rows_.primary[i], properties, outputs, status);
     }
 
-    void search_row(std::size_t row, std::span<const Property> properties, double* const* outputs, Status* status) {
-        const RowState found = solve_row_again(pair_, a_[row], b_[row]);
+    /// primary: at which the search of the row's patch ended; of mixtures the quality.
+    void search_row(std::size_t row, double primary, std::span<const Property> properties, double* const* outputs,
+                    Status* status) {
+        const RowState found = solve_row_again(pair_, a_[row], b_[row], primary);
         status[row] = found.status;
         solved_ += found.status == Status::solved ? 1 : 0;
         for (std::size_t k = 0; k < properties.size(); ++k)

@@ -2,6 +2,7 @@
 
 #include "engine/kernels/inversion.hpp"
 
+#include <span>
 #include <utility>
 
 namespace ktl::engine {
@@ -19,6 +20,7 @@ template <SubRegion sub_region>
 void fill_phase(Scalar primary, Scalar t, RowState& out) {
     out.status = Status::solved;
     out.region = region_of(kind_of_sub_region<sub_region>, primary.value, t.value);
+    out.x = quiet_nan;
     out.bulk = phase_at<sub_region>(primary, t);
 }
 
@@ -35,7 +37,7 @@ void fill_mixture(Scalar x, const SaturatedProperties<Scalar>& phases, const Pha
     out.liquid.p = out.vapour.p = bulk.p;
 }
 
-// The searches below return false, and leave out as it is, unless they come to an accepted state.
+// The searches below return false unless they come to an accepted state. Those of mixtures leave the quality that they ended at.
 
 template <SubRegion sub_region>
 KTL_FLATTEN bool solve_phase(Pair pair, Scalar a, Scalar b, Scalar primary, Scalar t, const Margin& margin,
@@ -58,6 +60,7 @@ template <bool high>
                                                          RowState& out) {
     SaturatedProperties<Scalar> phases;
     const auto found = mixture_at_p_or_t<high, PropertyLevel::everything>(pair, a, b, &phases);
+    out.x = found.m.x.value;
     if (!all_set(accept<high>(pair, found.m, margin))) return false;
     fill_mixture<high>(found.m.x, phases, found.bulk, out);
     return true;
@@ -68,6 +71,7 @@ template <bool high>
 [[gnu::noinline]] KTL_FLATTEN bool solve_mixture(Pair pair, Scalar a, Scalar b, Scalar t, const Margin& margin,
                                                  RowState& out) {
     const TwoPhaseIterate<Scalar> m = mixture_search<high>(pair, a, b, t);
+    out.x = m.x.value;
     if (!all_set(accept<high>(pair, m, margin))) return false;
     const auto phases = phases_at<high>(m.t, m.liquid, m.vapour);
     const Scalar p = high ? saturation::terms(m.t).p : m.liquid;
@@ -146,6 +150,30 @@ constexpr std::array precedence{GuessPatch::water,
                                 GuessPatch::liquid_like,
                                 GuessPatch::vapour_like};
 
+/// The patches across the saturation line: a row belongs to one of them, as a rule, if its own patch has no state for it. Border
+/// curves are fits, so half of the rows on the line, and more of those rounded to a few digits, begin on the wrong side. x: the
+/// quality at which the search in a patch of mixtures ended.
+std::span<const GuessPatch> across_line(GuessPatch patch, double x) {
+    static constexpr std::array water{GuessPatch::water};
+    static constexpr std::array steam{GuessPatch::steam_thin, GuessPatch::steam, GuessPatch::steam_dense};
+    static constexpr std::array mixtures{GuessPatch::wet_low_s, GuessPatch::wet};
+    static constexpr std::array liquid_like{GuessPatch::liquid_like};
+    static constexpr std::array vapour_like{GuessPatch::vapour_like};
+    static constexpr std::array dense_mixtures{GuessPatch::wet_near_critical};
+    using Patches = std::span<const GuessPatch>;
+    const auto beside_mixture = [x](Patches liquid, Patches vapour) {
+        return x < 0.5 ? liquid : x > 0.5 ? vapour : Patches{};
+    };
+    switch (kind_of[static_cast<std::size_t>(patch)]) {
+    case PhaseKind::water:
+    case PhaseKind::steam: return mixtures;
+    case PhaseKind::near_critical: return dense_mixtures;
+    case PhaseKind::wet: return beside_mixture(water, steam);
+    case PhaseKind::wet_near_critical: return beside_mixture(liquid_like, vapour_like);
+    }
+    return {};
+}
+
 /// Limits of the states of sub-region 3 that share values with saturated water of sub-region 1, at 348.36 to 350 degC:
 /// measured down to 0.001709 m3/kg in one phase, and up to x = 2.1e-6 in two.
 constexpr double overlapping_volume = 0.00169;
@@ -192,15 +220,21 @@ RowState solve_row(Pair pair, double a, double b) noexcept {
     const GuessPatch patch = solver.classify(a, b);
     RowState out;
     if (patch != GuessPatch::search && solver.solve(patch, a, b, margin_of(pair), out)) return out;
-    return solve_row_again(pair, a, b);
+    return solve_row_again(pair, a, b, out.x);
 }
 
-RowState solve_row_again(Pair pair, double a, double b) noexcept {
+RowState solve_row_again(Pair pair, double a, double b, double x) noexcept {
     const PairSolver& solver = solvers[static_cast<std::size_t>(pair)];
-    if (names_one_state(pair) && solver.classify(a, b) != GuessPatch::search) {
+    const GuessPatch own = solver.classify(a, b);
+    if (names_one_state(pair) && own != GuessPatch::search) {
         RowState out;
-        for (const GuessPatch patch : precedence)
-            if (solver.solve(patch, a, b, no_margin, out)) return in_doubt(pair, out) ? water_or(pair, a, b, out) : out;
+        const auto solved = [&](std::span<const GuessPatch> patches, const Margin& margin) {
+            return std::any_of(patches.begin(), patches.end(),
+                               [&](GuessPatch patch) { return solver.solve(patch, a, b, margin, out); });
+        };
+        // Away from the border of sub-region 3 by the margin, no patch of precedence claims the state, too.
+        if (solved(across_line(own, x), margin_of(pair)) || solved(precedence, no_margin))
+            return in_doubt(pair, out) ? water_or(pair, a, b, out) : out;
     }
     return evaluated(search(pair, a, b, 0));
 }

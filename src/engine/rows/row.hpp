@@ -45,8 +45,9 @@ struct RowState {
 
 /// The preferred state that has both values.
 RowState solve_row(Pair pair, double a, double b) noexcept;
-/// The same for a row whose patch did not lead to a state: by the other patches, then by the exact search.
-RowState solve_row_again(Pair pair, double a, double b) noexcept;
+/// The same for a row whose patch did not lead to a state: by the other patches, then by the exact search. x: the quality at which
+/// the search of its patch ended, if that is one of mixtures.
+RowState solve_row_again(Pair pair, double a, double b, double x) noexcept;
 /// The state of a solution of the exact search.
 RowState evaluated(const Solution& found) noexcept;
 
