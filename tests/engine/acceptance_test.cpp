@@ -4,6 +4,7 @@
 #include "engine/rows/row.hpp"
 #include "engine/solution.hpp"
 #include "rows.hpp"
+#include "searches/branches.hpp"
 #include "searches/state.hpp"
 
 #include "support/compare.hpp"
@@ -154,6 +155,23 @@ State drawn(Random& random, PhaseKind kind) {
 }
 
 /// Nearly all interior states of every pair are found by the kernels, and are the ones that the exact search finds.
+/// A root between saturation and the turning point takes precedence over both, even if they have the value to what is allowed.
+TEST(Acceptance, ARootTakesPrecedenceOverTheEndsOfItsBranch) {
+    constexpr double allowed = 1e-3;
+    const auto sides = [](double root) {
+        return both_sides(
+            Branches{0.0, 1.0, 2.0}, [=](double z) { return 1e-4 * (z - root); },
+            [](double z) {
+                return FoundState{KTL_WATER, z, 0.0, {}};
+            },
+            1e-12, allowed, false);
+    };
+    EXPECT_NEAR(sides(0.7).preferred.primary, 0.7, 1e-6);
+    EXPECT_NEAR(sides(1.4).other.primary, 1.4, 1e-6);
+    EXPECT_FALSE(sides(1.4).preferred.found());
+    EXPECT_EQ(sides(-3.0).preferred.primary, 0.0);
+}
+
 TEST(Kernels, FindInteriorStatesWithoutTheExactSearch) {
     Random random(31);
     for (std::size_t k = 0; k < pair_count; ++k) {

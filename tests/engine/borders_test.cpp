@@ -1,7 +1,10 @@
 // To which sub-region the limits themselves belong, in single calls and in columns.
+#include "engine/solution.hpp"
+
 #include <array>
 #include <cmath>
 #include <gtest/gtest.h>
+#include <ktl/ktlftn.h>
 #include <ktl/steam.hpp>
 #include <vector>
 
@@ -42,6 +45,17 @@ TEST(Borders, TheBoundaryBelongsToSteamToTheLastBit) {
     for (const Region region : regions(on, t)) EXPECT_EQ(region, Region::steam);
     for (const Region region : regions(below, t)) EXPECT_EQ(region, Region::steam);
     for (const Region region : regions(above, t)) EXPECT_EQ(region, Region::near_critical_steam);
+}
+
+/// Water and steam at 350 degC are those of sub-regions 1 and 2 for the exact search, too, next to the saturation line.
+TEST(Borders, TheIsotherm350BelongsToWaterAndSteam) {
+    const double p = ktl_pt(350.0);
+    for (const double off : {1.0e-7, 0.1, 0.9}) {
+        EXPECT_EQ(ktl::engine::search(Pair::pt, p * (1.0 + off), 350.0, 0).region, Region::water) << off;
+        EXPECT_EQ(ktl::engine::search(Pair::pt, p * (1.0 - off), 350.0, 0).region, Region::steam) << off;
+        const double above = std::nextafter(350.0, 351.0);
+        EXPECT_EQ(ktl::engine::search(Pair::pt, p * (1.0 + off), above, 0).region, Region::near_critical_water) << off;
+    }
 }
 
 TEST(Borders, LimitsBelongToTheRange) {

@@ -85,6 +85,15 @@ TEST(CForm, GivesWhatTheCallsOfCppGive) {
     }
     EXPECT_EQ(ktl_batch(KTL_PAIR_PT, nullptr, nullptr, 1, nullptr, nullptr, 0, nullptr, nullptr).fault,
               KTL_FAULT_LENGTHS_DIFFER);
+    const double one = 100.0;
+    double out = 0.0;
+    double* const outputs[] = {&out};
+    unsigned char one_status = 0;
+    const unsigned char h = KTL_PROPERTY_H;
+    EXPECT_EQ(ktl_batch(KTL_PAIR_PT, &one, &one, 1, nullptr, outputs, 1, &one_status, nullptr).fault,
+              KTL_FAULT_COLUMNS_DIFFER);
+    EXPECT_EQ(ktl_batch(KTL_PAIR_PT, &one, &one, 1, &h, nullptr, 1, &one_status, nullptr).fault,
+              KTL_FAULT_COLUMNS_DIFFER);
 }
 
 /// Compiled programs and files keep the numbers of the lists: a row may be added at an end, none moved or taken away.

@@ -77,6 +77,11 @@ TEST(Refusal, ValuesPastTheEndOfALine) {
     }
 }
 
+TEST(Refusal, MixturesEndAtTheCriticalTemperature) {
+    // Above the greatest entropy of the quality line by 1e-9; the equations would have it at 374.17 degC.
+    EXPECT_EQ(find(ktlrsx, 4.4476077357939134, 0.60653061889253723).region, KTL_NO_STATE);
+}
+
 TEST(Refusal, ToleranceIsNeverAnObstacle) {
     for (const double odd : {quiet_nan, infinity, 0.0, -1.0}) {
         double h = 3000.0;
