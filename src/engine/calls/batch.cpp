@@ -1,4 +1,5 @@
 // BatchArguments of states: rows go out in chunks of a few blocks to whichever thread is free.
+#include "engine/calls/float_environment.hpp"
 #include "engine/rows/block.hpp"
 
 #include "engine/solution.hpp"
@@ -6,8 +7,10 @@
 #include <algorithm>
 #include <array>
 #include <atomic>
+#if !defined(KTL_NO_THREADS)
 #include <mutex>
 #include <thread>
+#endif
 
 namespace ktl {
 
@@ -15,7 +18,6 @@ namespace {
 
 constexpr std::size_t chunk_rows = 4 * engine::block_rows;
 constexpr std::size_t rows_between_reports = 65536;
-constexpr std::size_t most_threads = 256;
 
 using Fault = BatchResult::Fault;
 
@@ -51,6 +53,7 @@ public:
 
     /// Takes chunks until none is left.
     void work() noexcept {
+        const FloatEnvironment environment;
         while (!stop_.load(std::memory_order_relaxed)) {
             const std::size_t begin = next_.fetch_add(1, std::memory_order_relaxed) * chunk_rows;
             if (begin >= rows()) return;
@@ -94,7 +97,9 @@ private:
     [[nodiscard]] double* column_of(Property y) const { return first_column_[static_cast<std::size_t>(y)]; }
 
     void account(std::size_t rows_done, std::size_t solved) noexcept {
+#if !defined(KTL_NO_THREADS)
         const std::scoped_lock lock(mutex_);
+#endif
         done_ += rows_done;
         solved_ += solved;
         if (options_.progress == nullptr || stop_) return;
@@ -105,11 +110,15 @@ private:
 
     /// A callback that throws asks to stop.
     bool goes_on() noexcept {
+#if defined(__cpp_exceptions)
         try {
             return options_.progress(options_.context, done_, rows());
         } catch (...) {
             return false;
         }
+#else
+        return options_.progress(options_.context, done_, rows());
+#endif
     }
 
     const BatchArguments& arguments_;
@@ -119,9 +128,16 @@ private:
     std::size_t distinct_ = 0;
     std::atomic<std::size_t> next_{0};
     std::atomic<bool> stop_{false};
+#if !defined(KTL_NO_THREADS)
     std::mutex mutex_; // of the three below, and of the callback
+#endif
     std::size_t done_ = 0, reported_ = 0, solved_ = 0;
 };
+
+#if defined(KTL_NO_THREADS)
+void run_on_threads(Run& run, unsigned /*wanted*/) noexcept { run.work(); }
+#else
+constexpr std::size_t most_threads = 256;
 
 /// The calling thread is one of the threads. What cannot be started is done without.
 void run_on_threads(Run& run, unsigned wanted) noexcept {
@@ -136,6 +152,7 @@ void run_on_threads(Run& run, unsigned wanted) noexcept {
     for (std::thread& thread : threads)
         if (thread.joinable()) thread.join();
 }
+#endif
 
 } // namespace
 

@@ -1,4 +1,7 @@
 // The calls in plain C.
+#include "engine/calls/float_environment.hpp"
+#include "engine/calls/state.hpp"
+
 #include <ktl/derivative.hpp>
 #include <ktl/ktlftn.h>
 #include <ktl/steam.h>
@@ -28,9 +31,12 @@ E enumerator(int number) {
 }
 
 /// What a phase and a state have in common.
-template <class To, class From>
-void fill(To& to, const From& from) {
-#define KTL_DEFINE_PROPERTY(property, PROPERTY, unit, code, meaning) to.property = from.property();
+template <class To>
+void fill(To& to, const Phase& from) {
+    const auto properties = StateBuilder::properties(from);
+    const bool exists = from.region() != Region::none;
+#define KTL_DEFINE_PROPERTY(property, PROPERTY, unit, code, meaning)                                                   \
+    to.property = exists ? engine::value(Property::property, properties, quiet_nan, from.region()) : quiet_nan;
 #define KTL_DEFINE_STATE_PROPERTY(property, PROPERTY, unit, code, meaning)
 #define KTL_DEFINE_REGION_PROPERTY(property, PROPERTY, unit, code, meaning)                                            \
     to.property = static_cast<int>(from.property());
@@ -42,9 +48,11 @@ int hand_over(const State& from, ktl_state* to) {
     if (to == nullptr) return status;
     to->status = status;
     to->x = from.x();
-    fill(*to, from);
-    fill(to->liquid, from.liquid());
-    fill(to->vapour, from.vapour());
+    in_float_environment([&] { // one for all properties
+        fill(*to, StateBuilder::bulk(from));
+        fill(to->liquid, from.liquid());
+        fill(to->vapour, from.vapour());
+    });
     return status;
 }
 
@@ -55,8 +63,10 @@ int hand_over(const Saturation& from, ktl_saturation* to) {
     to->p = from.p;
     to->t = from.t;
     to->slope = from.slope;
-    fill(to->liquid, from.liquid);
-    fill(to->vapour, from.vapour);
+    in_float_environment([&] {
+        fill(to->liquid, from.liquid);
+        fill(to->vapour, from.vapour);
+    });
     return status;
 }
 

@@ -1,5 +1,6 @@
 #include <ktl/derivative.hpp>
 
+#include "engine/calls/float_environment.hpp"
 #include "engine/calls/state.hpp"
 
 #include <cmath>
@@ -106,24 +107,30 @@ bool independent(Property a, Property b, bool mixture) {
 } // namespace
 
 double derivative(const Phase& phase, Property of, Property by, Property at_constant) noexcept {
-    if (phase.region() == Region::none || !independent(by, at_constant, false)) return quiet_nan;
-    const PhaseSlopes z = slopes_of(phase);
-    return ratio(slope_of(of, z), slope_of(by, z), slope_of(at_constant, z));
+    return in_float_environment([&]() -> double {
+        if (phase.region() == Region::none || !independent(by, at_constant, false)) return quiet_nan;
+        const PhaseSlopes z = slopes_of(phase);
+        return ratio(slope_of(of, z), slope_of(by, z), slope_of(at_constant, z));
+    });
 }
 
 double derivative(const State& state, Property of, Property by, Property at_constant) noexcept {
-    if (!state.two_phase()) return derivative(StateBuilder::bulk(state), of, by, at_constant);
-    if (!state || !independent(by, at_constant, true)) return quiet_nan;
-    const double line_slope = saturation_slope(state.t());
-    const auto slope = [&](Property y) { return slope_of_mixture(y, state, line_slope); };
-    return ratio(slope(of), slope(by), slope(at_constant));
+    return in_float_environment([&]() -> double {
+        if (!state.two_phase()) return derivative(StateBuilder::bulk(state), of, by, at_constant);
+        if (!state || !independent(by, at_constant, true)) return quiet_nan;
+        const double line_slope = saturation_slope(state.t());
+        const auto slope = [&](Property y) { return slope_of_mixture(y, state, line_slope); };
+        return ratio(slope(of), slope(by), slope(at_constant));
+    });
 }
 
 double saturation_derivative(const Phase& phase, Property of, Property by) noexcept {
-    constexpr double on_line = 1.0e-7; // states on the line have its pressure to 4e-9, next to the critical point
-    if (!(std::fabs(phase.p() - saturation_pressure(phase.t())) <= on_line * phase.p())) return quiet_nan;
-    const double line_slope = saturation_slope(phase.t());
-    return along_line(phase, of, line_slope) / along_line(phase, by, line_slope);
+    return in_float_environment([&]() -> double {
+        constexpr double on_line = 1.0e-7; // states on the line have its pressure to 4e-9, next to the critical point
+        if (!(std::fabs(phase.p() - saturation_pressure(phase.t())) <= on_line * phase.p())) return quiet_nan;
+        const double line_slope = saturation_slope(phase.t());
+        return along_line(phase, of, line_slope) / along_line(phase, by, line_slope);
+    });
 }
 
 } // namespace ktl

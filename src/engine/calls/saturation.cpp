@@ -1,3 +1,4 @@
+#include "engine/calls/float_environment.hpp"
 #include "engine/kernels/kernels.hpp"
 
 #include <algorithm>
@@ -15,13 +16,16 @@ using engine::Kernels;
 
 /// One value by the kernel of one lane.
 double one(Kernels::Line line, double x) noexcept {
-    double y;
-    line(&x, 1, &y);
-    return y;
+    return in_float_environment([&] {
+        double y;
+        line(&x, 1, &y);
+        return y;
+    });
 }
 
 /// A column; its end, less than a whole number of lanes, by way of a padded copy.
 void column(Kernels::Line line, std::span<const double> x, std::span<double> y) noexcept {
+    const FloatEnvironment environment;
     const std::size_t n = std::min(x.size(), y.size());
     const std::size_t whole = n - n % engine::widest;
     line(x.data(), whole, y.data());

@@ -1,5 +1,7 @@
 #include "engine/calls/state.hpp"
 
+#include "engine/calls/float_environment.hpp"
+
 namespace ktl {
 
 using engine::Scalar;
@@ -24,16 +26,22 @@ State StateBuilder::state(const engine::RowState& row) noexcept {
 }
 
 double Phase::computed(Property property) const noexcept {
-    return engine::value(property, StateBuilder::properties(*this), quiet_nan, region_);
+    return in_float_environment(
+        [&] { return engine::value(property, StateBuilder::properties(*this), quiet_nan, region_); });
 }
 
-State state(Pair pair, double a, double b) noexcept { return StateBuilder::state(engine::solve_row(pair, a, b)); }
+State state(Pair pair, double a, double b) noexcept {
+    return in_float_environment([&] { return StateBuilder::state(engine::solve_row(pair, a, b)); });
+}
 
 State state(Pair pair, double a, double b, int number) noexcept {
     if (number == 0) return state(pair, a, b);
-    return StateBuilder::state(engine::evaluated(engine::search(pair, a, b, number)));
+    return in_float_environment(
+        [&] { return StateBuilder::state(engine::evaluated(engine::search(pair, a, b, number))); });
 }
 
-int state_count(Pair pair, double a, double b) noexcept { return engine::count_states(pair, a, b); }
+int state_count(Pair pair, double a, double b) noexcept {
+    return in_float_environment([&] { return engine::count_states(pair, a, b); });
+}
 
 } // namespace ktl
