@@ -18,7 +18,13 @@
 //
 // Source of the equations: "The 1967 IFC Formulation for Industrial Use", International Formulation Committee of the
 // Sixth International Conference on the Properties of Steam, 1967; viscosity and conductivity as in ktlftn.h.
+//
+// Needs C++20. ktl/steam.h has the same calls for C and for older C++.
 #pragma once
+
+#if !(__cplusplus >= 202002L || (defined(_MSVC_LANG) && _MSVC_LANG >= 202002L))
+#error "ktl/steam.hpp needs C++20; ktl/steam.h has the same calls for C and for older C++"
+#endif
 
 #include <cstddef>
 #include <cstdint>
@@ -256,7 +262,7 @@ struct BatchResult {
 /// a, b, status and every output have the same length. A row depends on its two values alone and has the bits that
 /// state(pair, a[i], b[i]) gives, whatever its place, its neighbours and the number of threads. The outputs of a row
 /// that is not solved are NaN, except p and t of an undetermined one. Outputs must overlap neither the given columns
-/// nor one another; a property may be asked for twice. Each thread uses some 200 kB of stack; memory is allocated only
+/// nor one another; a property may be asked for twice. Each thread uses less than 64 KiB of stack; memory is allocated only
 /// to start threads, and if a thread cannot be started the others do its work.
 KTL_API BatchResult batch(Pair pair, std::span<const double> a, std::span<const double> b,
                           std::span<const Property> properties, std::span<double* const> outputs,

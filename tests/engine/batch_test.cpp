@@ -3,6 +3,9 @@
 
 #include <gtest/gtest.h>
 #include <stdexcept>
+#if defined(__linux__)
+#include <pthread.h>
+#endif
 
 namespace {
 
@@ -138,5 +141,38 @@ TEST(Batch, TellsItsProgressAndStops) {
             ASSERT_TRUE(stopped.status[i] == Status::cancelled && std::isnan(stopped.columns[0][i]));
     }
 }
+
+#if defined(__linux__) && defined(__OPTIMIZE__) && !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
+TEST(Batch, NeedsLessThan64KiBOfStack) {
+    struct Work {
+        Pair pair;
+        const test::Rows& rows;
+        std::vector<Property> properties;
+        std::vector<double*> outputs;
+        std::vector<Status> status;
+    };
+    const auto run = [](void* given) -> void* { // beyond its stack the thread ends the program
+        Work& w = *static_cast<Work*>(given);
+        batch(w.pair, w.rows.a, w.rows.b, w.properties, w.outputs, w.status);
+        return nullptr;
+    };
+    test::Random random(4);
+    for (std::size_t pair = 0; pair < pair_count; ++pair) {
+        const test::Rows rows(random, static_cast<Pair>(pair), 2000);
+        Results columns(static_cast<Pair>(pair), rows, random_properties(random));
+        for (auto& column : columns.columns) std::fill(column.begin(), column.end(), -1.0);
+        Work work{static_cast<Pair>(pair), rows, columns.properties, {}, columns.status};
+        for (auto& column : columns.columns) work.outputs.push_back(column.data());
+        pthread_attr_t small;
+        pthread_attr_init(&small);
+        ASSERT_EQ(pthread_attr_setstacksize(&small, 65536), 0);
+        pthread_t thread;
+        ASSERT_EQ(pthread_create(&thread, &small, run, &work), 0);
+        pthread_join(thread, nullptr);
+        pthread_attr_destroy(&small);
+        EXPECT_EQ(work.status, columns.status);
+    }
+}
+#endif
 
 } // namespace

@@ -20,6 +20,14 @@ static_assert(padded(block_rows) == block_rows);
 
 using Column = std::array<double, block_rows + widest>;
 
+/// Room for the results of a block, so that it does not outgrow the stack of a small thread: whole blocks of up to four
+/// properties, fewer rows of more.
+constexpr std::size_t result_room = 4 * block_rows;
+constexpr std::size_t rows_with(std::size_t properties) {
+    return std::min(block_rows, result_room / std::max<std::size_t>(1, properties) / widest * widest);
+}
+static_assert(rows_with(property_count) >= 8 * widest);
+
 /// Rows of one kind, brought together.
 struct Rows {
     alignas(64) Column a, b, primary, t, liquid, vapour, accepted;
@@ -110,7 +118,7 @@ private:
             if (kind >= PhaseKind::wet && !of_mixtures(properties[k])) continue;
             level = std::max(level, level_of(properties[k]));
             wanted[used] = properties[k];
-            columns[used++] = direct ? outputs[k] : results_[k].data();
+            columns[used++] = direct ? outputs[k] : results_of(k);
         }
         const auto level_index = static_cast<std::size_t>(level);
         const auto kind_index = static_cast<std::size_t>(kind);
@@ -124,11 +132,13 @@ private:
                                                        columns.data());
         }
         for (std::size_t k = 0; k < properties.size(); ++k) {
-            double* column = direct ? outputs[k] : results_[k].data();
+            double* column = direct ? outputs[k] : results_of(k);
             fill(kind, count, properties[k], column);
             if (!direct) scatter(begin, count, column, outputs[k]);
         }
     }
+
+    [[nodiscard]] double* results_of(std::size_t property) { return results_.data() + property * padded(n_); }
 
     /// First guesses patch by patch, each in whole lanes that the next patch may write over; then the search.
     void search_in_lanes(std::size_t kind, std::size_t c, std::size_t end_patch, std::size_t count) {
@@ -198,14 +208,21 @@ private:
     std::array<std::size_t, guesses::patch_count> counts_{};
     std::array<std::uint16_t, block_rows + 1> order_;
     Rows rows_;
-    alignas(64) std::array<Column, property_count> results_;
+    alignas(64) std::array<double, result_room> results_;
 };
 
 } // namespace
 
 std::size_t solve_block(const Kernels& kernels, Pair pair, const double* a, const double* b, std::size_t n,
                         std::span<const Property> properties, double* const* outputs, Status* status) noexcept {
-    return Block(kernels, pair, a, b, n).solve(properties, outputs, status);
+    std::array<double*, property_count> from;
+    std::size_t solved = 0;
+    for (std::size_t row = 0; row < n; row += rows_with(properties.size())) {
+        for (std::size_t k = 0; k < properties.size(); ++k) from[k] = outputs[k] + row;
+        solved += Block(kernels, pair, a + row, b + row, std::min(rows_with(properties.size()), n - row))
+                      .solve(properties, from.data(), status + row);
+    }
+    return solved;
 }
 
 std::size_t solve_block(Pair pair, const double* a, const double* b, std::size_t n,
