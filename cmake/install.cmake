@@ -4,24 +4,38 @@ include(CMakePackageConfigHelpers)
 set(config_folder ${CMAKE_INSTALL_LIBDIR}/cmake/ktl)
 set(pkgconfig_folder ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
 
-# ktl_install_libraries(runtime dev set shared static): both kinds with their components, and the file of their targets.
+# ktl_install_libraries(runtime dev set shared static): the kinds that are built, with their components, and the file of
+# their targets.
 function(ktl_install_libraries runtime dev set shared static)
-    install(TARGETS ${shared} EXPORT ${set}
-            LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT ${runtime} NAMELINK_COMPONENT ${dev})
-    install(TARGETS ${static} EXPORT ${set} ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT ${dev})
+    if(TARGET ${shared})
+        install(TARGETS ${shared} EXPORT ${set}
+                LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT ${runtime} NAMELINK_COMPONENT ${dev}
+                RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT ${runtime}
+                ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT ${dev})
+    endif()
+    if(NOT BUILD_SHARED_LIBS)
+        install(TARGETS ${static} EXPORT ${set} ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT ${dev})
+    endif()
     install(EXPORT ${set} NAMESPACE ktl:: DESTINATION ${config_folder} COMPONENT ${dev})
 endfunction()
 
-# ktl_install_pc(name component): the prefix is found from the place of the file, so the tree may be moved.
-function(ktl_install_pc name component)
+# ktl_install_pc(name component own): own is what the library itself is linked with, private unless there is a static
+# library alone. The prefix is found from the place of the file, so the tree may be moved.
+function(ktl_install_pc name component own)
     file(RELATIVE_PATH to_prefix ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig ${CMAKE_INSTALL_PREFIX})
     set(pc_prefix "\${pcfiledir}/${to_prefix}")
+    set(pc_public)
+    set(pc_private ${own})
+    if(NOT TARGET ${name})
+        set(pc_public " ${own}")
+        set(pc_private)
+    endif()
     configure_file(${PROJECT_SOURCE_DIR}/cmake/${name}.pc.in ${PROJECT_BINARY_DIR}/${name}.pc @ONLY)
     install(FILES ${PROJECT_BINARY_DIR}/${name}.pc DESTINATION ${pkgconfig_folder} COMPONENT ${component})
 endfunction()
 
 ktl_install_libraries(runtime dev ktl-targets ktl ktl_static)
-ktl_install_pc(ktl dev)
+ktl_install_pc(ktl dev "-lstdc++ -lm -pthread")
 install(DIRECTORY include/ktl DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} COMPONENT dev
         FILES_MATCHING PATTERN "*.h" PATTERN "*.hpp" PATTERN "*.def")
 
@@ -32,11 +46,13 @@ install(FILES ${PROJECT_BINARY_DIR}/ktl-config.cmake ${PROJECT_BINARY_DIR}/ktl-c
         DESTINATION ${config_folder} COMPONENT dev)
 
 if(KTL_BUILD_FORTRAN)
-    set_target_properties(ktl_fortran PROPERTIES INSTALL_RPATH "$ORIGIN")
+    if(TARGET ktl_fortran)
+        set_target_properties(ktl_fortran PROPERTIES INSTALL_RPATH "$ORIGIN")
+    endif()
     ktl_install_libraries(fortran fortran ktl-fortran-targets ktl_fortran ktl_fortran_static)
-    ktl_install_pc(ktl_fortran fortran)
+    ktl_install_pc(ktl_fortran fortran -lgfortran)
     # The module file for this compiler, and its source for others.
-    install(FILES $<TARGET_PROPERTY:ktl_fortran,Fortran_MODULE_DIRECTORY>/ktl.mod bindings/fortran/ktl.f90
+    install(FILES $<TARGET_PROPERTY:ktl::ktl_fortran,Fortran_MODULE_DIRECTORY>/ktl.mod bindings/fortran/ktl.f90
             DESTINATION ${KTL_INSTALL_MODULEDIR} COMPONENT fortran)
 endif()
 

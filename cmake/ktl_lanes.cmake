@@ -3,18 +3,31 @@
 #
 # Each set of kernels has the flags of its instructions. They are optimised in every build type, so that no inline
 # function of the standard library is left in them as a copy that another file might be linked to.
+#
+# Off on 64-bit Windows with GCC, which aligns the stack there to 16 bytes only but stores AVX registers on it with
+# instructions that need 32 or 64.
 find_path(KTL_HIGHWAY_INCLUDE_DIR hwy/highway.h)
-if(KTL_HIGHWAY_INCLUDE_DIR AND CMAKE_SYSTEM_PROCESSOR MATCHES "x86_64|AMD64|amd64")
+set(ktl_lane_sets)
+if(CMAKE_SYSTEM_PROCESSOR MATCHES "x86_64|AMD64|amd64" AND CMAKE_SIZEOF_VOID_P EQUAL 8)
+    set(ktl_lane_sets avx2 avx512)
+    set(ktl_lanes_definition KTL_LANES)
+elseif(CMAKE_SYSTEM_PROCESSOR MATCHES "aarch64|ARM64|arm64")
+    set(ktl_lane_sets neon)
+    set(ktl_lanes_definition KTL_NEON_LANES)
+endif()
+if(KTL_HIGHWAY_INCLUDE_DIR AND ktl_lane_sets AND NOT MSVC AND NOT (WIN32 AND CMAKE_CXX_COMPILER_ID STREQUAL GNU))
     set(ktl_have_lanes ON)
 else()
     set(ktl_have_lanes OFF)
 endif()
-option(KTL_VECTOR_LANES "Build the vector kernels for AVX2 and AVX-512 (needs the headers of Highway)" ${ktl_have_lanes})
+option(KTL_VECTOR_LANES "Build the vector kernels: AVX2 and AVX-512, or NEON (needs the headers of Highway)"
+       ${ktl_have_lanes})
 option(KTL_SMALL_KERNELS "Build kernels that compile quickly, for tools/mutants.py" OFF)
 mark_as_advanced(KTL_SMALL_KERNELS)
 
 set(ktl_avx2_flags -mavx2 -mfma -mbmi -mbmi2 -mf16c -maes -mpclmul)
 set(ktl_avx512_flags ${ktl_avx2_flags} -mavx512f -mavx512cd -mavx512vl -mavx512dq -mavx512bw)
+set(ktl_neon_flags -march=armv8-a+crypto) # Highway asks for the latter; nothing here uses it
 
 # ktl_kernels: their objects and the search of one row, which the shared and the static library share.
 function(ktl_add_kernels)
@@ -22,9 +35,14 @@ function(ktl_add_kernels)
                                    ${CMAKE_CURRENT_SOURCE_DIR}/engine/rows/row.cpp)
     ktl_target(ktl_kernels)
     target_include_directories(ktl_kernels PRIVATE ${CMAKE_CURRENT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/include)
-    # Sanitizers multiply the code, which has to stay small there.
-    if(KTL_SMALL_KERNELS OR CMAKE_CXX_FLAGS MATCHES "-fsanitize")
-        target_compile_options(ktl_kernels PRIVATE -O1 -fno-math-errno)
+    if(NOT KTL_THREADS)
+        target_compile_definitions(ktl_kernels PRIVATE KTL_NO_THREADS)
+    endif()
+    # Sanitizers multiply the code, which has to stay small there; other compilers do not know the attribute that inlines it.
+    if(KTL_SMALL_KERNELS OR MSVC OR CMAKE_CXX_FLAGS MATCHES "-fsanitize")
+        if(NOT MSVC)
+            target_compile_options(ktl_kernels PRIVATE -O1 -fno-math-errno)
+        endif()
         target_compile_definitions(ktl_kernels PRIVATE KTL_SMALL_KERNELS)
     else()
         target_compile_options(ktl_kernels PRIVATE -O3 -fno-math-errno)
@@ -32,12 +50,12 @@ function(ktl_add_kernels)
     set_target_properties(ktl_kernels PROPERTIES POSITION_INDEPENDENT_CODE ON CXX_VISIBILITY_PRESET hidden
                                                  VISIBILITY_INLINES_HIDDEN ON)
     if(KTL_VECTOR_LANES)
-        foreach(set IN ITEMS avx2 avx512)
+        foreach(set IN LISTS ktl_lane_sets)
             target_sources(ktl_kernels PRIVATE ${CMAKE_CURRENT_SOURCE_DIR}/engine/kernels/kernels_${set}.cpp)
             set_source_files_properties(engine/kernels/kernels_${set}.cpp PROPERTIES COMPILE_OPTIONS "${ktl_${set}_flags}")
         endforeach()
         target_include_directories(ktl_kernels SYSTEM PRIVATE ${KTL_HIGHWAY_INCLUDE_DIR})
-        target_compile_definitions(ktl_kernels PRIVATE KTL_LANES)
+        target_compile_definitions(ktl_kernels PRIVATE ${ktl_lanes_definition})
     endif()
 endfunction()
 
@@ -45,6 +63,6 @@ endfunction()
 function(ktl_use_kernels target)
     target_sources(${target} PRIVATE $<TARGET_OBJECTS:ktl_kernels>)
     if(KTL_VECTOR_LANES)
-        target_compile_definitions(${target} PRIVATE KTL_LANES)
+        target_compile_definitions(${target} PRIVATE ${ktl_lanes_definition})
     endif()
 endfunction()

@@ -1,13 +1,24 @@
 # ktl_target(name): the settings that every target of this project shares.
 #
-# -ffp-contract=off and no fast-math: the named routines give the same bits with every compiler and at every
-# optimisation level. Warnings are errors in our own builds only, never in a consumer's.
+# No contraction and no fast-math: the same bits with every compiler and at every optimisation level. These options follow
+# those of a surrounding project (CMAKE_CXX_FLAGS, add_compile_options), so they take precedence. Warnings are errors in
+# our own builds only, never in a consumer's.
+if(MSVC)
+    set(ktl_arithmetic_options /fp:precise)
+    set(ktl_warnings /W4)
+else()
+    set(ktl_arithmetic_options -fno-fast-math -ffp-contract=off)
+    set(ktl_warnings -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror)
+endif()
+
 function(ktl_target name)
-    target_compile_features(${name} PUBLIC cxx_std_20)
+    # A target of somebody else that states its standard keeps it; any other gets the one of steam.hpp.
+    target_compile_features(${name} PRIVATE cxx_std_20
+                                    INTERFACE $<$<NOT:$<BOOL:$<TARGET_PROPERTY:CXX_STANDARD>>>:cxx_std_20>)
     set_target_properties(${name} PROPERTIES CXX_EXTENSIONS OFF)
-    target_compile_options(${name} PRIVATE -ffp-contract=off)
+    target_compile_options(${name} PRIVATE ${ktl_arithmetic_options})
     if(PROJECT_IS_TOP_LEVEL)
-        target_compile_options(${name} PRIVATE -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror)
+        target_compile_options(${name} PRIVATE ${ktl_warnings})
     endif()
 endfunction()
 

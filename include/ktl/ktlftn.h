@@ -20,6 +20,8 @@
  * output units (see ktlerr), never by a status: each routine below says what it returns then. A value that
  * is not a number is not reported; it yields not-a-number in bounded work. No routine allocates memory.
  *
+ * Standards: C99 and later, C++98 and later.
+ *
  * Threads: the working records are one per thread, so threads never share a state. ktlerr is one record
  * of the process; counting is atomic, and whoever changes its limits does so before threads start.
  *
@@ -45,12 +47,21 @@
 #ifdef __cplusplus
 #define KTL_IN(type) const type&
 #define KTL_INOUT(type) type&
-#define KTL_THREAD_RECORD extern constinit thread_local KTL_API
 extern "C" {
 #else
 #define KTL_IN(type) const type*
 #define KTL_INOUT(type) type*
-#define KTL_THREAD_RECORD extern _Thread_local KTL_API
+#endif
+
+/* The records of a thread. A library built without threads has one of each; its users see the same definition. */
+#if defined(KTL_NO_THREADS)
+#define KTL_THREAD_RECORD extern KTL_API
+#elif defined(__GNUC__)
+#define KTL_THREAD_RECORD extern KTL_API __thread /* in every standard; never a call to initialise it */
+#elif defined(__cplusplus)
+#define KTL_THREAD_RECORD extern KTL_API thread_local
+#else
+#define KTL_THREAD_RECORD extern KTL_API _Thread_local
 #endif
 
 /* ---- Types -------------------------------------------------------------------------------------------- */
@@ -126,13 +137,24 @@ struct ktl_cu_record {
     double v;        /**< m3/kg, written by comt3 */
     double spare[2]; /**< part of the layout; never read or written */
 };
-KTL_THREAD_RECORD struct ktl_cu_record ktl_cu;
+/** The record ktl_cu of the calling thread. */
+KTL_API struct ktl_cu_record* ktl_cu_of_thread(void);
 
 /** Slope of the saturation line, written by psl1 (and by ktl_tp, which calls it). */
 struct ktl_nt_record {
     double dpdt; /**< (p / 80.3334) d ln p / d theta: about 8.06 times dp/dt in bar/K; 0 before the first */
 };
+/** The record ktl_nt of the calling thread. */
+KTL_API struct ktl_nt_record* ktl_nt_of_thread(void);
+
+/* The records by name. Variables of a thread cannot be exported from a DLL: there the names are calls. */
+#if defined(_WIN32)
+#define ktl_cu (*ktl_cu_of_thread())
+#define ktl_nt (*ktl_nt_of_thread())
+#else
+KTL_THREAD_RECORD struct ktl_cu_record ktl_cu;
 KTL_THREAD_RECORD struct ktl_nt_record ktl_nt;
+#endif
 
 /* ---- The entry ---------------------------------------------------------------------------------------- */
 

@@ -1,10 +1,27 @@
 // What the equations ask of the number type they are written for: double, a dual number, vector lanes.
 #pragma once
 
+#include <cfloat>
 #include <cmath>
 #include <cstddef>
 #include <limits>
 #include <type_traits>
+
+// The equations need the arithmetic of IEEE 754: comparisons with not-a-number, infinities, every rounding where it is written.
+#if defined(__FAST_MATH__) || (defined(__FINITE_MATH_ONLY__) && __FINITE_MATH_ONLY__ != 0) || defined(_M_FP_FAST)
+#error "ktl cannot be compiled with -ffast-math, -Ofast, -ffinite-math-only or /fp:fast"
+#endif
+static_assert(FLT_EVAL_METHOD == 0 || FLT_EVAL_METHOD == 1,
+              "doubles must not be computed with excess precision; on 32-bit x86 compile with -msse2 -mfpmath=sse");
+
+// One to each thread, and constinit. Without threads there is one.
+#if defined(KTL_NO_THREADS)
+#define KTL_THREAD_LOCAL
+#elif defined(__GNUC__)
+#define KTL_THREAD_LOCAL __thread
+#else
+#define KTL_THREAD_LOCAL thread_local
+#endif
 
 namespace ktl {
 
@@ -20,7 +37,7 @@ inline constexpr double quiet_nan = std::numeric_limits<double>::quiet_NaN();
 // One evaluation of a sub-region's equations at a new state. Only the program that measures the work of the
 // finders compiles the library with a counter here.
 #ifdef KTL_COUNT_EVALUATIONS
-inline constinit thread_local long evaluations = 0;
+inline constinit KTL_THREAD_LOCAL long evaluations = 0;
 inline void count_evaluation() { ++evaluations; }
 #else
 constexpr void count_evaluation() {}

@@ -10,7 +10,7 @@ namespace {
 using namespace ktl;
 
 /// Record ktl_s1. Written by comt1 alone, one to a thread.
-constinit thread_local RegionCache<region1::Terms<double>> ktl_s1{};
+constinit KTL_THREAD_LOCAL RegionCache<region1::Terms<double>> ktl_s1{};
 
 const region1::Terms<double>& prepared(double p, double t) {
     constexpr Limits limits{"COMT1 ", ktl_lc.tmin, ktl_lc.t1max};

@@ -10,7 +10,7 @@ namespace {
 using namespace ktl;
 
 /// Record ktl_s2. Written by comt2 alone, one to a thread.
-constinit thread_local RegionCache<region2::Terms<double>> ktl_s2{};
+constinit KTL_THREAD_LOCAL RegionCache<region2::Terms<double>> ktl_s2{};
 
 const region2::Terms<double>& prepared(double p, double t) {
     constexpr Limits limits{"COMT2 ", ktl_lc.t2min, ktl_lc.tmax};

@@ -15,7 +15,7 @@ struct Working {
     double vprev = no_state_yet;
     double tprev = no_state_yet;
 };
-constinit thread_local Working ktl_s3{};
+constinit KTL_THREAD_LOCAL Working ktl_s3{};
 
 /// One report for the pair, whichever of the two is out of range.
 void check_range(double v, double t) {

@@ -1,15 +1,19 @@
 #include "reports/diagnostics.hpp"
 
 #include "reports/format.hpp"
+#include "reports/shared_count.hpp"
 #include "reports/units.hpp"
 
 #include <array>
 #include <atomic>
-#include <chrono>
 #include <cstdlib>
 #include <ktl/ktlftn.h>
 #include <string_view>
+#include <utility>
+#if !defined(KTL_NO_THREADS)
+#include <chrono>
 #include <thread>
+#endif
 
 namespace ktl::reports {
 
@@ -40,12 +44,14 @@ Line error_line(int code, double a, double b) {
     return line;
 }
 
-/// Members of ktlerr are plain integers for the caller; the library reads and counts them atomically.
-int load(int& member) { return std::atomic_ref(member).load(std::memory_order_relaxed); }
-
-/// Ends the program normally. std::exit must run once only: a second thread waits for the end, and a report
-/// from an exit handler of the stopping thread goes on.
+/// Ends the program normally. std::exit must run once only: a report from an exit handler of the stopping thread goes on,
+/// and a second thread waits for the end.
 void stop_program() {
+#if defined(KTL_NO_THREADS)
+    static constinit bool stopping = false;
+    if (std::exchange(stopping, true)) return;
+    std::exit(EXIT_SUCCESS);
+#else
     static constinit std::atomic<bool> stopping{false};
     static constinit thread_local bool stopped_here = false;
     if (!stopping.exchange(true)) {
@@ -54,6 +60,7 @@ void stop_program() {
     }
     if (stopped_here) return;
     for (;;) std::this_thread::sleep_for(std::chrono::seconds(1)); // NOLINT(bugprone-infinite-loop): until the end
+#endif
 }
 
 void stop_lines(int unit, int count) {
@@ -114,7 +121,7 @@ void no_state_sx(double s, double x) {
 
 void ktler(const char* /*name*/, const int& i, const double& a, const double& b) {
     using namespace ktl::reports;
-    const int count = std::atomic_ref(ktlerr.ientry).fetch_add(1, std::memory_order_relaxed) + 1;
+    const int count = count_up(ktlerr.ientry);
     const int unit = load(ktlerr.iunit);
     if (count <= load(ktlerr.nprer)) write_line(unit, error_line(i, a, b));
     if (count > load(ktlerr.maxer)) {

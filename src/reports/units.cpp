@@ -17,9 +17,29 @@ struct Connection {
     FILE* stream;
 };
 
+/// A lock that is ready before any code runs; std::mutex is not, with some libraries of threads. One thread needs none.
+class Lock {
+public:
+#if defined(KTL_NO_THREADS)
+    void lock() {}
+    void unlock() {}
+#else
+    void lock() {
+        while (taken_.test_and_set(std::memory_order_acquire)) taken_.wait(true, std::memory_order_relaxed);
+    }
+    void unlock() {
+        taken_.clear(std::memory_order_release);
+        taken_.notify_one();
+    }
+
+private:
+    std::atomic_flag taken_{};
+#endif
+};
+
 /// Connected units. The lock is held while a line is written, so that a caller who has disconnected a stream
 /// may close it.
-constinit std::mutex lock;
+constinit Lock lock;
 constinit std::array<Connection, 32> connections{};
 constinit std::size_t connected = 0;
 

@@ -28,7 +28,7 @@ file(READ ${SOURCE}/include/ktl/steam.h steam)
 string(REGEX MATCHALL "KTL_API [a-z_* ]+ ktl_[a-z_]+\\(" calls "${steam}")
 list(TRANSFORM calls REPLACE ".* (ktl_[a-z_]+)\\(" "\\1")
 # Records and the routines that return pointers.
-set(wanted_pages ${routines} ${calls} ktlerr ktl_cu ktl_nt ktl_constants ktl_set_line_writer)
+set(wanted_pages ${routines} ${calls} ktlerr ktl_cu ktl_cu_of_thread ktl_nt ktl_nt_of_thread ktl_constants ktl_set_line_writer)
 function(compare what found wanted)
     list(SORT found)
     list(SORT wanted)

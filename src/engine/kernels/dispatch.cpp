@@ -6,6 +6,9 @@ namespace ktl::engine {
 const Kernels* avx2_kernels() noexcept { return nullptr; }
 const Kernels* avx512_kernels() noexcept { return nullptr; }
 #endif
+#if !defined(KTL_NEON_LANES)
+const Kernels* neon_kernels() noexcept { return nullptr; }
+#endif
 
 namespace {
 
@@ -35,6 +38,7 @@ const Kernels& kernels() noexcept {
     static const Kernels* const best = [] {
         if (runs_avx512()) return avx512_kernels();
         if (runs_avx2()) return avx2_kernels();
+        if (neon_kernels() != nullptr) return neon_kernels(); // every 64-bit ARM has them
         return &scalar_kernels();
     }();
     return *best;

@@ -54,6 +54,7 @@ const Kernels& scalar_kernels() noexcept;
 /// Null where the library was built without them.
 const Kernels* avx2_kernels() noexcept;
 const Kernels* avx512_kernels() noexcept;
+const Kernels* neon_kernels() noexcept;
 /// The widest that this machine runs.
 const Kernels& kernels() noexcept;
 

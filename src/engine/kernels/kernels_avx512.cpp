@@ -3,6 +3,8 @@
 
 namespace ktl::engine {
 
+static_assert(HWY_NAMESPACE::Lanes::count == 8, "the flags of the instruction set have no effect");
+
 const Kernels* avx512_kernels() noexcept {
     static constexpr Kernels of_lanes = table<HWY_NAMESPACE::Lanes>("avx512");
     return &of_lanes;

@@ -3,11 +3,20 @@
 
 #include "engine/lanes/elementary.hpp"
 
-#include <bit>
 #include <cmath>
 #include <cstdint>
+#include <cstring>
 
 namespace ktl::engine {
+
+/// The bits of a value as another type. The standard libraries of some compilers have no std::bit_cast yet.
+template <class To, class From>
+To bits_as(const From& from) {
+    static_assert(sizeof(To) == sizeof(From));
+    To to;
+    std::memcpy(&to, &from, sizeof(To));
+    return to;
+}
 
 struct Scalar {
     static constexpr std::size_t count = 1;
@@ -39,16 +48,15 @@ struct Scalar {
     friend Scalar pow(Scalar a, double y) { return power(a, y); }
 
     friend Scalar ldexp_bits(Scalar y, Scalar k) {
-        return std::bit_cast<double>(std::bit_cast<std::uint64_t>(y.value) +
-                                     (std::bit_cast<std::uint64_t>(k.value) << 52));
+        return bits_as<double>(bits_as<std::uint64_t>(y.value) + (bits_as<std::uint64_t>(k.value) << 52));
     }
     friend Scalar split(Scalar x, Scalar& e) {
         constexpr std::uint64_t one = 0x3ff0000000000000;
         constexpr std::uint64_t root_half = 0x3fe6a09e667f3bcd;
         constexpr std::uint64_t two_52 = 0x4330000000000000; // 2^52, whose lowest bits count in units
-        const std::uint64_t shifted = std::bit_cast<std::uint64_t>(x.value) + (one - root_half);
-        e = std::bit_cast<double>((shifted >> 52) | two_52) - (4503599627370496.0 + 1023.0);
-        return std::bit_cast<double>((shifted & 0x000fffffffffffff) + root_half);
+        const std::uint64_t shifted = bits_as<std::uint64_t>(x.value) + (one - root_half);
+        e = bits_as<double>((shifted >> 52) | two_52) - (4503599627370496.0 + 1023.0);
+        return bits_as<double>((shifted & 0x000fffffffffffff) + root_half);
     }
 };
 
