@@ -135,6 +135,15 @@ TEST(Statuses, PressureAndTemperatureChooseTheRegion) {
     }
 }
 
+TEST(Statuses, UndeterminedStatesHaveTheBitsOfTheLine) {
+    for (double t = 0.5; t < ktl_constants()->tc; t += 0.25) {
+        const State found = ktl::state(Pair::pt, ktl_pt(t), t);
+        ASSERT_EQ(found.status(), Status::undetermined) << t;
+        EXPECT_EQ(found.p(), ktl::saturation_pressure(t)) << t;
+        EXPECT_EQ(found.p(), ktl::state(Pair::tx, t, 0.5).p()) << t;
+    }
+}
+
 /// Any two bit patterns, and any near the range: a state has both values, anything else has none.
 TEST(Statuses, AnyBitsAreBorne) {
     ktl::test::Random random(1);

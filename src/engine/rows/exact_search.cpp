@@ -6,6 +6,7 @@
 // values. Saturated phases above 350 degC are the outermost ones of the isotherm (SaturationModel::outermost_roots).
 #include "engine/solution.hpp"
 
+#include "engine/lanes/scalar.hpp"
 #include "engine/pairs.hpp"
 #include "searches/acceptance.hpp"
 #include "searches/isentrope_isochore.hpp"
@@ -77,9 +78,11 @@ Solution at_pressure_temperature(double p, double t) {
     if (const Status status = pressure_within(p); status != Status::solved) return failed(status);
     if (const Status status = temperature_within(t); status != Status::solved) return failed(status);
     const bool subcritical = t <= ktl_lc.tc;
-    const double ps = subcritical ? saturation::terms(t).p : ktl_lc.pca;
+    // The engine's own exp, so that an undetermined state has the bits of saturation_pressure(t) with every C library.
+    const double ps = subcritical ? saturation::terms(Scalar(t)).p.value : ktl_lc.pca;
     if (subcritical && std::fabs(p - ps) <= searches::on_saturation_line * p) {
         Solution out = solution(mixture(saturated_at(t, outermost), quiet_nan));
+        if (out.region == Region::wet) out.liquid = out.vapour = ps;
         out.status = Status::undetermined;
         return out;
     }
