@@ -4,8 +4,8 @@
 # Each set of kernels has the flags of its instructions. They are optimised in every build type, so that no inline
 # function of the standard library is left in them as a copy that another file might be linked to.
 #
-# Off on 64-bit Windows with GCC, which aligns the stack there to 16 bytes only but stores AVX registers on it with
-# instructions that need 32 or 64.
+# Off on 64-bit Windows with GCC: it aligns the stack there to 16 bytes only, and some builds of it store AVX registers on it
+# with instructions that need 32 or 64.
 find_path(KTL_HIGHWAY_INCLUDE_DIR hwy/highway.h)
 set(ktl_lane_sets)
 if(CMAKE_SYSTEM_PROCESSOR MATCHES "x86_64|AMD64|amd64" AND CMAKE_SIZEOF_VOID_P EQUAL 8)

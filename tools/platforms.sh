@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # Builds the library for other platforms, runs the digest of bits (tests/platforms/digest.cpp) on each and compares it with
 # that of the native build: tools/platforms.sh [PLATFORM...], all of them if none is named. Prints the table of
-# docs/platforms.md. Installs the Debian packages that the named platforms need.
+# docs/platforms.md. Installs the Debian packages that the named platforms need. The name "measure" prints what that document
+# says of stack, evaluations and floating-point flags.
 #
 # The kernels are the small ones (KTL_SMALL_KERNELS), except for the lanes of aarch64-lanes: the full ones have the same
 # source and take minutes for each platform. Exit status 1 if a build fails or a bit of the ktl:: calls differs.
@@ -152,6 +153,7 @@ platform() {
     controller)
         need gcc-arm-none-eabi libnewlib-arm-none-eabi libstdc++-arm-none-eabi-newlib
         controller ;;
+    measure) measure ;;
     *) echo "tools/platforms.sh: unknown platform $1; there are: $all" >&2; exit 2 ;;
     esac
 }
@@ -173,6 +175,23 @@ controller() {
         size="$size, $(arm-none-eabi-size "$work/controller/one.elf" | awk 'NR == 2 { printf "%.0f kB", ($1 + $2) / 1000 }') for ${call%%(*}"
     done
     row controller "arm-none-eabi-g++ $(version arm-none-eabi-g++)" scalar "compiled only${size}" - -
+}
+
+# Stack, evaluations and flags, by programs of tools/platforms.
+measure() {
+    local flags="-std=c++20 -O1 -fno-fast-math -ffp-contract=off -Iinclude -Isrc -Itests" name library
+    for name in flags stack; do
+        library=$work/native/src/libktl.a
+        # The kernels of the release build, if there is one, need more stack.
+        if [ $name = stack ] && [ -e build/release/src/libktl.a ]; then library=build/release/src/libktl.a; fi
+        # shellcheck disable=SC2086
+        g++ $flags tools/platforms/$name.cpp "$library" -pthread -o "$work/$name"
+        "$work/$name"
+    done
+    # shellcheck disable=SC2046,SC2086
+    g++ $flags -DKTL_SMALL_KERNELS -DKTL_COUNT_EVALUATIONS tools/platforms/evaluations.cpp \
+        $(find src -name '*.cpp' ! -name 'kernels_[an]*' ! -name silent.cpp) -pthread -o "$work/evaluations"
+    "$work/evaluations"
 }
 
 row platform compiler kernels "run by" "\`ktl::\` calls" "named routines"
