@@ -5,7 +5,7 @@ set -eu
 
 packages="
     g++ clang libclang-rt-dev cmake ninja-build make
-    libcli11-dev libcsv-dev libhwy-dev
+    libcli11-dev libhwy-dev
     gfortran pkg-config mandoc
     libgtest-dev libbenchmark-dev
     libeigen3-dev

@@ -1,12 +1,9 @@
 #include "batch.hpp"
 
-#include "columns.hpp"
-#include "csv.hpp"
-#include "number.hpp"
 #include "progress.hpp"
-#include "states.hpp"
+#include "work.hpp"
 
-#include <cmath>
+#include <algorithm>
 #include <condition_variable>
 #include <exception>
 #include <mutex>
@@ -17,118 +14,18 @@ namespace program {
 
 namespace {
 
-/// What every line is computed by.
-struct Plan {
-    const Pair* pair; ///< null: each line names its own
-    std::size_t width;
-    Columns columns;
-    const Properties& wanted;
-    int digits;
-};
-
-/// A run of lines on its way from record to result, by one thread.
-class Work {
-public:
-    explicit Work(const Plan& plan) : plan_(plan) {
-        for (const Pair& pair : pairs()) states_.emplace_back(pair, plan.wanted);
-    }
-
-    Records records;
-
-    /// Computes the records from the given one on and writes their lines; returns how many have no full result.
-    std::size_t run(std::size_t first, Output::Lines& lines) {
-        for (States& states : states_) states.clear();
-        rows_.clear();
-        for (std::size_t record = first; record < records.size(); ++record) rows_.push_back(read(record));
-        for (States& states : states_) states.solve();
-        std::size_t failures = 0;
-        for (const Row& row : rows_) failures += write(row, lines) ? 0 : 1;
-        return failures;
-    }
-
-private:
-    enum class Fault { none, too_long, empty, width, pair, first, second };
-    struct Row {
-        std::size_t record;
-        Fault fault;
-        const Pair* pair = nullptr;
-        std::size_t state = 0;
-    };
-
-    [[nodiscard]] std::string_view field(const Row& row, std::size_t number) const {
-        return records.field(row.record, number);
-    }
-    States& states(const Row& row) { return states_[static_cast<std::size_t>(row.pair - pairs().data())]; }
-
-    Row read(std::size_t record) {
-        if (records.too_long(record)) return {record, Fault::too_long};
-        if (records.fields(record) == 0) return {record, Fault::empty};
-        if (records.fields(record) != plan_.width) return {record, Fault::width};
-        Row row{record, Fault::none, plan_.pair};
-        if (row.pair == nullptr) row.pair = find_pair(trimmed(field(row, plan_.columns.pair)));
-        if (row.pair == nullptr) return {record, Fault::pair};
-        const auto a = parse_number(field(row, plan_.columns.first));
-        if (!a) return {record, Fault::first, row.pair};
-        const auto b = parse_number(field(row, plan_.columns.second));
-        if (!b) return {record, Fault::second, row.pair};
-        row.state = states(row).add(*a, *b);
-        return row;
-    }
-
-    /// The line of the row; false where it has no full result.
-    bool write(const Row& row, Output::Lines& lines) {
-        for (std::size_t i = 0; i < plan_.width; ++i) // so that the output stays rectangular
-            lines.cell(i < records.fields(row.record) ? field(row, i) : std::string_view{});
-        bool full = row.fault == Fault::none;
-        for (std::size_t k = 0; k < plan_.wanted.size(); ++k) {
-            const double value = row.fault == Fault::none ? states(row).value(row.state, k) : std::nan("");
-            full = full && std::isfinite(value);
-            lines.cell(std::isfinite(value) ? number_(value, plan_.digits) : std::string_view{});
-        }
-        lines.cell(full ? std::string() : error(row));
-        lines.end_line();
-        return full;
-    }
-
-    std::string error(const Row& row) {
-        switch (row.fault) {
-        case Fault::none: return states(row).error(row.state);
-        case Fault::too_long: return "line longer than " + std::to_string(longest_record) + " bytes";
-        case Fault::empty: return "empty line";
-        case Fault::width:
-            return "number of columns: " + std::to_string(records.fields(row.record)) + " instead of " +
-                   std::to_string(plan_.width);
-        case Fault::pair:
-            return "no pair " + in_quotes(trimmed(field(row, plan_.columns.pair))) + "; the pairs are " + pair_names();
-        case Fault::first: return bad_number(row.pair->first, field(row, plan_.columns.first));
-        case Fault::second: break;
-        }
-        return bad_number(row.pair->second, field(row, plan_.columns.second));
-    }
-
-    static std::string bad_number(ktl::Property id, std::string_view text) {
-        return std::string(quantity(id).name) + ": " + in_quotes(text) + " is not a number";
-    }
-
-    const Plan& plan_;
-    std::vector<States> states_; ///< of each pair
-    std::vector<Row> rows_;
-    NumberText number_;
-};
-
 /// Threads that each take a run of records in turn, compute it, and write it in turn.
 class Conveyor {
 public:
-    Conveyor(const Plan& plan, CsvReader& reader, Output& output, Progress& progress)
-        : plan_(plan), reader_(reader), output_(output), progress_(progress) {}
+    Conveyor(const Plan& plan, InputFile& file, CsvReader& reader, Output& output, Progress& progress)
+        : plan_(plan), file_(file), reader_(reader), output_(output), progress_(progress) {}
 
-    /// The first run has been read, with the header as its first record. Returns the number of lines that have no full
-    /// result.
-    std::size_t run(Records first) {
+    /// The first run has been read; its records from the given one on are lines of the file.
+    Summary run(Records first, std::size_t first_record) {
         Work work(plan_);
         work.records = std::move(first);
         const auto lines = output_.lines();
-        finish(work, *lines, {1, 0, reader_.bytes_read()});
+        finish(work, *lines, {first_record, 0, reader_.bytes_read()});
         std::vector<std::thread> helpers;
         const unsigned count = reader_.at_end() ? 1 : std::thread::hardware_concurrency();
         try {
@@ -139,7 +36,7 @@ public:
         for (std::thread& helper : helpers) helper.join();
         if (failure_) std::rethrow_exception(failure_);
         progress_.finish(rows_);
-        return failures_;
+        return {reasons_, rows_};
     }
 
 private:
@@ -162,6 +59,7 @@ private:
         const std::scoped_lock lock(writing_);
         failure_ = std::current_exception();
         broken_ = broken_ || broken;
+        if (broken) file_.stop(); // another thread may wait for input
         turn_.notify_all();
     }
 
@@ -178,19 +76,20 @@ private:
     }
 
     void finish(Work& work, Output::Lines& lines, const Run& run) {
-        const std::size_t failures = work.run(run.first_record, lines);
+        work.run(run.first_record, lines);
         std::unique_lock lock(writing_);
         turn_.wait(lock, [&] { return broken_ || written_ == run.number; });
         if (broken_) return;
         output_.write(lines);
-        failures_ += failures;
-        rows_ += work.records.size() - run.first_record;
+        reasons_.add(work.reasons);
+        rows_ += work.rows;
         progress_.show(rows_, run.bytes);
         ++written_;
         turn_.notify_all();
     }
 
     const Plan& plan_;
+    InputFile& file_;
     CsvReader& reader_;
     Output& output_;
     Progress& progress_;
@@ -201,18 +100,24 @@ private:
 
     std::mutex writing_; // of the output and all below
     std::condition_variable turn_;
-    std::size_t written_ = 0, failures_ = 0, rows_ = 0;
+    std::size_t written_ = 0, rows_ = 0;
+    Reasons reasons_;
     bool broken_ = false;
     std::exception_ptr failure_;
 };
 
-/// The header of the file. Throws UsageError where there is none.
-std::vector<std::string> header_of(const Records& records, const std::string& path) {
+/// The header split at the separator. Throws UsageError if there is none.
+std::vector<std::string> header_of(CsvReader& reader, char separator, const std::string& path) {
+    const Records records = reader.header(separator);
     const std::string name = path == "-" ? "standard input" : in_quotes(path);
     if (records.size() == 0) throw UsageError(name + " is empty; its first line should name the columns");
-    if (records.fields(0) == 0) {
-        throw UsageError("the first line of " + name + " should name the columns; it is " +
-                         (records.too_long(0) ? "longer than " + std::to_string(longest_record) + " bytes" : "empty"));
+    if (records.kind(0) != Records::Kind::row || records.fields(0) == 0) {
+        const bool too_long = records.kind(0) == Records::Kind::too_long;
+        const bool empty = records.fields(0) == 0 && !too_long;
+        throw UsageError("the first line of " + name + " should name the columns; it " +
+                         (empty      ? "is empty"
+                          : too_long ? "is longer than " + std::to_string(longest_record) + " bytes"
+                                     : "has a quote that is not closed"));
     }
     std::vector<std::string> header;
     for (std::size_t i = 0; i < records.fields(0); ++i) {
@@ -223,29 +128,76 @@ std::vector<std::string> header_of(const Records& records, const std::string& pa
     return header;
 }
 
-void write_header(const std::vector<std::string>& header, const Properties& wanted, Output& output) {
-    const auto lines = output.lines();
-    for (const std::string& name : header) lines->cell(name);
+/// How the file is laid out.
+struct Layout {
+    char separator;
+    std::vector<std::string> header;
+    Columns columns;
+};
+
+/// The layout with the given separator or, if none is given, with the first one that finds the columns. The fault of the
+/// one that splits the header into most columns is thrown if none does.
+Layout layout_of(CsvReader& reader, const Pair* pair, const BatchWishes& wishes) {
+    const std::string separators = wishes.separator == '\0' ? ",;\t" : std::string(1, wishes.separator);
+    std::exception_ptr fault;
+    std::size_t most = 0;
+    for (const char separator : separators) {
+        std::vector<std::string> header = header_of(reader, separator, wishes.path);
+        try {
+            const Columns columns = find_columns(header, pair, wishes.columns);
+            return {separator, std::move(header), columns};
+        } catch (const UsageError&) {
+            if (header.size() > most) fault = std::current_exception();
+            most = std::max(most, header.size());
+        }
+    }
+    std::rethrow_exception(fault);
+}
+
+Titles titles_of(const std::vector<std::string>& header, const Properties& wanted, bool all_states) {
+    Titles titles{header, {}};
+    if (all_states) titles.results.emplace_back("state");
     for (const Property* property : wanted)
-        lines->cell(std::string(property->code) + "_" + std::string(property->unit));
-    lines->cell("error");
-    lines->end_line();
-    output.write(*lines);
+        titles.results.push_back(std::string(property->code) + "_" + std::string(property->unit));
+    titles.results.emplace_back("error");
+    return titles;
+}
+
+/// Reads what is there of the file with the header, and gives its place; comments may be before it.
+std::size_t read_first(CsvReader& reader, Records& records) {
+    reader.next(records);
+    std::size_t header = 0;
+    while (records.kind(header) == Records::Kind::comment) ++header;
+    return header;
 }
 
 } // namespace
 
-std::size_t run_batch(const Pair* pair, const std::string& path, const Properties& wanted, bool stats, Output& output) {
-    CsvReader reader(path);
-    Progress progress(stats, reader.size());
+Summary run_batch(const Pair* pair, const BatchWishes& wishes, const Properties& wanted,
+                  const MakeOutput& make_output) {
+    InputFile file(wishes.path);
+    CsvReader reader(file);
+    const Layout layout = layout_of(reader, pair, wishes);
+    if (wishes.decimal_comma && layout.separator == ',')
+        throw UsageError("with --decimal-comma the separator cannot be a comma; use --separator ';' or tab");
+    reader.set_format(layout.separator, layout.header.size());
+    const auto output = make_output(file, layout.separator);
+    Progress progress(wishes.stats, file.size(), output->to_terminal());
+    const Plan plan{pair,
+                    layout.header.size(),
+                    layout.columns,
+                    wanted,
+                    wishes.decimal_comma || layout.separator == ';',
+                    wishes.all_states};
     Records records;
-    reader.next(records);
-    const std::vector<std::string> header = header_of(records, path);
-    const Plan plan{pair, header.size(), find_columns(header, pair), wanted, output.digits()};
-    write_header(header, wanted, output);
-    const std::size_t failures = Conveyor(plan, reader, output, progress).run(std::move(records));
-    output.finish();
-    return failures;
+    const std::size_t header = read_first(reader, records);
+    const auto comments = output->lines();
+    for (std::size_t i = 0; i < header; ++i) comments->comment(records.field(i, 0));
+    output->write(*comments);
+    output->begin(titles_of(layout.header, wanted, wishes.all_states));
+    Summary summary = Conveyor(plan, file, reader, *output, progress).run(std::move(records), header + 1);
+    output->finish();
+    return summary;
 }
 
 } // namespace program

@@ -3,36 +3,29 @@
 #include "number.hpp"
 
 #include <algorithm>
-#include <functional>
-#include <iterator>
 
 namespace program {
 
 namespace {
 
-enum class Match { no, yes, other_unit };
-using Matcher = std::function<Match(const std::string&)>;
+using Header = std::vector<std::string>;
 
-bool letter_or_digit(char c) { return (c >= 'a' && c <= 'z') || (c >= '0' && c <= '9'); }
+bool letter_or_digit(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9'); }
 
-Match match_name(std::string_view name, const std::string& column) {
-    return lower_case(trimmed(column)) == name ? Match::yes : Match::no;
-}
+/// A column's title: the name is what stands before the first character that is no letter or digit, the rest its unit.
+struct Title {
+    std::string name, unit;
 
-/// The column's name is what stands before the first character that is no letter or digit; the rest is its
-/// unit, compared without blanks and marks. Another unit is no match: bar must not be taken for MPa.
-Match match_quantity(const Quantity& q, const std::string& column) {
-    const std::string text = lower_case(trimmed(column));
-    const auto name_end = std::find_if_not(text.begin(), text.end(), letter_or_digit);
-    const std::string_view name(text.begin(), name_end);
-    if (name != q.symbol && name != q.name) return Match::no;
-    std::string unit;
-    std::copy_if(name_end, text.end(), std::back_inserter(unit), [](char c) { return letter_or_digit(c) || c == '%'; });
-    const auto& known = q.unit_spellings;
-    return std::find(known.begin(), known.end(), unit) != known.end() || unit.empty() ? Match::yes : Match::other_unit;
-}
+    explicit Title(std::string_view text) {
+        text = trimmed(text);
+        const auto end = std::find_if_not(text.begin(), text.end(), letter_or_digit);
+        name = lower_case({text.begin(), end});
+        unit = std::string(end, text.end());
+    }
+    [[nodiscard]] bool names(const Quantity& q) const { return name == q.symbol || name == q.name; }
+};
 
-std::string list_of(const std::vector<std::string>& columns) {
+std::string list_of(const Header& columns) {
     constexpr std::size_t most = 20;
     std::string out;
     for (std::size_t i = 0; i < std::min(columns.size(), most); ++i)
@@ -40,41 +33,152 @@ std::string list_of(const std::vector<std::string>& columns) {
     return columns.size() > most ? out + ", ..." : out;
 }
 
-std::size_t find_column(const std::vector<std::string>& header, const std::string& wanted, const Matcher& matcher) {
-    std::vector<std::string> matching;
-    std::string hint;
-    std::size_t place = 0;
-    for (std::size_t i = 0; i < header.size(); ++i) {
-        const Match match = matcher(header[i]);
-        if (match == Match::other_unit) hint = "; " + in_quotes(trimmed(header[i])) + " is not in that unit";
-        if (match != Match::yes) continue;
-        matching.push_back(header[i]);
-        place = i;
-    }
-    if (matching.size() == 1) return place;
-    if (matching.empty()) {
-        throw UsageError("no column for " + wanted + hint + "; the file has, between commas, the columns " +
+bool is_result(const std::string& column) {
+    return std::any_of(properties().begin(), properties().end(),
+                       [&](const Property& p) { return column == std::string(p.code) + "_" + std::string(p.unit); });
+}
+
+/// The first of the result columns right before a last column "error"; the header's size if this program did not write
+/// the file.
+std::size_t first_result(const Header& header) {
+    if (header.empty() || header.back() != "error") return header.size();
+    std::size_t first = header.size() - 1;
+    while (first > 0 && is_result(header[first - 1])) --first;
+    return first;
+}
+
+/// The only place of the matching ones; those from the first result on take precedence.
+std::size_t only_place(const Header& header, std::vector<std::size_t> places, const std::string& wanted,
+                       const std::string& hint) {
+    const std::size_t results = first_result(header);
+    if (!places.empty() && places.back() >= results && results < header.size())
+        std::erase_if(places, [=](std::size_t place) { return place < results; });
+    if (places.size() == 1) return places.front();
+    if (places.empty()) {
+        throw UsageError("no column for " + wanted + hint + "; the file has, between separators, the columns " +
                          list_of(header));
     }
+    Header matching;
+    for (const std::size_t place : places) matching.push_back(header[place]);
     throw UsageError("more than one column for " + wanted + ": " + list_of(matching));
 }
 
-std::size_t find_quantity(const std::vector<std::string>& header, ktl::Property id) {
-    const Quantity& q = quantity(id);
-    const std::string symbol(q.symbol);
-    const std::string wanted = std::string(q.name) + " (" + symbol + " or " + symbol + "_" + std::string(q.unit) + ")";
-    return find_column(header, wanted, [&q](const std::string& column) { return match_quantity(q, column); });
+std::size_t find_named(const Header& header, std::string_view name, bool any_case) {
+    std::vector<std::size_t> places;
+    for (std::size_t i = 0; i < header.size(); ++i) {
+        const std::string column(trimmed(header[i]));
+        if (any_case ? lower_case(column) == name : column == trimmed(name)) places.push_back(i);
+    }
+    return only_place(header, places, in_quotes(name), "");
 }
 
-std::size_t find_name(const std::vector<std::string>& header, std::string_view name) {
-    return find_column(header, in_quotes(name), [name](const std::string& column) { return match_name(name, column); });
+struct Place {
+    std::size_t column;
+    Measure measure;
+};
+
+Place find_quantity(const Header& header, const Quantity& q, const Atmosphere& atmosphere) {
+    std::vector<std::size_t> places;
+    std::string hint;
+    for (std::size_t i = 0; i < header.size(); ++i) {
+        const Title title(header[i]);
+        if (!title.names(q)) continue;
+        try {
+            measure_of(q, title.unit, atmosphere);
+            places.push_back(i);
+        } catch (const UsageError& fault) {
+            hint = "; column " + in_quotes(trimmed(header[i])) + ": " + fault.what();
+        }
+    }
+    const std::string symbol(q.symbol);
+    const std::string wanted = std::string(q.name) + " (" + symbol + " or " + symbol + "_" + std::string(q.unit) + ")";
+    const std::size_t place = only_place(header, places, wanted, hint);
+    return {place, measure_of(q, Title(header[place]).unit, atmosphere)};
+}
+
+/// What the caller chose for one name: the title on its left, the column on its right.
+struct Choice {
+    Title title;
+    std::string column;
+};
+
+std::vector<Choice> choices_of(const std::string& text) {
+    std::vector<Choice> choices;
+    for (std::size_t begin = 0; !text.empty() && begin <= text.size();) {
+        const std::size_t end = std::min(text.find(',', begin), text.size());
+        const std::string part = text.substr(begin, end - begin);
+        const std::size_t equals = part.find('=');
+        if (equals == std::string::npos)
+            throw UsageError("--columns: " + in_quotes(part) + " should be as in p=P_in or p_MPa=P_in");
+        choices.push_back({Title(part.substr(0, equals)), part.substr(equals + 1)});
+        begin = end + 1;
+    }
+    return choices;
+}
+
+/// The unit that a chosen column's own name has in brackets at its end. A name that could end in a unit in another way is
+/// refused: T_F may be of the feed or in Fahrenheit.
+std::string unit_of_column(const Quantity& q, std::string_view column) {
+    column = trimmed(column);
+    const char last = column.empty() ? '\0' : column.back();
+    const std::size_t open = last == ']' ? column.rfind('[') : last == ')' ? column.find('(') : std::string_view::npos;
+    if (open != std::string_view::npos) return std::string(column.substr(open));
+    const std::size_t mark = column.find_last_of(" _");
+    if (mark != std::string_view::npos && ktl::units::find(q.dimension, column.substr(mark + 1))) {
+        throw UsageError("--columns: is " + in_quotes(column) + " in " + std::string(column.substr(mark + 1)) +
+                         "? Say so on the left of '=', or " + std::string(q.symbol) + "_" + std::string(q.unit) +
+                         " for ktl's unit");
+    }
+    return {};
+}
+
+Place chosen_or_found(const Header& header, const Quantity& q, const std::vector<Choice>& choices,
+                      const Atmosphere& atmosphere) {
+    for (const Choice& choice : choices) {
+        if (!choice.title.names(q)) continue;
+        const std::size_t place = find_named(header, choice.column, false);
+        const std::string unit = choice.title.unit.empty() ? unit_of_column(q, header[place]) : choice.title.unit;
+        return {place, measure_of(q, unit, atmosphere)};
+    }
+    return find_quantity(header, q, atmosphere);
+}
+
+std::size_t chosen_or_named(const Header& header, std::string_view name, const std::vector<Choice>& choices) {
+    for (const Choice& choice : choices)
+        if (choice.title.name == name) return find_named(header, choice.column, false);
+    return find_named(header, name, true);
+}
+
+void check_names(const std::vector<Choice>& choices, const Pair* pair) {
+    for (const Choice& choice : choices) {
+        const bool used =
+            pair == nullptr
+                ? choice.title.name == "pair" || choice.title.name == "first" || choice.title.name == "second"
+                : choice.title.names(quantity(pair->first)) || choice.title.names(quantity(pair->second));
+        if (!used) throw UsageError("--columns: the pair has no " + in_quotes(choice.title.name));
+    }
 }
 
 } // namespace
 
-Columns find_columns(const std::vector<std::string>& header, const Pair* pair) {
-    if (pair == nullptr) return {find_name(header, "first"), find_name(header, "second"), find_name(header, "pair")};
-    return {find_quantity(header, pair->first), find_quantity(header, pair->second), 0};
+Columns find_columns(const std::vector<std::string>& header, const Pair* pair, const ColumnWishes& wishes) {
+    const auto choices = choices_of(wishes.chosen);
+    check_names(choices, pair);
+    Columns found;
+    if (first_result(header) + 1 < header.size()) found.error = header.size() - 1;
+    if (pair == nullptr) {
+        found.first = chosen_or_named(header, "first", choices);
+        found.second = chosen_or_named(header, "second", choices);
+        found.pair = chosen_or_named(header, "pair", choices);
+        return found;
+    }
+    const Place first = chosen_or_found(header, quantity(pair->first), choices, wishes.atmosphere);
+    const Place second = chosen_or_found(header, quantity(pair->second), choices, wishes.atmosphere);
+    found.first = first.column;
+    found.second = second.column;
+    found.first_unit = first.measure;
+    found.second_unit = second.measure;
+    return found;
 }
 
 } // namespace program

@@ -1,14 +1,6 @@
 #include "csv.hpp"
 
-#include "number.hpp"
-#include "tables.hpp"
-
 #include <algorithm>
-#include <cerrno>
-#include <cstring>
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
 
 namespace program {
 
@@ -16,131 +8,240 @@ namespace {
 
 constexpr std::string_view byte_order_mark = "\xEF\xBB\xBF";
 constexpr std::size_t bytes_at_once = std::size_t{1} << 18;
+constexpr std::size_t longest_preamble = 2 * longest_record; // comments before the header, bytes
 
-/// Blanks belong to their field (RFC 4180); libcsv would strip them.
-int no_blank(unsigned char /*c*/) { return 0; }
+bool is_line_end(char c) { return c == '\n' || c == '\r'; }
 
-[[noreturn]] void fail(const std::string& path) {
-    throw UsageError("cannot read " + in_quotes(path) + ": " + std::strerror(errno));
+/// Line ends in the text; CR LF counts once if the text has both.
+std::size_t count_line_ends(std::string_view text) {
+    std::size_t count = 0;
+    for (std::size_t i = 0; i < text.size(); ++i)
+        if (text[i] == '\n' || (text[i] == '\r' && (i + 1 == text.size() || text[i + 1] != '\n'))) ++count;
+    return count;
 }
 
 } // namespace
 
-void Records::drop_open_fields() {
-    ends_.resize(records_.empty() ? 0 : records_.back().end);
-    text_.resize(ends_.empty() ? 0 : ends_.back());
-}
-
-void Records::take_open_fields(Records& other) {
+void Records::clear() {
     text_.clear();
     ends_.clear();
     records_.clear();
-    const std::size_t closed = other.records_.empty() ? 0 : other.records_.back().end;
-    const std::size_t begin = closed == 0 ? 0 : other.ends_[closed - 1];
-    text_.append(other.text_, begin);
-    for (std::size_t i = closed; i < other.ends_.size(); ++i) ends_.push_back(other.ends_[i] - begin);
-    other.drop_open_fields();
 }
 
-CsvReader::CsvReader(const std::string& path)
-    : path_(path), file_(path == "-" ? STDIN_FILENO : ::open(path.c_str(), O_RDONLY | O_CLOEXEC)),
-      buffer_(bytes_at_once) {
-    if (file_ < 0) fail(path_);
-    start_parser();
+/// Of the fields that no record holds yet, leaves the first so many.
+void Records::drop_open_fields(std::size_t kept) {
+    ends_.resize(first(records_.size()) + kept);
+    text_.resize(ends_.empty() ? 0 : ends_.back());
 }
 
-CsvReader::~CsvReader() {
-    csv_free(&parser_);
-    if (file_ != STDIN_FILENO) ::close(file_);
-}
-
-void CsvReader::start_parser() {
-    csv_init(&parser_, CSV_REPALL_NL); // every line end is reported, so that empty lines count
-    csv_set_space_func(&parser_, no_blank);
-}
-
-void CsvReader::on_field(void* text, std::size_t size, void* reader) {
-    auto& self = *static_cast<CsvReader*>(reader);
-    self.current_.add_field({static_cast<const char*>(text), size});
-    self.after_cr_ = false;
-}
-
-void CsvReader::on_row(int end, void* reader) {
-    auto& self = *static_cast<CsvReader*>(reader);
-    const bool second_half = self.after_cr_ && end == '\n'; // of CR LF
-    self.after_cr_ = end == '\r';
-    if (second_half) return;
-    self.current_.end_record(false);
-    self.record_bytes_ = 0;
-}
-
-/// Gives the record up and reads on at the next line end, quoted or not.
-void CsvReader::drop_record() {
-    csv_free(&parser_);
-    start_parser();
-    current_.drop_open_fields();
-    current_.end_record(true);
-    record_bytes_ = 0;
-    skipping_ = true;
-}
-
-/// Bytes up to a line end at most.
-void CsvReader::feed_line(std::string_view bytes) {
-    if (!skipping_) {
-        record_bytes_ += bytes.size();
-        if (csv_parse(&parser_, bytes.data(), bytes.size(), on_field, on_row, this) != bytes.size())
-            throw UsageError("cannot read " + in_quotes(path_) + ": " + csv_strerror(csv_error(&parser_)));
-        if (record_bytes_ > longest_record) drop_record();
-    }
-    if (bytes.ends_with('\n')) skipping_ = false;
-}
-
-void CsvReader::feed(std::string_view bytes) {
-    while (at_start_ && !bytes.empty()) {
-        if (bytes.front() != byte_order_mark[mark_bytes_]) {
-            feed_line(byte_order_mark.substr(0, mark_bytes_));
-            at_start_ = false;
-        } else {
-            bytes.remove_prefix(1);
-            at_start_ = ++mark_bytes_ < byte_order_mark.size();
-        }
-    }
-    while (!bytes.empty()) {
-        const std::size_t line = std::min(bytes.find('\n'), bytes.size() - 1) + 1;
-        feed_line(bytes.substr(0, line));
-        bytes.remove_prefix(line);
-    }
+CsvReader::CsvReader(InputFile& file) : file_(file) {
+    while (bytes_.size() < byte_order_mark.size() && !at_end_ && byte_order_mark.starts_with(bytes_)) fill();
+    if (bytes_.starts_with(byte_order_mark)) begin_ = byte_order_mark.size();
 }
 
 void CsvReader::fill() {
-    const ssize_t count = ::read(file_, buffer_.data(), buffer_.size());
-    if (count < 0 && errno != EINTR) fail(path_);
-    if (count > 0) {
-        bytes_read_ += static_cast<std::size_t>(count);
-        feed({buffer_.data(), static_cast<std::size_t>(count)});
+    const std::size_t before = bytes_.size();
+    bytes_.resize(before + bytes_at_once);
+    const std::size_t count = file_.read({bytes_.data() + before, bytes_at_once});
+    bytes_.resize(before + count);
+    bytes_read_ += count;
+    at_end_ = count == 0 || file_.ended();
+}
+
+Records CsvReader::header(char separator) {
+    const std::size_t begin = begin_;
+    separator_ = separator;
+    Records records;
+    while (begin_ - begin < longest_preamble) {
+        records.clear();
+        if (take(records)) {
+            if (records.kind(0) != Kind::comment) break;
+        } else if (at_end_ || bytes_.size() - begin > longest_preamble) {
+            break;
+        } else {
+            fill();
+        }
     }
-    if (count == 0) {
-        at_end_ = true;
-        csv_fini(&parser_, on_field, on_row, this);
-    }
+    begin_ = begin;
+    line_ = 1;
+    waited_for_ = 0;
+    after_cr_ = skipping_ = false;
+    if (records.size() != 0 && records.kind(0) == Kind::comment) records.clear();
+    return records;
+}
+
+void CsvReader::set_format(char separator, std::size_t columns) {
+    separator_ = separator;
+    columns_ = columns;
 }
 
 bool CsvReader::next(Records& records) {
-    while (current_.size() == 0 && !at_end_) fill();
-    std::swap(records, current_);
-    current_.take_open_fields(records);
-    return records.size() != 0;
+    records.clear();
+    for (;;) {
+        while (take(records)) {
+        }
+        if (records.size() != 0 || at_end_) return records.size() != 0;
+        bytes_.erase(0, begin_); // given out, or part of a line that is too long
+        waited_for_ -= std::min(waited_for_, begin_);
+        begin_ = 0;
+        fill();
+    }
 }
 
-std::optional<std::size_t> CsvReader::size() const {
-    struct stat about {};
-    if (::fstat(file_, &about) != 0 || !S_ISREG(about.st_mode)) return std::nullopt;
-    return static_cast<std::size_t>(about.st_size);
+/// Takes the next record out of the bytes; false if no whole one is there.
+bool CsvReader::take(Records& records) {
+    if (after_cr_ && begin_ < bytes_.size()) {
+        if (bytes_[begin_] == '\n') ++begin_;
+        after_cr_ = false;
+    }
+    if (skipping_ && !skip_long_line()) return false;
+    if (begin_ == bytes_.size()) return false;
+    if (!at_end_ && waited_for_ > begin_ && bytes_.size() - begin_ <= longest_record &&
+        std::none_of(bytes_.begin() + static_cast<std::ptrdiff_t>(waited_for_), bytes_.end(), is_line_end))
+        return false;
+    return scan(records) == Scan::complete;
 }
 
-void add_csv_field(std::string& line, std::string_view field) {
-    const auto special = [](char c) { return c == ',' || c == '"' || c == '\r' || c == '\n'; };
-    if (std::none_of(field.begin(), field.end(), special)) {
+bool CsvReader::skip_long_line() {
+    at_ = end_of_line(begin_);
+    const bool found = at_ != std::string::npos;
+    if (!found) at_ = bytes_.size();
+    skipping_ = !found;
+    lines_ = 1;
+    consume_line_end();
+    return found;
+}
+
+std::size_t CsvReader::end_of_line(std::size_t from) const {
+    const auto at = std::find_if(bytes_.begin() + static_cast<std::ptrdiff_t>(from), bytes_.end(), is_line_end);
+    return at == bytes_.end() ? std::string::npos : static_cast<std::size_t>(at - bytes_.begin());
+}
+
+bool CsvReader::ends_field(std::size_t at) const {
+    return at == bytes_.size() || bytes_[at] == separator_ || is_line_end(bytes_[at]);
+}
+
+CsvReader::Scan CsvReader::scan(Records& records) {
+    if (bytes_[begin_] == '#') return scan_comment(records);
+    at_ = quote_ = begin_;
+    lines_ = 1;
+    before_quote_ = 0;
+    if (is_line_end(bytes_[at_])) return finish(records, Kind::row);
+    for (;;) {
+        const bool quoted = at_ < bytes_.size() && bytes_[at_] == '"';
+        const std::size_t known = records.size();
+        const Scan scanned = quoted ? scan_quoted_field(records) : scan_plain_field(records);
+        if (scanned == Scan::more || records.size() != known) return scanned; // a broken record is complete
+        const bool joined = lines_ > 1 && columns_ != 0;
+        if (joined && records.open_fields() > columns_) return broken(records, Kind::wrong_width);
+        if (at_ < bytes_.size() && bytes_[at_] == separator_) {
+            ++at_;
+            continue;
+        }
+        if (joined && records.open_fields() != columns_) return broken(records, Kind::wrong_width);
+        return finish(records, Kind::row);
+    }
+}
+
+CsvReader::Scan CsvReader::scan_comment(Records& records) {
+    lines_ = 1;
+    at_ = end_of_line(begin_);
+    if (at_ == std::string::npos) {
+        at_ = bytes_.size();
+        if (!at_end_) return wait_for_more(records);
+    }
+    records.add_field(std::string_view(bytes_).substr(begin_, at_ - begin_));
+    return finish(records, Kind::comment);
+}
+
+CsvReader::Scan CsvReader::scan_plain_field(Records& records) {
+    std::size_t end = at_;
+    while (!ends_field(end)) ++end;
+    if (end == bytes_.size() && !at_end_) return wait_for_more(records);
+    records.add_field(std::string_view(bytes_).substr(at_, end - at_));
+    at_ = end;
+    return Scan::complete;
+}
+
+CsvReader::Scan CsvReader::scan_quoted_field(Records& records) {
+    if (lines_ == 1) {
+        quote_ = at_;
+        before_quote_ = records.open_fields();
+    }
+    for (++at_;;) {
+        const std::size_t close = std::min(bytes_.find('"', at_), bytes_.size());
+        const auto piece = std::string_view(bytes_).substr(at_, close - at_);
+        lines_ += count_line_ends(piece);
+        if (lines_ > most_lines) return broken(records, Kind::no_end);
+        if (close + 1 >= bytes_.size() && !at_end_) return wait_for_more(records); // another quote may follow
+        if (close == bytes_.size()) return broken(records, Kind::no_end);
+        records.text_ += piece;
+        at_ = close + 1;
+        if (at_ == bytes_.size() || bytes_[at_] != '"') break;
+        records.text_ += '"';
+        ++at_;
+    }
+    if (!ends_field(at_)) return broken(records, Kind::text_after_quote);
+    records.ends_.push_back(records.text_.size());
+    return Scan::complete;
+}
+
+/// No whole record is there. More bytes are needed, unless it is too long already.
+CsvReader::Scan CsvReader::wait_for_more(Records& records) {
+    const bool too_long = bytes_.size() - begin_ > longest_record;
+    return too_long && lines_ > 1 ? broken(records, Kind::no_end) : wait_for_line_end(records);
+}
+
+/// The first line of the record has no end yet. One that is too long becomes a record of the fields before that.
+CsvReader::Scan CsvReader::wait_for_line_end(Records& records) {
+    if (bytes_.size() - begin_ <= longest_record) {
+        records.drop_open_fields(0);
+        waited_for_ = bytes_.size();
+        return Scan::more;
+    }
+    records.drop_open_fields(records.open_fields()); // and text of a field that is open
+    records.records_.push_back({records.ends_.size(), line_, 0, Kind::too_long});
+    begin_ = bytes_.size();
+    skipping_ = true;
+    return Scan::complete;
+}
+
+/// The quoted field that opens in the first line is none: this line becomes a record of its own, with the rest from the
+/// quote on as its last field.
+CsvReader::Scan CsvReader::broken(Records& records, Kind kind) {
+    const bool ended = kind == Kind::no_end && at_end_ && lines_ <= most_lines && is_line_end(bytes_.back());
+    const std::size_t quoted_lines = ended ? lines_ - 1 : lines_; // no line begins behind the last line end
+    lines_ = 1;
+    at_ = end_of_line(quote_);
+    if (at_ == std::string::npos) {
+        at_ = bytes_.size();
+        if (!at_end_) return wait_for_line_end(records);
+    }
+    records.drop_open_fields(before_quote_);
+    records.add_field(std::string_view(bytes_).substr(quote_, at_ - quote_));
+    const Scan done = finish(records, kind);
+    records.records_.back().quoted_lines = quoted_lines;
+    return done;
+}
+
+/// Makes a record of the open fields; the next one begins behind the line end at at_.
+CsvReader::Scan CsvReader::finish(Records& records, Kind kind) {
+    records.records_.push_back({records.ends_.size(), line_, 0, kind});
+    consume_line_end();
+    return Scan::complete;
+}
+
+void CsvReader::consume_line_end() {
+    begin_ = at_;
+    if (begin_ == bytes_.size()) return;
+    after_cr_ = bytes_[begin_] == '\r';
+    ++begin_;
+    line_ += lines_;
+}
+
+void add_csv_field(std::string& line, std::string_view field, char separator) {
+    const auto special = [=](char c) { return c == separator || c == '"' || is_line_end(c); };
+    if (!field.starts_with('#') && std::none_of(field.begin(), field.end(), special)) {
         line += field;
         return;
     }

@@ -1,12 +1,13 @@
 // The command-line program ktl: properties of one state, or of every line of a CSV file.
 #include "batch.hpp"
+#include "completion.hpp"
+#include "help.hpp"
 #include "number.hpp"
-#include "states.hpp"
+#include "single.hpp"
+#include "suggestion.hpp"
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
-#include <cmath>
-#include <iomanip>
 #include <iostream>
 #include <ktl/version.h>
 
@@ -17,12 +18,16 @@ using namespace program;
 enum ExitStatus { all_found = 0, state_missing = 1, wrong_use = 2 };
 
 constexpr const char* every_state_codes = "P,T,V,H,S,X";
+constexpr const char* shells = "bash zsh fish";
 
 struct Arguments {
-    std::string pair, first, second, file;
+    std::string pair, first, second, shell;
     std::string codes = every_state_codes;
     std::string format = "csv";
-    bool stats = false;
+    std::string output, atmosphere, separator;
+    int digits = 0; // none given
+    bool json = false;
+    BatchWishes batch;
 };
 
 std::string version() {
@@ -30,138 +35,196 @@ std::string version() {
            std::to_string(KTL_VERSION_PATCH);
 }
 
-std::string property_help() {
-    std::string text = "Properties, upper or lower case, separated by commas:\n";
-    bool one_phase = false;
-    for (const Property& p : properties()) {
-        if (p.one_phase && !one_phase) text += "and, where there is one phase:\n";
-        one_phase = p.one_phase;
-        std::string line = "  " + std::string(p.code);
-        line.append(10 - line.size(), ' ');
-        line += p.unit;
-        line.append(22 - line.size(), ' ');
-        text += line + std::string(p.meaning) + "\n";
-    }
-    return text + "X is 0 in water and 1 in steam.\n";
-}
-
-constexpr const char* range_help = "Range: 0.01 to 800 degC, 0.006112444 to 1000 bar.\n";
-constexpr const char* exit_help =
-    "Exit status: 0 all results found, 1 a state has no result, 2 wrong use or unreadable file.\n";
-
-constexpr const char* batch_help =
-    "The file starts with a line of column names. The two columns of the pair are found by name: the letter or\n"
-    "the name of the quantity, alone or with its unit (p, P_bar, pressure [bar]). With the pair \"auto\" the file\n"
-    "has the columns pair, first and second, and each line names its own pair.\n\n"
-    "Each line of the file yields one line, in order: its columns, one column for each property, and a column\n"
-    "\"error\". A line without a state keeps the property columns empty and says why in the last one; no line\n"
-    "ends the run. Extra columns of a line that has too many are dropped. CSV carries 10 digits and streams;\n"
-    "a table carries 7 digits and is printed once all lines are read. All cores compute. A terminal shows how far\n"
-    "it has come.\n\n"
-    "Examples:\n"
-    "  ktl batch ph states.csv T,V,S\n"
-    "  ktl batch auto examples/heat_balance.csv P,T,V,H,S,X --format table\n";
-
 std::string quantity_help(ktl::Property id) {
     const Quantity& q = quantity(id);
     return std::string(q.name) + ", " + std::string(q.unit);
 }
 
-double number_argument(ktl::Property id, const std::string& text) {
-    const auto value = parse_number(text);
-    if (!value) throw UsageError(std::string(quantity(id).name) + ": " + in_quotes(text) + " is not a number");
-    return *value;
-}
-
 ExitStatus single(const Pair& pair, const Arguments& arguments) {
     const auto wanted = parse_codes(arguments.codes);
-    const double first = number_argument(pair.first, arguments.first);
-    const double second = number_argument(pair.second, arguments.second);
-    States states(pair, wanted);
-    const std::size_t row = states.add(first, second);
-    states.solve();
-    NumberText number;
-    std::vector<std::string> shown;
-    std::size_t widest = 0, longest_code = 2;
-    bool any = false;
-    for (std::size_t i = 0; i < wanted.size(); ++i) {
-        const double value = states.value(row, i);
-        any = any || std::isfinite(value);
-        shown.emplace_back(std::isfinite(value) ? number(value, result_digits) : "-");
-        widest = std::max(widest, shown.back().size());
-        longest_code = std::max(longest_code, wanted[i]->code.size());
-    }
-    for (std::size_t i = 0; any && i < wanted.size(); ++i) {
-        std::cout << std::left << std::setw(static_cast<int>(longest_code) + 2) << wanted[i]->code
-                  << std::setw(static_cast<int>(widest)) << shown[i] << " " << wanted[i]->unit << "\n";
-    }
-    if (!std::cout.flush()) throw UsageError("cannot write the results");
-    const std::string error = states.error(row);
+    SingleWishes wishes;
+    wishes.first = arguments.first;
+    wishes.second = arguments.second;
+    wishes.atmosphere = atmosphere_of(arguments.atmosphere);
+    wishes.digits = arguments.digits != 0 ? arguments.digits : result_digits;
+    wishes.json = arguments.json;
+    wishes.all_states = arguments.batch.all_states;
+    OutputFile file(arguments.output);
+    const std::string error = run_single(pair, wanted, wishes, file);
     if (error.empty()) return all_found;
     std::cerr << "ktl: " << error << "\n";
     return state_missing;
 }
 
+/// '\0' if none was given.
+char separator_of(const std::string& text) {
+    if (text == "tab" || text == "\\t") return '\t';
+    if (text.empty() || text == "," || text == ";" || text == "\t") return text.empty() ? '\0' : text.front();
+    throw UsageError("--separator: " + in_quotes(text) + " should be ',' or ';' or tab");
+}
+
 ExitStatus batch(const Arguments& arguments) {
     const Pair* pair = find_pair(arguments.pair);
-    if (pair == nullptr && lower_case(arguments.pair) != "auto")
-        throw UsageError("no pair " + in_quotes(arguments.pair) + "; the pairs are " + pair_names() + " and auto");
+    if (pair == nullptr && lower_case(arguments.pair) != "auto") {
+        throw UsageError("no pair " + in_quotes(arguments.pair) + did_you_mean(arguments.pair, pair_names()) +
+                         "; the pairs are " + pair_names() + " and auto");
+    }
     const auto wanted = parse_codes(arguments.codes);
-    const auto output = arguments.format == "table" ? table_output() : csv_output();
-    const std::size_t failures = run_batch(pair, arguments.file, wanted, arguments.stats, *output);
-    if (failures == 0) return all_found;
-    std::cerr << "ktl: " << failures << (failures == 1 ? " line has" : " lines have") << " no full result\n";
+    BatchWishes wishes = arguments.batch;
+    wishes.columns.atmosphere = atmosphere_of(arguments.atmosphere);
+    wishes.separator = separator_of(arguments.separator);
+    const std::string format = arguments.json ? "json" : arguments.format;
+    const int usual_digits = format == "table" ? table_digits : result_digits;
+    std::unique_ptr<OutputFile> file;
+    const auto make_output = [&](const InputFile& input, char separator) {
+        file = std::make_unique<OutputFile>(arguments.output, &input);
+        const Format look{arguments.digits != 0 ? arguments.digits : usual_digits, separator, wishes.decimal_comma};
+        return format == "table"  ? table_output(*file, look)
+               : format == "json" ? json_output(*file, look)
+                                  : csv_output(*file, look);
+    };
+    const Summary summary = run_batch(pair, wishes, wanted, make_output);
+    const std::string failures = summary.reasons.text(summary.rows);
+    if (failures.empty()) return all_found;
+    std::cerr << "ktl: " << failures;
     return state_missing;
 }
 
-void add_commands(CLI::App& app, Arguments& arguments) {
+/// What single states and files have in common.
+void add_common_options(CLI::App& command, Arguments& arguments) {
+    command.add_option("properties", arguments.codes, "Wanted properties")->capture_default_str();
+    command.add_option("--digits", arguments.digits, "Significant digits of results, 1 to 17")
+        ->check(CLI::Range(1, all_digits))
+        ->type_name("NUMBER");
+    command.add_option("-o,--output", arguments.output, "File to write to in place of standard output")
+        ->type_name("FILE");
+    command.add_option("--atmosphere", arguments.atmosphere, "Pressure that gauge pressures are above, as in 1.013bar")
+        ->type_name("PRESSURE");
+    command.add_flag("--all-states", arguments.batch.all_states,
+                     "All states that have the two values; both saturated phases if p and t leave the quality open");
+}
+
+void add_single_commands(CLI::App& app, Arguments& arguments) {
     for (const Pair& pair : pairs()) {
         const std::string about = "State from " + quantity_help(pair.first) + ", and " + quantity_help(pair.second);
         CLI::App* command = app.add_subcommand(std::string(pair.name), about);
         command->add_option("first", arguments.first, quantity_help(pair.first))->required()->type_name("NUMBER");
         command->add_option("second", arguments.second, quantity_help(pair.second))->required()->type_name("NUMBER");
-        command->add_option("properties", arguments.codes, "Wanted properties")->capture_default_str();
-        command->footer("\n" + property_help() + range_help + exit_help);
+        add_common_options(*command, arguments);
+        command->add_flag("--json", arguments.json, "Write a JSON object");
+        command->footer(single_help());
     }
-    CLI::App* command = app.add_subcommand("batch", "States from a CSV file, one on each line");
-    command->add_option("pair", arguments.pair, "The pair of every line (" + pair_names() + "), or auto")->required();
-    command->add_option("file", arguments.file, "CSV file, - for standard input")->required();
-    command->add_option("properties", arguments.codes, "Wanted properties")->capture_default_str();
-    command->add_option("--format", arguments.format, "csv, or table for reading")
-        ->capture_default_str()
-        ->check(CLI::IsMember({"csv", "table"}));
-    command->add_flag("--stats", arguments.stats, "Tell the number of rows and the rate at the end");
-    command->footer("\n" + std::string(batch_help) + "\n" + property_help() + range_help + exit_help);
 }
 
-ExitStatus run(int argc, char** argv) {
+void add_batch_command(CLI::App& app, Arguments& arguments) {
+    CLI::App* command = app.add_subcommand("batch", "States from a CSV file, one on each line");
+    command->add_option("pair", arguments.pair, "The pair of every line (" + pair_names() + "), or auto")->required();
+    command->add_option("file", arguments.batch.path, "CSV file, - for standard input")->required();
+    add_common_options(*command, arguments);
+    command->add_option("--format", arguments.format, "csv, table for reading, or json, an object for each line")
+        ->capture_default_str()
+        ->check(CLI::IsMember({"csv", "table", "json"}));
+    command->add_flag("--json", arguments.json, "The same as --format json");
+    command->add_option("--columns", arguments.batch.columns.chosen, "Which column is which: p=P_in,t_K=T_in")
+        ->type_name("LIST");
+    command->add_option("--separator", arguments.separator, "Between columns: ',' or ';' or tab")
+        ->type_name("CHARACTER");
+    command->add_flag("--decimal-comma", arguments.batch.decimal_comma, "Read and write 0,5 for 0.5");
+    command->add_flag("--stats", arguments.batch.stats, "Tell the number of rows and the rate at the end");
+    command->footer(batch_help());
+}
+
+void add_completion_command(CLI::App& app, Arguments& arguments) {
+    CLI::App* command = app.add_subcommand("completion", "Script that completes the arguments of ktl in a shell");
+    command->add_option("shell", arguments.shell, "bash, zsh or fish")
+        ->required()
+        ->check(CLI::IsMember({"bash", "zsh", "fish"}));
+}
+
+ExitStatus completion(const CLI::App& app, const std::string& shell) {
+    std::string codes;
+    for (const Property& p : properties()) codes += (codes.empty() ? "" : " ") + std::string(p.code);
+    const Words words{{"pair", pair_names() + " auto"},
+                      {"file", "FILE"},
+                      {"properties", codes},
+                      {"format", "csv table json"},
+                      {"output", "FILE"},
+                      {"shell", shells},
+                      {"separator", "tab"},
+                      {"columns", std::string()}};
+    OutputFile out("");
+    out.write(completion_script(app, words, shell));
+    return all_found;
+}
+
+std::string command_names(const CLI::App& app) {
+    std::string out;
+    for (const CLI::App* command : app.get_subcommands(nullptr)) out += (out.empty() ? "" : " ") + command->get_name();
+    return out;
+}
+
+/// Names an unknown command or option, which CLI11 would not always do.
+void check_words(const CLI::App& app, const std::vector<std::string>& words) {
+    const CLI::App* reader = &app;
+    if (!words.empty() && !words.front().starts_with('-')) {
+        const std::string given = lower_case(words.front());
+        const auto named = app.get_subcommands([&](const CLI::App* command) { return command->get_name() == given; });
+        if (named.empty()) {
+            throw UsageError("no command " + in_quotes(words.front()) +
+                             did_you_mean(words.front(), command_names(app)) + "; the commands are " +
+                             command_names(app));
+        }
+        reader = named.front();
+    }
+    std::string known;
+    for (const CLI::Option* option : reader->get_options())
+        for (const std::string& name : option->get_lnames()) known += (known.empty() ? "--" : " --") + name;
+    for (const std::string& word : words) {
+        if (word == "--") break;
+        const std::string name = word.substr(0, word.find('='));
+        if (name.size() < 3 || !name.starts_with("--") || reader->get_option_no_throw(name) != nullptr) continue;
+        throw UsageError("no option " + in_quotes(name) + did_you_mean(name, known) + "; the options are " + known);
+    }
+}
+
+/// -inf and -nan are numbers: a blank before them keeps them from being read as options.
+void protect_numbers(std::vector<std::string>& words) {
+    for (std::string& word : words)
+        if (word.starts_with('-') && word.size() > 1 && read_number(word).is_number) word.insert(0, 1, ' ');
+}
+
+ExitStatus run(std::vector<std::string> words) {
     CLI::App app("Properties of water and steam after the 1967 IFC Formulation for Industrial Use.", "ktl");
     app.set_version_flag("--version", version());
     app.require_subcommand(1);
     app.ignore_case();
-    app.footer("\n" + property_help() + range_help + exit_help + "\nExample: ktl pt 10 100 V,H,S\n");
+    app.footer(main_help());
     app.failure_message([](const CLI::App*, const CLI::Error& error) {
         return "ktl: " + std::string(error.what()) + "\nSee ktl --help.\n";
     });
     Arguments arguments;
-    add_commands(app, arguments);
-    // CLI11 would call for a command here without naming what it did not know.
-    if (argc > 1 && argv[1][0] != '-' && find_pair(argv[1]) == nullptr && lower_case(argv[1]) != "batch")
-        throw UsageError("no command " + in_quotes(argv[1]) + "; the commands are " + pair_names() + " and batch");
+    add_single_commands(app, arguments);
+    add_batch_command(app, arguments);
+    add_completion_command(app, arguments);
+    check_words(app, words);
+    protect_numbers(words);
+    std::reverse(words.begin(), words.end()); // as CLI11 takes them
     try {
-        app.parse(argc, argv);
+        app.parse(words);
     } catch (const CLI::ParseError& outcome) { // help and version come this way too
         return app.exit(outcome) == 0 ? all_found : wrong_use;
     }
     const std::string command = app.get_subcommands().front()->get_name();
-    return command == "batch" ? batch(arguments) : single(*find_pair(command), arguments);
+    if (command == "batch") return batch(arguments);
+    if (command == "completion") return completion(app, arguments.shell);
+    return single(*find_pair(command), arguments);
 }
 
 } // namespace
 
 int main(int argc, char** argv) {
     try {
-        return run(argc, argv);
+        return run({argv + std::min(argc, 1), argv + argc});
     } catch (const std::exception& fault) {
         std::cerr << "ktl: " << fault.what() << "\n";
         return wrong_use;

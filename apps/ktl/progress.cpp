@@ -1,14 +1,16 @@
 #include "progress.hpp"
 
+#include "files.hpp"
+
 #include <algorithm>
 #include <cstdio>
 #include <string>
-#include <unistd.h>
 
 namespace program {
 
 namespace {
 
+constexpr int standard_error = 2;
 constexpr double seconds_between = 0.1;
 constexpr std::size_t bar_width = 30;
 
@@ -25,9 +27,9 @@ std::string rate(std::size_t rows, double seconds) {
 
 } // namespace
 
-Progress::Progress(bool stats, std::optional<std::size_t> bytes)
-    : bytes_(bytes), bar_(::isatty(STDERR_FILENO) == 1 && ::isatty(STDOUT_FILENO) != 1),
-      rate_(stats || ::isatty(STDERR_FILENO) == 1) {}
+Progress::Progress(bool stats, std::optional<std::size_t> bytes, bool results_on_terminal)
+    : bytes_(bytes), bar_(is_terminal(standard_error) && !results_on_terminal),
+      rate_(stats || is_terminal(standard_error)) {}
 
 double Progress::seconds() const { return std::chrono::duration<double>(Clock::now() - start_).count(); }
 

@@ -9,9 +9,9 @@ namespace program {
 
 class Progress {
 public:
-    /// bytes: size of the file where it is known. The bar is drawn where standard error is a terminal and standard
-    /// output is none; the rate at the end is told on a terminal, or where stats asks for it.
-    Progress(bool stats, std::optional<std::size_t> bytes);
+    /// bytes: size of the file if it is known. The bar is drawn if standard error is a terminal and the results do not go
+    /// to one; the rate at the end is told on a terminal, or if stats asks for it.
+    Progress(bool stats, std::optional<std::size_t> bytes, bool results_on_terminal);
 
     void show(std::size_t rows, std::size_t bytes);
     void finish(std::size_t rows);

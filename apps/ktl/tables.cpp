@@ -1,8 +1,10 @@
 #include "tables.hpp"
 
 #include "number.hpp"
+#include "suggestion.hpp"
 
 #include <algorithm>
+#include <array>
 
 namespace program {
 
@@ -26,18 +28,19 @@ constexpr std::array<Property, ktl::property_count> property_table{{
 }};
 
 constexpr Quantity quantity_of(ktl::Property id, std::string_view symbol, std::string_view name,
-                               std::array<std::string_view, 3> unit_spellings) {
-    return {id, symbol, name, property_table[static_cast<std::size_t>(id)].unit, unit_spellings};
+                               ktl::units::Dimension dimension) {
+    return {id, symbol, name, property_table[static_cast<std::size_t>(id)].unit, dimension};
 }
 
+using ktl::units::Dimension;
 constexpr std::array<Quantity, 7> quantity_table{{
-    quantity_of(ktl::Property::p, "p", "pressure", {"bar"}),
-    quantity_of(ktl::Property::t, "t", "temperature", {"degc", "c", "celsius"}),
-    quantity_of(ktl::Property::v, "v", "volume", {"m3kg"}),
-    quantity_of(ktl::Property::h, "h", "enthalpy", {"kjkg"}),
-    quantity_of(ktl::Property::s, "s", "entropy", {"kjkgk"}),
-    quantity_of(ktl::Property::u, "u", "energy", {"kjkg"}),
-    quantity_of(ktl::Property::x, "x", "quality", {"kgkg", "1"}),
+    quantity_of(ktl::Property::p, "p", "pressure", Dimension::pressure),
+    quantity_of(ktl::Property::t, "t", "temperature", Dimension::temperature),
+    quantity_of(ktl::Property::v, "v", "volume", Dimension::volume),
+    quantity_of(ktl::Property::h, "h", "enthalpy", Dimension::energy),
+    quantity_of(ktl::Property::s, "s", "entropy", Dimension::entropy),
+    quantity_of(ktl::Property::u, "u", "energy", Dimension::energy),
+    quantity_of(ktl::Property::x, "x", "quality", Dimension::quality),
 }};
 
 constexpr std::array<Pair, ktl::pair_count> pair_table{{
@@ -80,8 +83,9 @@ Properties parse_codes(std::string_view list) {
             std::find_if(property_table.begin(), property_table.end(),
                          [code = lower_case(given)](const Property& p) { return lower_case(p.code) == code; });
         if (at == property_table.end()) {
-            throw UsageError("no property has the code " + in_quotes(given) + "; the codes are " +
-                             names(property_table, &Property::code) + ", separated by commas");
+            const std::string codes = names(property_table, &Property::code);
+            throw UsageError("no property has the code " + in_quotes(given) + did_you_mean(given, codes) +
+                             "; the codes are " + codes + ", separated by commas");
         }
         wanted.push_back(at);
         begin = end + 1;

@@ -1,9 +1,9 @@
 // What the program knows of quantities, pairs and properties, from the lists of the library.
 #pragma once
 
-#include <array>
 #include <cstddef>
 #include <ktl/steam.hpp>
+#include <ktl/units.hpp>
 #include <span>
 #include <stdexcept>
 #include <string>
@@ -21,7 +21,7 @@ struct UsageError : std::runtime_error {
 struct Quantity {
     ktl::Property id;
     std::string_view symbol, name, unit;
-    std::array<std::string_view, 3> unit_spellings; ///< lower case, letters, digits and % only
+    ktl::units::Dimension dimension;
 };
 
 /// That of a property which a pair has.
