@@ -9,7 +9,7 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <iostream>
-#include <ktl/version.h>
+#include <ktl/steam.hpp>
 
 namespace {
 
@@ -31,8 +31,9 @@ struct Arguments {
 };
 
 std::string version() {
-    return "ktl " + std::to_string(KTL_VERSION_MAJOR) + "." + std::to_string(KTL_VERSION_MINOR) + "." +
-           std::to_string(KTL_VERSION_PATCH);
+    const ktl::BuildInfo info = ktl::build_info();
+    return std::string("ktl ") + info.version + "\nkernels: " + info.kernels_in_use + " in use of " + info.kernels +
+           "\ncompiler: " + info.compiler;
 }
 
 std::string quantity_help(ktl::Property id) {

@@ -142,6 +142,12 @@ KTL_API struct ktl_batch_result ktl_batch(int pair, const double* a, const doubl
                                           const unsigned char* properties, double* const* outputs, size_t columns,
                                           unsigned char* status, const struct ktl_batch_options* options);
 
+/* What this library is: ktl::BuildInfo of steam.hpp. */
+struct ktl_build_info {
+    const char *version, *compiler, *kernels, *kernels_in_use;
+};
+KTL_API struct ktl_build_info ktl_get_build_info(void);
+
 #ifdef __cplusplus
 }
 #endif

@@ -268,4 +268,17 @@ KTL_API BatchResult batch(Pair pair, std::span<const double> a, std::span<const 
                           std::span<const Property> properties, std::span<double* const> outputs,
                           std::span<Status> status, const BatchOptions& options = {}) noexcept;
 
+// ---- The library itself ---------------------------------------------------------------------------------------------
+
+/// What this library is. The texts stand for good and are never null.
+struct BuildInfo {
+    const char* version;        ///< as "0.1.0"
+    const char* compiler;       ///< that built it, as "gcc 12.2.0"
+    const char* kernels;        ///< the kernels it has, separated by blanks: "scalar", or "scalar avx2 avx512"
+    const char* kernels_in_use; ///< the one that columns run on this machine, as "avx2"
+};
+/// A library with scalar kernels alone, or a machine without the vector instructions of the others, gives the same bits
+/// more slowly.
+[[nodiscard]] KTL_API BuildInfo build_info() noexcept;
+
 } // namespace ktl

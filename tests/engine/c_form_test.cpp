@@ -1,6 +1,7 @@
 // The calls in plain C against those of C++, and the saturation line.
 #include "rows.hpp"
 
+#include "engine/kernels/kernels.hpp"
 #include "support/compare.hpp"
 
 #include <cstddef>
@@ -170,6 +171,18 @@ TEST(Saturation, EndsWhereTheLineEnds) {
         EXPECT_EQ(ktl_saturation_at_pressure(c.given, nullptr), static_cast<int>(c.by_p)) << c.given;
         EXPECT_TRUE(std::isnan(saturation_at_pressure(c.given).liquid.h()));
     }
+}
+
+/// The kernels in use are among those that the library has, and both forms say the same.
+TEST(CForm, BuildInfo) {
+    const ktl::BuildInfo info = ktl::build_info();
+    const ktl_build_info c = ktl_get_build_info();
+    EXPECT_STREQ(c.version, info.version);
+    EXPECT_STREQ(c.compiler, info.compiler);
+    EXPECT_STREQ(c.kernels, info.kernels);
+    EXPECT_STREQ(c.kernels_in_use, info.kernels_in_use);
+    EXPECT_NE(std::string(info.kernels).find(info.kernels_in_use), std::string::npos);
+    EXPECT_EQ(info.kernels_in_use, std::string(ktl::engine::kernels().name));
 }
 
 } // namespace

@@ -34,6 +34,16 @@ bool runs_avx512() {
 
 } // namespace
 
+const char* names_of_kernels() noexcept {
+#if defined(KTL_LANES)
+    return "scalar avx2 avx512";
+#elif defined(KTL_NEON_LANES)
+    return "scalar neon";
+#else
+    return "scalar";
+#endif
+}
+
 const Kernels& kernels() noexcept {
     static const Kernels* const best = [] {
         if (runs_avx512()) return avx512_kernels();

@@ -55,6 +55,8 @@ const Kernels& scalar_kernels() noexcept;
 const Kernels* avx2_kernels() noexcept;
 const Kernels* avx512_kernels() noexcept;
 const Kernels* neon_kernels() noexcept;
+/// The names of those that the library was built with, separated by blanks.
+const char* names_of_kernels() noexcept;
 /// The widest that this machine runs.
 const Kernels& kernels() noexcept;
 
