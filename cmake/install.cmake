@@ -1,4 +1,4 @@
-# Install rules: what find_package(ktl), pkg-config and man read. Components: runtime, dev, program, fortran.
+# Install rules: what find_package(ktl), pkg-config and man read. Components: runtime, dev, program, fortran_runtime, fortran.
 include(CMakePackageConfigHelpers)
 
 set(config_folder ${CMAKE_INSTALL_LIBDIR}/cmake/ktl)
@@ -49,7 +49,7 @@ if(KTL_BUILD_FORTRAN)
     if(TARGET ktl_fortran)
         set_target_properties(ktl_fortran PROPERTIES INSTALL_RPATH "$ORIGIN")
     endif()
-    ktl_install_libraries(fortran fortran ktl-fortran-targets ktl_fortran ktl_fortran_static)
+    ktl_install_libraries(fortran_runtime fortran ktl-fortran-targets ktl_fortran ktl_fortran_static)
     ktl_install_pc(ktl_fortran fortran -lgfortran)
     # The module file for this compiler, and its source for others.
     install(FILES $<TARGET_PROPERTY:ktl::ktl_fortran,Fortran_MODULE_DIRECTORY>/ktl.mod bindings/fortran/ktl.f90
@@ -59,6 +59,13 @@ endif()
 if(KTL_BUILD_PROGRAM AND TARGET ktl_program)
     install(TARGETS ktl_program DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT program)
     install(FILES docs/man/ktl.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT program)
+    if(NOT CMAKE_CROSSCOMPILING AND NOT WIN32) # the program writes its completion itself
+        set(completion ${PROJECT_BINARY_DIR}/completion)
+        install(FILES ${completion}/ktl DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions COMPONENT program)
+        install(FILES ${completion}/_ktl DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/vendor-completions COMPONENT program)
+        install(FILES ${completion}/ktl.fish DESTINATION ${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d
+                COMPONENT program)
+    endif()
 endif()
 
 # Pages of section 3. The names of a page stand on the .Nm lines above its description; each gets a file of its own

@@ -91,14 +91,18 @@ ExitStatus batch(const Arguments& arguments) {
     return state_missing;
 }
 
+void add_output_option(CLI::App& command, Arguments& arguments) {
+    command.add_option("-o,--output", arguments.output, "File to write to in place of standard output")
+        ->type_name("FILE");
+}
+
 /// What single states and files have in common.
 void add_common_options(CLI::App& command, Arguments& arguments) {
     command.add_option("properties", arguments.codes, "Wanted properties")->capture_default_str();
     command.add_option("--digits", arguments.digits, "Significant digits of results, 1 to 17")
         ->check(CLI::Range(1, all_digits))
         ->type_name("NUMBER");
-    command.add_option("-o,--output", arguments.output, "File to write to in place of standard output")
-        ->type_name("FILE");
+    add_output_option(command, arguments);
     command.add_option("--atmosphere", arguments.atmosphere, "Pressure that gauge pressures are above, as in 1.013bar")
         ->type_name("PRESSURE");
     command.add_flag("--all-states", arguments.batch.all_states,
@@ -140,9 +144,10 @@ void add_completion_command(CLI::App& app, Arguments& arguments) {
     command->add_option("shell", arguments.shell, "bash, zsh or fish")
         ->required()
         ->check(CLI::IsMember({"bash", "zsh", "fish"}));
+    add_output_option(*command, arguments);
 }
 
-ExitStatus completion(const CLI::App& app, const std::string& shell) {
+ExitStatus completion(const CLI::App& app, const Arguments& arguments) {
     std::string codes;
     for (const Property& p : properties()) codes += (codes.empty() ? "" : " ") + std::string(p.code);
     const Words words{{"pair", pair_names() + " auto"},
@@ -153,8 +158,9 @@ ExitStatus completion(const CLI::App& app, const std::string& shell) {
                       {"shell", shells},
                       {"separator", "tab"},
                       {"columns", std::string()}};
-    OutputFile out("");
-    out.write(completion_script(app, words, shell));
+    OutputFile out(arguments.output);
+    out.write(completion_script(app, words, arguments.shell));
+    out.finish();
     return all_found;
 }
 
@@ -217,7 +223,7 @@ ExitStatus run(std::vector<std::string> words) {
     }
     const std::string command = app.get_subcommands().front()->get_name();
     if (command == "batch") return batch(arguments);
-    if (command == "completion") return completion(app, arguments.shell);
+    if (command == "completion") return completion(app, arguments);
     return single(*find_pair(command), arguments);
 }
 
