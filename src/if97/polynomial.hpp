@@ -58,26 +58,41 @@ constexpr int extreme(const Term (&table)[rows], int Term::*exponent, int sign) 
     return most;
 }
 
-/// The sum over a table. Each term is built once; i term / x is its derivative by x, and so on, so x and y must not be zero.
+/// The sum over a table and its derivatives. Rows of equal i follow one another in the printed tables: each such group is a
+/// polynomial in y, multiplied by x^i once. i x^i / x is the derivative of x^i, and so on, so x and y must not be zero.
 template <const auto& table, class T>
 Derivatives<T> sum(const T& x, const T& y) {
+    constexpr std::size_t rows = std::size(table);
     const Powers<extreme(table, &Term::i, -1), extreme(table, &Term::i, 1), T> xs(x);
     const Powers<extreme(table, &Term::j, -1), extreme(table, &Term::j, 1), T> ys(y);
     Derivatives<T> sums{T(0.0), T(0.0), T(0.0), T(0.0), T(0.0), T(0.0)};
+    T group(0.0), by_y(0.0), by_yy(0.0);
     const auto add = [&]<std::size_t k>() {
         constexpr Term row = table[k];
         constexpr double i = row.i;
         constexpr double j = row.j;
-        const T term = row.n * xs.template get<row.i>() * ys.template get<row.j>();
-        sums.f = sums.f + term;
-        if constexpr (row.i != 0) sums.x = sums.x + i * term;
-        if constexpr (row.j != 0) sums.y = sums.y + j * term;
-        if constexpr (row.i * (row.i - 1) != 0) sums.xx = sums.xx + i * (i - 1.0) * term;
-        if constexpr (row.i * row.j != 0) sums.xy = sums.xy + i * j * term;
-        if constexpr (row.j * (row.j - 1) != 0) sums.yy = sums.yy + j * (j - 1.0) * term;
+        constexpr bool first = k == 0 || table[k - (k > 0 ? 1 : 0)].i != row.i;
+        constexpr bool last = k + 1 == rows || table[k + 1 < rows ? k + 1 : k].i != row.i;
+        const T& power = ys.template get<row.j>();
+        const T term_y = (j * row.n) * power;
+        const T term_yy = (j * (j - 1.0) * row.n) * power;
+        group = first ? row.n * power : group + row.n * power;
+        by_y = first ? term_y : by_y + term_y;
+        by_yy = first ? term_yy : by_yy + term_yy;
+        if constexpr (last) {
+            const T& xi = xs.template get<row.i>();
+            const T term = xi * group;
+            const T slope = xi * by_y;
+            sums.f = sums.f + term;
+            sums.y = sums.y + slope;
+            sums.yy = sums.yy + xi * by_yy;
+            if constexpr (row.i != 0) sums.x = sums.x + i * term;
+            if constexpr (row.i != 0) sums.xy = sums.xy + i * slope;
+            if constexpr (row.i * (row.i - 1) != 0) sums.xx = sums.xx + i * (i - 1.0) * term;
+        }
     };
     [&]<std::size_t... k>(std::index_sequence<k...>) { (add.template operator()<k>(), ...); }
-    (std::make_index_sequence<std::size(table)>());
+    (std::make_index_sequence<rows>());
     const T rx = 1.0 / x;
     const T ry = 1.0 / y;
     return {sums.f, sums.x * rx, sums.y * ry, sums.xx * (rx * rx), sums.xy * (rx * ry), sums.yy * (ry * ry)};

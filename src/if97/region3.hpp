@@ -28,11 +28,11 @@ struct Terms {
 /// Terms at v (m3/kg), t (degC).
 template <class T>
 Terms<T> terms(const T& v, const T& t) {
-    const T density = 1.0 / v;
-    const T delta = density / critical_density;
+    const T rdelta = critical_density * v;
+    const T delta = 1.0 / rdelta;
+    const T density = critical_density * delta;
     const T kelvin = t + kelvin_of_zero;
     const T tau = critical_kelvin / kelvin;
-    const T rdelta = critical_density * v;
     auto phi = sum<table>(delta, tau);
     phi.f = phi.f + n1 * log(delta);
     phi.x = phi.x + n1 * rdelta;

@@ -1,4 +1,6 @@
-// BatchArguments of states: rows go out in chunks of a few blocks to whichever thread is free.
+// Columns of states: rows go out in chunks of a few blocks to whichever thread is free.
+#include "engine/calls/batch.hpp"
+
 #include "engine/calls/float_environment.hpp"
 #include "engine/rows/block.hpp"
 
@@ -21,14 +23,6 @@ constexpr std::size_t rows_between_reports = 65536;
 
 using Fault = BatchResult::Fault;
 
-struct BatchArguments {
-    Pair pair;
-    std::span<const double> a, b;
-    std::span<const Property> properties;
-    std::span<double* const> outputs;
-    std::span<Status> status;
-};
-
 Fault fault_of(const BatchArguments& c) {
     if (static_cast<std::size_t>(c.pair) >= pair_count) return Fault::unknown_pair;
     if (c.b.size() != c.a.size() || c.status.size() != c.a.size()) return Fault::lengths_differ;
@@ -42,7 +36,8 @@ Fault fault_of(const BatchArguments& c) {
 /// One batch call, shared by its threads.
 class Run {
 public:
-    Run(const BatchArguments& columns, const BatchOptions& options) : arguments_(columns), options_(options) {
+    Run(BlockSolver solve_block, const BatchArguments& columns, const BatchOptions& options)
+        : solve_block_(solve_block), arguments_(columns), options_(options) {
         for (std::size_t k = 0; k < arguments_.properties.size(); ++k) {
             double*& first = first_column_[static_cast<std::size_t>(arguments_.properties[k])];
             if (first != nullptr) continue;
@@ -85,8 +80,8 @@ private:
         std::array<double*, property_count> outputs;
         for (std::size_t k = 0; k < distinct_; ++k) outputs[k] = column_of(wanted_[k]) + row;
         const std::size_t solved =
-            engine::solve_block(arguments_.pair, arguments_.a.data() + row, arguments_.b.data() + row, n,
-                                {wanted_.data(), distinct_}, outputs.data(), arguments_.status.data() + row);
+            solve_block_(arguments_.pair, arguments_.a.data() + row, arguments_.b.data() + row, n,
+                         {wanted_.data(), distinct_}, outputs.data(), arguments_.status.data() + row);
         for (std::size_t k = 0; k < arguments_.properties.size(); ++k) {
             const double* first = column_of(arguments_.properties[k]);
             if (first != arguments_.outputs[k]) std::copy_n(first + row, n, arguments_.outputs[k] + row);
@@ -121,6 +116,7 @@ private:
 #endif
     }
 
+    BlockSolver solve_block_;
     const BatchArguments& arguments_;
     const BatchOptions& options_;
     std::array<double*, property_count> first_column_{};
@@ -156,14 +152,17 @@ void run_on_threads(Run& run, unsigned wanted) noexcept {
 
 } // namespace
 
-BatchResult batch(Pair pair, std::span<const double> a, std::span<const double> b, std::span<const Property> properties,
-                  std::span<double* const> outputs, std::span<Status> status, const BatchOptions& options) noexcept {
-    const BatchArguments columns{pair, a, b, properties, outputs, status};
+BatchResult run_batch(BlockSolver solve_block, const BatchArguments& columns, const BatchOptions& options) noexcept {
     if (const Fault fault = fault_of(columns); fault != Fault::none) return {.fault = fault};
-    if (a.empty()) return {};
-    Run run(columns, options);
+    if (columns.a.empty()) return {};
+    Run run(solve_block, columns, options);
     run_on_threads(run, options.threads);
     return run.finish();
+}
+
+BatchResult batch(Pair pair, std::span<const double> a, std::span<const double> b, std::span<const Property> properties,
+                  std::span<double* const> outputs, std::span<Status> status, const BatchOptions& options) noexcept {
+    return run_batch(engine::solve_block, {pair, a, b, properties, outputs, status}, options);
 }
 
 } // namespace ktl
