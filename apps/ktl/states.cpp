@@ -24,6 +24,7 @@ double shown(const Property& property, double value, double region, double quali
         const bool water = is_region(region, ktl::Region::water) || is_region(region, ktl::Region::near_critical_water);
         return water ? 0.0 : 1.0;
     }
+    if (property.surface_tension) return wet(region) ? ktl::surface_tension(value) : none;
     if (property.one_phase && wet(region) && !inner_quality(quality)) value = phase(property.id);
     return property.factor * value;
 }
@@ -33,7 +34,9 @@ double shown(const Property& property, const ktl::State& state) {
     return shown(property, state.get(property.id), state.get(ktl::Property::region), state.x(), phase);
 }
 
+/// A saturated phase.
 double shown(const Property& property, const ktl::Phase& phase) {
+    if (property.surface_tension) return ktl::surface_tension(phase.t());
     const double region = phase.get(ktl::Property::region);
     return shown(property, phase.get(property.id), region, none, [](ktl::Property /*id*/) { return none; });
 }
@@ -136,6 +139,7 @@ std::string States::error(std::size_t row, std::size_t number) const {
 std::string States::missing(std::size_t row, std::size_t number) const {
     for (std::size_t place = 0; place < wanted_->size(); ++place) {
         if (std::isfinite(value(row, place, number))) continue;
+        if ((*wanted_)[place]->surface_tension) return "ST exists for two phases up to 373.946 degC only";
         const More* const kept = more(row);
         const bool other = number != 0 && kept != nullptr;
         const double x = other ? found_[kept->begin + number].x() : columns_[wanted_->size() + 1][row];

@@ -20,11 +20,12 @@ constexpr Property in_unit_of_code(Property property) {
     return property;
 }
 
-constexpr std::array<Property, ktl::property_count> property_table{{
+constexpr std::array<Property, ktl::property_count + 1> property_table{{
 #define KTL_DEFINE_PROPERTY(property, PROPERTY, unit, code, meaning) {code, unit, meaning, ktl::Property::property},
 #define KTL_DEFINE_PHASE_PROPERTY(property, PROPERTY, unit, code, meaning)                                             \
     in_unit_of_code({code, unit, meaning, ktl::Property::property, 1.0, one_phase}),
 #include <ktl/properties.def>
+    {"ST", "N/m", "surface tension; for mixtures, of neither formulation", ktl::Property::t, 1.0, false, true},
 }};
 
 constexpr Quantity quantity_of(ktl::Property id, std::string_view symbol, std::string_view name,

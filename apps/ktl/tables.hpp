@@ -43,8 +43,9 @@ std::string pair_names();
 struct Property {
     std::string_view code, unit, meaning;
     ktl::Property id;
-    double factor = 1.0;    ///< from the unit of the library
-    bool one_phase = false; ///< a mixture does not have it
+    double factor = 1.0;          ///< from the unit of the library
+    bool one_phase = false;       ///< a mixture does not have it
+    bool surface_tension = false; ///< a function of the temperature, which is the id; mixtures alone have it
 };
 std::span<const Property> properties();
 

@@ -77,6 +77,7 @@ struct ktl_saturation {
     double p, t;  /* bar, degC */
     double slope; /* dp/dt of the line, bar/K */
     struct ktl_phase liquid, vapour;
+    double surface_tension; /* N/m, ktl_surface_tension(t) */
 };
 
 /* The sentence of a status in plain English; "unknown status" for a number outside the enumeration. Never null. */
@@ -103,6 +104,9 @@ KTL_API double ktl_saturation_slope(double t);
 /* The same for columns of n values. If a column is null nothing is done. */
 KTL_API void ktl_saturation_pressures(const double* t, double* p, size_t n);
 KTL_API void ktl_saturation_temperatures(const double* p, double* t, size_t n);
+/* Surface tension of water against its own vapour, N/m, at t (degC) from 0.01 to 373.946 degC; NaN outside. Independent of the 1967
+ * formulation, see steam.hpp. */
+KTL_API double ktl_surface_tension(double t);
 /* Computes the point of the line at t (degC) or p (bar). point may be null. Returns the status: not KTL_STATUS_SOLVED
  * outside the line. */
 KTL_API int ktl_saturation_at_temperature(double t, struct ktl_saturation* point);

@@ -215,13 +215,19 @@ private:
 KTL_API void saturation_pressure(std::span<const double> t, std::span<double> p) noexcept;
 KTL_API void saturation_temperature(std::span<const double> p, std::span<double> t) noexcept;
 
+/// Surface tension of water against its own vapour, N/m, at t (degC) from 0.01 to 373.946 degC, the critical temperature, where it
+/// is 0; NaN outside, also where the saturation line of the 1967 formulation goes on, up to 374.15 degC. IAPWS R1-76(2014), a
+/// function of the temperature on the ITS-90, independent of the 1967 formulation and of IF97.
+[[nodiscard]] KTL_API double surface_tension(double t) noexcept;
+
 /// A point of the saturation line with both phases.
 struct Saturation {
     Status status = Status::no_state;
-    double p = detail::nan;     ///< bar
-    double t = detail::nan;     ///< degC
-    double slope = detail::nan; ///< dp/dt, bar/K
-    Phase liquid, vapour;       ///< saturated water and steam
+    double p = detail::nan;               ///< bar
+    double t = detail::nan;               ///< degC
+    double slope = detail::nan;           ///< dp/dt, bar/K
+    Phase liquid, vapour;                 ///< saturated water and steam
+    double surface_tension = detail::nan; ///< N/m, surface_tension(t)
 };
 /// The point of the line at t (degC) or p (bar). Outside the line the status is temperature_low, pressure_low or
 /// above_critical, or not_a_number if the value is not finite; the numbers then are NaN and the phases do not exist.

@@ -67,6 +67,7 @@ int hand_over(const Saturation& from, ktl_saturation* to) {
         fill(to->liquid, from.liquid);
         fill(to->vapour, from.vapour);
     });
+    to->surface_tension = from.surface_tension;
     return status;
 }
 
@@ -97,6 +98,7 @@ double ktl_derivative(int pair, double a, double b, int of, int by, int at_const
 double ktl_saturation_pressure(double t) { return saturation_pressure(t); }
 double ktl_saturation_temperature(double p) { return saturation_temperature(p); }
 double ktl_saturation_slope(double t) { return saturation_slope(t); }
+double ktl_surface_tension(double t) { return surface_tension(t); }
 
 void ktl_saturation_pressures(const double* t, double* p, size_t n) {
     if (t != nullptr && p != nullptr) saturation_pressure({t, n}, {p, n});

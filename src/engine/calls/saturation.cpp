@@ -1,5 +1,7 @@
 #include "engine/calls/float_environment.hpp"
 #include "engine/kernels/kernels.hpp"
+#include "engine/lanes/scalar.hpp"
+#include "regions/surface_tension.hpp"
 
 #include <algorithm>
 
@@ -9,7 +11,13 @@ namespace {
 
 Saturation at(Pair pair, double given) noexcept {
     const State water = state(pair, given, 0.0);
-    return {water.status(), water.p(), water.t(), saturation_slope(water.t()), water.liquid(), water.vapour()};
+    return {water.status(),
+            water.p(),
+            water.t(),
+            saturation_slope(water.t()),
+            water.liquid(),
+            water.vapour(),
+            surface_tension(water.t())};
 }
 
 using engine::Kernels;
@@ -40,6 +48,12 @@ void column(Kernels::Line line, std::span<const double> x, std::span<double> y) 
 double saturation_pressure(double t) noexcept { return one(engine::scalar_kernels().saturation_pressure, t); }
 double saturation_temperature(double p) noexcept { return one(engine::scalar_kernels().saturation_temperature, p); }
 double saturation_slope(double t) noexcept { return one(engine::scalar_kernels().saturation_slope, t); }
+
+double surface_tension(double t) noexcept {
+    using namespace surface_tension_of_water;
+    if (!(t >= ktl_lc.tmin && t <= critical_temperature)) return quiet_nan;
+    return t < critical_temperature ? sigma(engine::Scalar(t)).value : 0.0;
+}
 
 void saturation_pressure(std::span<const double> t, std::span<double> p) noexcept {
     column(engine::kernels().saturation_pressure, t, p);
