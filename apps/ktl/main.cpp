@@ -1,5 +1,6 @@
 // The command-line program ktl: properties of one state, or of every line of a CSV file.
 #include "batch.hpp"
+#include "compare_command.hpp"
 #include "completion.hpp"
 #include "help.hpp"
 #include "number.hpp"
@@ -28,6 +29,7 @@ struct Arguments {
     int digits = 0; // none given
     bool json = false;
     BatchWishes batch;
+    CompareArguments compare;
 };
 
 std::string version() {
@@ -182,6 +184,10 @@ void check_words(const CLI::App& app, const std::vector<std::string>& words) {
                              command_names(app));
         }
         reader = named.front();
+        const auto own = reader->get_subcommands([&](const CLI::App* command) {
+            return words.size() > 1 && command->get_name() == words[1];
+        });
+        if (!own.empty()) reader = own.front();
     }
     std::string known;
     for (const CLI::Option* option : reader->get_options())
@@ -212,6 +218,7 @@ ExitStatus run(std::vector<std::string> words) {
     Arguments arguments;
     add_single_commands(app, arguments);
     add_batch_command(app, arguments);
+    add_compare(app, arguments.compare);
     add_completion_command(app, arguments);
     check_words(app, words);
     protect_numbers(words);
@@ -223,6 +230,7 @@ ExitStatus run(std::vector<std::string> words) {
     }
     const std::string command = app.get_subcommands().front()->get_name();
     if (command == "batch") return batch(arguments);
+    if (command == "compare") return run_compare(app, arguments.compare) ? all_found : state_missing;
     if (command == "completion") return completion(app, arguments);
     return single(*find_pair(command), arguments);
 }
