@@ -1,4 +1,4 @@
-// A fixed set of 10,000 calls over all regions: named routines, finders and ktl:: calls, some of them with invalid
+// A fixed set of 10,000 calls over all regions: named routines, finders and ktl:: calls of both formulations, some of them with invalid
 // input. Prints the bits of every result and what the call left in the records, one call to a line; builds by different
 // compilers must print the same.
 #include "support/pairs.hpp"
@@ -9,6 +9,7 @@
 #include <cinttypes>
 #include <cmath>
 #include <cstdio>
+#include <ktl/if97.hpp>
 #include <ktl/ktlftn.h>
 #include <ktl/steam.hpp>
 
@@ -113,9 +114,13 @@ void call_state(Random& random) {
     const unsigned pair = random.below(ktl::pair_count);
     const double a = sometimes_invalid(random, drawn.get(ktl::test::pairs[pair].a));
     const double b = sometimes_invalid(random, drawn.get(ktl::test::pairs[pair].b));
-    const ktl::State found = ktl::state(static_cast<ktl::Pair>(pair), a, b);
-    std::printf(" %d", static_cast<int>(found.status()));
-    for (unsigned k = 0; k < ktl::property_count; ++k) print(found.get(static_cast<ktl::Property>(k)));
+    for (const auto state :
+         {static_cast<ktl::State (*)(ktl::Pair, double, double) noexcept>(ktl::state), ktl::if97::state}) {
+        const ktl::State found = state(static_cast<ktl::Pair>(pair), a, b);
+        std::printf(" %d", static_cast<int>(found.status()));
+        for (unsigned k = 0; k < ktl::property_count; ++k) print(found.get(static_cast<ktl::Property>(k)));
+    }
+    print(ktl::surface_tension(t));
 }
 
 } // namespace
