@@ -39,6 +39,12 @@ double signed_flow(Crossing crossing, const TestPoint& point, Crossing positive)
 double output_flow(const TestPoint& point) { return signed_flow(point.turbine, point, Crossing::in); }
 double heat_flow(const TestPoint& point) { return signed_flow(point.boiler, point, Crossing::out); }
 
+/// Both states have a given value to 1e-10 of it only, which is no difference.
+double difference_of(double older, double newer) {
+    constexpr double reproduced = 1.0e-9;
+    return std::fabs(newer - older) <= reproduced * std::fabs(older) ? 0.0 : newer - older;
+}
+
 class TestComparison {
 public:
     TestComparison(const TestFile& file, const Properties& properties, Scale scale)
@@ -112,7 +118,7 @@ private:
                 const double a = value_of(*property, older);
                 const double b = value_of(*property, newer);
                 if (error.empty() && !std::isfinite(a) && !std::isfinite(b)) continue;
-                const double difference = comparable ? b - a : std::nan("");
+                const double difference = comparable ? difference_of(a, b) : std::nan("");
                 table.rows.push_back(
                     {file_.points[i].name, property->code, property->unit, Cell::significant(a, table_digits),
                      Cell::significant(b, table_digits), Cell::significant(difference, 4),

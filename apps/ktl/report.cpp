@@ -20,6 +20,14 @@ std::string for_machines(const Cell& cell) {
     return std::string(number(cell.number, machine_digits));
 }
 
+/// What is shown, on one line: control characters as blanks.
+std::string on_one_line(const Cell& cell) {
+    std::string text = cell.shown();
+    std::replace_if(
+        text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x20; }, ' ');
+    return text;
+}
+
 std::size_t characters(std::string_view text) {
     return static_cast<std::size_t>(std::count_if(
         text.begin(), text.end(), [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U; }));
@@ -38,7 +46,7 @@ void add_text(std::string& out, const ReportTable& table) {
     std::vector<std::size_t> widths;
     for (std::size_t k = 0; k < table.columns.size(); ++k) {
         std::size_t width = characters(table.columns[k]);
-        for (const auto& row : table.rows) width = std::max(width, characters(row[k].shown()));
+        for (const auto& row : table.rows) width = std::max(width, characters(on_one_line(row[k])));
         widths.push_back(is_empty(table, k) ? 0 : width);
     }
     const auto numeric = [&](std::size_t k) {
@@ -55,7 +63,7 @@ void add_text(std::string& out, const ReportTable& table) {
         out += line.substr(0, line.find_last_not_of(' ') + 1) + "\n";
     };
     add_line([&](std::size_t k) { return table.columns[k]; });
-    for (const auto& row : table.rows) add_line([&](std::size_t k) { return row[k].shown(); });
+    for (const auto& row : table.rows) add_line([&](std::size_t k) { return on_one_line(row[k]); });
 }
 
 void add_csv(std::string& out, const ReportTable& table) {
@@ -152,7 +160,7 @@ void add_html(std::string& out, const ReportTable& table) {
         out += "<tr>";
         for (std::size_t k = 0; k < row.size(); ++k)
             if (!is_empty(table, k))
-                out.append("<td").append(kinds[k]).append(">") += escaped(row[k].shown()) + "</td>";
+                out.append("<td").append(kinds[k]).append(">") += escaped(on_one_line(row[k])) + "</td>";
         out += "</tr>\n";
     }
     out += "</tbody></table></div>\n";

@@ -20,7 +20,7 @@ struct Line {
     Fields fields;
 };
 
-constexpr std::size_t most_lines = 100000;
+constexpr std::size_t most_lines = 10000;
 
 /// Refuses a line that could not be read whole.
 void check_kind(Records::Kind kind, std::size_t number) {

@@ -13,7 +13,7 @@ namespace {
 constexpr double rounding_margin = 1.0e-6;
 constexpr double overlap_margin = 3.0e-3;
 constexpr double overlap_margin_13 = 0.1;  // K
-constexpr double mixture_margin_13 = 0.03; // K; the saturated phases jump by less than 0.015 K
+constexpr double mixture_margin_13 = 0.03; // K; mixtures overlap by 0.008 K
 constexpr double least_quality = 1.0e-4;
 
 /// How far past a border, by rounding, a state of regions 1 and 2 still is one of them.

@@ -8,8 +8,8 @@ namespace {
 
 using region3::critical_density;
 
-/// Relative distances to a border at which a state found from a start is taken as it is: beyond rounding, and beyond the overlaps,
-/// which are 0.13 kJ/kg or 0.0002 kJ/(kg K) at most, 0.03 K at 350 degC and 0.1 % of the pressure on the 2/3 boundary.
+/// Distances from a border, relative to the pressure, at which a state found from a start is taken as it is: beyond rounding, and well
+/// beyond the overlaps, which reach 0.006 K at 350 degC and 0.02 K or 0.014 % of the pressure on the 2/3 boundary.
 constexpr double rounding_margin = 1.0e-9;
 constexpr double overlap_margin = 3.0e-3;
 constexpr double overlap_margin_13 = 0.1; // K
