@@ -9,7 +9,7 @@ namespace ktl::if97 {
 namespace {
 
 /// Distances from borders at which a state found from a start is taken as it is; see isobar.cpp. Mixtures of nearly no steam are
-/// left to the search, because water takes precedence.
+/// handled by the search, because water takes precedence.
 constexpr double rounding_margin = 1.0e-6;
 constexpr double overlap_margin = 3.0e-3;
 constexpr double overlap_margin_13 = 0.1;  // K

@@ -6,8 +6,6 @@ namespace ktl::if97 {
 
 namespace {
 
-using region3::critical_density;
-
 /// Distances from a border, relative to the pressure, at which a state found from a start is taken as it is: beyond rounding, and well
 /// beyond the overlaps, which reach 0.006 K at 350 degC and 0.02 K or 0.014 % of the pressure on the 2/3 boundary.
 constexpr double rounding_margin = 1.0e-9;
