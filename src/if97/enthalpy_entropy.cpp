@@ -68,8 +68,9 @@ public:
         }
         case Region::near_critical_water:
         case Region::near_critical_steam: {
-            const RowState row = near_critical({start.v, start.t}, overlap_margin, overlap_margin_13);
-            return row.status == Status::solved ? row : far_mixture(start.t, true);
+            RowState row = near_critical({start.v, start.t}, overlap_margin, overlap_margin_13);
+            if (row.status != Status::solved) row = far_mixture(start.t, true);
+            return row;
         }
         case Region::wet:
         case Region::wet_near_critical: return far_mixture(start.t, start.region == Region::wet_near_critical);
@@ -239,8 +240,9 @@ private:
 
 RowState of_enthalpy_entropy(double h, double s, const Start& start) noexcept {
     const Isentrope isentrope(h, s);
-    const RowState row = isentrope.search_from(start);
-    return row.status == Status::solved ? row : isentrope.search();
+    RowState row = isentrope.search_from(start);
+    if (row.status != Status::solved) row = isentrope.search();
+    return row;
 }
 
 } // namespace ktl::if97

@@ -118,9 +118,10 @@ struct Isobar {
         case Region::wet_near_critical: {
             if (!(p < saturation::critical_pressure)) return {};
             const SaturatedState line = saturated_under(p);
-            const RowState row = mixed(line);
+            RowState row = mixed(line);
             const bool inside = line.t > t_13 + overlap_margin_13 && row.x > 0.0 && row.x < 1.0;
-            return inside ? row : RowState{};
+            if (!inside) row = {};
+            return row;
         }
         default: return {};
         }
@@ -150,8 +151,9 @@ RowState within_range(const Isobar<Y>& isobar, RowState row) {
 template <Quantity Y>
 RowState solve(double p, double value, const Start& start) {
     const Isobar<Y> isobar{p, value};
-    const RowState row = isobar.search_from(start);
-    return row.status == Status::solved ? row : within_range(isobar, isobar.search());
+    RowState row = isobar.search_from(start);
+    if (row.status != Status::solved) row = within_range(isobar, isobar.search());
+    return row;
 }
 
 } // namespace
