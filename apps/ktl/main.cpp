@@ -194,8 +194,9 @@ void check_words(const CLI::App& app, const std::vector<std::string>& words) {
         for (const std::string& name : option->get_lnames()) known += (known.empty() ? "--" : " --") + name;
     for (const std::string& word : words) {
         if (word == "--") break;
-        const std::string name = word.substr(0, word.find('='));
-        if (name.size() < 3 || !name.starts_with("--") || reader->get_option_no_throw(name) != nullptr) continue;
+        if (word.size() < 2 || word.front() != '-' || read_number(word).is_number) continue;
+        const std::string name = word[1] == '-' ? word.substr(0, word.find('=')) : word.substr(0, 2);
+        if (reader->get_option_no_throw(name) != nullptr) continue;
         throw UsageError("no option " + in_quotes(name) + did_you_mean(name, known) + "; the options are " + known);
     }
 }

@@ -62,8 +62,9 @@ std::optional<double> field_value(const Measure& measure, std::string_view text,
 }
 
 double argument_value(const Quantity& q, std::string_view text, const Atmosphere& atmosphere) {
+    text = trimmed(text);
     const ReadNumber read = read_number(text);
-    if (trimmed(text).empty()) throw UsageError(std::string(q.name) + " is empty");
+    if (text.empty()) throw UsageError(std::string(q.name) + " is empty");
     if (!read.is_number) throw UsageError(about(q, text) + " is not a number");
     if (read.too_large) throw UsageError(about(q, text) + " is too large for a number");
     if (read.rest.empty()) return read.value;
