@@ -9,7 +9,7 @@ set -eu
 
 program="g++ cmake ninja-build libcli11-dev libhwy-dev"
 packages="$program gfortran file dpkg-dev"
-everything="$packages clang libclang-rt-dev make pkg-config mandoc libgtest-dev libbenchmark-dev libeigen3-dev"
+everything="$packages clang libclang-rt-dev make pkg-config mandoc libgtest-dev libbenchmark-dev libeigen3-dev python3-dev python3-venv"
 
 wanted=$everything
 if [ "${1:-}" = --for ]; then

@@ -1,0 +1,61 @@
+"""What ktl, ktl.si and ktl.us offer: made from the lists, once for each unit system."""
+
+from . import _ktl
+from ._batch import batch_function
+from ._lists import GIVEN, PAIRS, PROPERTIES, SYSTEMS, no_pair, unit_of
+from ._state import saturation_function, state_function
+
+
+def fill(module, system):
+    """Puts the functions of a unit system into a module's dictionary; returns their names."""
+    ufuncs = _ktl.functions(SYSTEMS.index(system))
+    functions = {name: keyword_function(prop, ufuncs, system) for name, prop in PROPERTIES.items()}
+    functions["state"] = state_function(system)
+    functions["saturation"] = saturation_function(system, ufuncs["saturation_slope"])
+    functions["batch"] = batch_function(system)
+    for name, function in {**ufuncs, **functions}.items():
+        _belongs_to(function, module["__name__"])
+        module[name] = function
+    return [*ufuncs, *functions]
+
+
+def _belongs_to(function, module):
+    """Says where a function is found again, for pickle and for help()."""
+    try:
+        function.__module__ = module
+    except AttributeError:
+        pass  # a ufunc of an older NumPy: pickle finds it by searching the modules
+
+
+def keyword_function(prop, ufuncs, system):
+    """The function of a property by the names of two given values."""
+    choice = {
+        names: (ufuncs[f"{prop.name}_{pair.name}"], swapped)
+        for names, (pair, swapped) in GIVEN.items()
+        if prop.name not in names
+    }
+
+    def function(**given):
+        try:
+            ufunc, swapped = choice[tuple(given)]
+        except KeyError:
+            raise _refused(prop, given) from None
+        a, b = given.values()
+        return ufunc(b, a) if swapped else ufunc(a, b)
+
+    function.__name__ = function.__qualname__ = prop.name
+    unit = unit_of(prop, system)
+    pairs = ", ".join(pair.name for pair in PAIRS.values() if prop not in (pair.a, pair.b))
+    function.__doc__ = f"""{prop.meaning[0].upper() + prop.meaning[1:]}{f", {unit}" if unit else ""}, by two given values.
+
+    Two keywords, in any order, whose letters make one of the pairs {pairs}; numbers or anything
+    that NumPy's ufuncs take. The same as the ufunc {prop.name}_pair: NaN, with NumPy's "invalid" signal, if there is no
+    such state.
+    """
+    return function
+
+
+def _refused(prop, given):
+    if len(given) == 2 and prop.name in given and tuple(given) in GIVEN:
+        return TypeError(f"{prop.name} is given already")
+    return no_pair(given)

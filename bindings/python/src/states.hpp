@@ -1,0 +1,21 @@
+// States kept as a whole: an array of NumPy whose elements are ktl::State, opaque to Python.
+#pragma once
+
+#include "python_api.hpp"
+
+#include <cstddef>
+
+namespace ktl::python {
+
+/// The size of an element.
+extern const std::size_t state_size;
+
+/// solve(system, pair, a, b, number, states): solves every row, the state of the given number, into the array states. Lets
+/// signal handlers run between blocks.
+PyObject* solve_states(PyObject* module, PyObject* arguments);
+/// column(system, states, property, phase, out): a property of the states (phase 0), of their liquid (1) or vapour (2).
+PyObject* column_of_states(PyObject* module, PyObject* arguments);
+/// status_column(states, out): their statuses, a byte each.
+PyObject* statuses_of_states(PyObject* module, PyObject* arguments);
+
+} // namespace ktl::python

@@ -1,0 +1,18 @@
+# Finds Python and NumPy for the package, then builds it. pip (scikit-build-core) names the interpreter. Other builds take
+# that of build/python, which tools/python.sh makes with all that the tests need; without it the package is not built.
+if(NOT DEFINED SKBUILD AND NOT DEFINED Python_EXECUTABLE)
+    set(Python_EXECUTABLE ${PROJECT_SOURCE_DIR}/build/python/bin/python)
+endif()
+set(ktl_python_required)
+if(DEFINED SKBUILD)
+    set(ktl_python_required REQUIRED)
+endif()
+if(DEFINED SKBUILD OR EXISTS ${Python_EXECUTABLE})
+    find_package(Python 3.11 ${ktl_python_required} COMPONENTS Interpreter Development.Module NumPy)
+endif()
+if(Python_FOUND)
+    add_subdirectory(bindings/python)
+else()
+    message(STATUS "The Python package is not built: tools/python.sh makes the environment that it needs")
+    set(KTL_BUILD_PYTHON OFF)
+endif()
