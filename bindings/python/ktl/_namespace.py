@@ -1,5 +1,7 @@
 """What ktl, ktl.si and ktl.us offer: made from the lists, once for each unit system."""
 
+import sys
+
 from . import _ktl
 from ._batch import batch_function
 from ._lists import GIVEN, PAIRS, PROPERTIES, SYSTEMS, no_pair, unit_of
@@ -14,15 +16,15 @@ def fill(module, system):
     functions["saturation"] = saturation_function(system, ufuncs["saturation_slope"])
     functions["batch"] = batch_function(system)
     for name, function in {**ufuncs, **functions}.items():
-        _belongs_to(function, module["__name__"])
+        _belongs_to(function, name, module["__name__"])
         module[name] = function
     return [*ufuncs, *functions]
 
 
-def _belongs_to(function, module):
+def _belongs_to(function, name, module):
     """Says where a function is found again, for pickle and for help()."""
     try:
-        function.__module__ = module
+        function.__module__, function.__qualname__ = module, name
     except AttributeError:
         pass  # a ufunc of an older NumPy: pickle finds it by searching the modules
 
@@ -41,16 +43,20 @@ def keyword_function(prop, ufuncs, system):
         except KeyError:
             raise _refused(prop, given) from None
         a, b = given.values()
-        return ufunc(b, a) if swapped else ufunc(a, b)
+        result = ufunc(b, a) if swapped else ufunc(a, b)
+        if "xarray" in sys.modules and isinstance(result, (sys.modules["xarray"].DataArray, sys.modules["xarray"].Variable)):
+            result.attrs = attributes.copy()  # xarray took those of the given values
+        return result
 
-    function.__name__ = function.__qualname__ = prop.name
     unit = unit_of(prop, system)
+    attributes = {"long_name": prop.meaning, "units": unit or "1"}
+    function.__name__ = function.__qualname__ = prop.name
     pairs = ", ".join(pair.name for pair in PAIRS.values() if prop not in (pair.a, pair.b))
     function.__doc__ = f"""{prop.meaning[0].upper() + prop.meaning[1:]}{f", {unit}" if unit else ""}, by two given values.
 
     Two keywords, in any order, whose letters make one of the pairs {pairs}; numbers or anything
     that NumPy's ufuncs take. The same as the ufunc {prop.name}_pair: NaN, with NumPy's "invalid" signal, if there is no
-    such state.
+    such state. Arrays of xarray get long_name and units as attributes.
     """
     return function
 

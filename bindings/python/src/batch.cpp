@@ -1,5 +1,6 @@
 // Rows go out in blocks to whichever thread is free. ktl::batch would share them out as well, but it reports only every
-// 65,536 rows. Rows of h, s without a state take 0.1 ms each, and an interrupt has to be heard within 0.1 s.
+// 65,536 rows. Rows of h, s without a state take 0.1 ms each, and an interrupt has to be heard within 0.1 s: while rows
+// are slow the blocks are small.
 #include "batch.hpp"
 
 #include "column.hpp"
@@ -19,7 +20,8 @@ namespace {
 using Clock = std::chrono::steady_clock;
 constexpr auto between_reports = std::chrono::milliseconds(10);
 constexpr std::size_t most_threads = 256;
-constexpr std::size_t step_rows = 256;
+constexpr std::size_t most_rows = 512, least_rows = 128;
+constexpr auto slow_block = std::chrono::milliseconds(1);
 
 struct Columns {
     System system;
@@ -36,14 +38,16 @@ public:
 
     /// Without the interpreter's lock, from any thread but the caller's.
     void help() noexcept {
-        while (block()) {
+        std::size_t size = most_rows;
+        while (block(size)) {
         }
     }
 
     /// Without the lock, from the calling thread.
     void lead() noexcept {
         Clock::time_point reported = Clock::now();
-        while (block()) {
+        std::size_t size = most_rows;
+        while (block(size)) {
             if (Clock::now() - reported < between_reports) continue;
             report();
             reported = Clock::now();
@@ -68,20 +72,22 @@ private:
 
     [[nodiscard]] std::size_t rows() const { return columns_.a.size(); }
 
-    /// False if nothing is left to do.
-    bool block() noexcept {
+    /// One block of that size, which becomes the size of the next one. False if nothing is left to do.
+    bool block(std::size_t& size) noexcept {
         if (stop_.load(std::memory_order_relaxed)) return false;
-        const std::size_t begin = next_.fetch_add(step_rows, std::memory_order_relaxed);
+        const std::size_t begin = next_.fetch_add(size, std::memory_order_relaxed);
         if (begin >= rows()) return false;
-        const std::size_t n = std::min(step_rows, rows() - begin);
+        const std::size_t n = std::min(size, rows() - begin);
+        const Clock::time_point started = Clock::now();
         solved_ += solve(begin, n);
         done_ += n;
+        size = Clock::now() - started > slow_block ? least_rows : most_rows;
         return true;
     }
 
     std::size_t solve(std::size_t begin, std::size_t n) noexcept {
         const PairRow& pair = pairs[static_cast<std::size_t>(columns_.pair)];
-        std::array<double, step_rows> a_scratch, b_scratch;
+        std::array<double, most_rows> a_scratch, b_scratch;
         const auto given = [&](std::span<double> column, Property property, double* scratch) {
             const Given all{reinterpret_cast<const char*>(column.data()), sizeof(double), &unit(property)};
             return std::span<const double>{
@@ -134,7 +140,7 @@ private:
 /// Without the interpreter's lock. The calling thread is one of the threads; what cannot be started is done without.
 void run_on_threads(Run& run, std::size_t threads, std::size_t rows) noexcept {
     if (threads == 0) threads = std::max(1U, std::thread::hardware_concurrency());
-    const std::size_t helpers = std::min({threads, most_threads, rows / step_rows + 1}) - 1;
+    const std::size_t helpers = std::min({threads, most_threads, rows / most_rows + 1}) - 1;
     std::array<std::thread, most_threads> started;
     try {
         for (std::size_t i = 0; i < helpers; ++i) started[i] = std::thread(&Run::help, &run);

@@ -88,9 +88,10 @@ bool add_pair(PyObject* all, System system, Pair number_of_pair) {
         function.property = static_cast<Property>(k);
         if (function.property == pair.a || function.property == pair.b) continue;
         function.result = &conversion(system, function.property);
+        const char* none = function.property == Property::region ? "7" : "NaN";
         if (!add(all, function, properties[k].name + ending,
                  "Of the state with two given values: " + meaning_of(system, function.property) + ".\n\n" + given +
-                     range + "NaN, with NumPy's \"invalid\" signal, if there is no such state: status" + ending +
+                     range + none + ", with NumPy's \"invalid\" signal, if there is no such state: status" + ending +
                      " tells why. A given NaN\ncomes back without the signal. NaN without it: what the state does "
                      "not have, such as the quality of one phase.",
                  property_loop, property_types, 2))

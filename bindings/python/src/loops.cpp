@@ -51,7 +51,7 @@ void one_property(const Function& f, const Given& a, const Given& b, const Resul
     const double first = a.at(row), second = b.at(row);
     const State state = ktl::state(f.pair, first, second);
     if (!state && !std::isnan(first) && !std::isnan(second)) flags.raise_invalid();
-    y.put(row, state ? state.get(f.property) : detail::nan);
+    y.put(row, state.get(f.property));
 }
 
 /// One value of the saturation line or a column of them.
