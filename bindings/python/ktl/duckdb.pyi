@@ -1,0 +1,6 @@
+from collections.abc import Iterable
+
+import duckdb
+
+def names() -> list[str]: ...
+def register(connection: duckdb.DuckDBPyConnection, functions: Iterable[str] | None = ...) -> None: ...
