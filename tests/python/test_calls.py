@@ -153,7 +153,7 @@ N = 3_000_000
 SLOW = np.full(N, 4500.0), np.full(N, 1.0)  # h, s without a state: the slowest rows
 
 
-def test_progress_and_cancelling(capsys):
+def test_progress_and_cancelling(capsys, monkeypatch):
     p, h = np.resize(STATES["p"], 300000), np.resize(STATES["h"], 300000)
     seen = []
     result = ktl.batch("ph", p, h, "t", progress=lambda done, total: seen.append((done, total)))
@@ -165,6 +165,9 @@ def test_progress_and_cancelling(capsys):
         ktl.batch("hs", *SLOW, "t", progress=lambda done, total: 1 // 0)
     ktl.batch("ph", p, h, "t", progress=True)
     assert "100%" in capsys.readouterr().err
+    monkeypatch.setitem(sys.modules, "tqdm.auto", None)  # as if it were not installed
+    ktl.batch("ph", p, h, "t", progress=True)
+    assert capsys.readouterr().err.endswith("\r100 %\n")
 
 
 @pytest.mark.parametrize("threads", [1, 2])

@@ -7,6 +7,7 @@
 #include <cstdio>
 #include <deque>
 #include <string>
+#include <utility>
 
 namespace ktl::python {
 
@@ -88,13 +89,14 @@ bool add_pair(PyObject* all, System system, Pair number_of_pair) {
         function.property = static_cast<Property>(k);
         if (function.property == pair.a || function.property == pair.b) continue;
         function.result = &conversion(system, function.property);
-        const char* none = function.property == Property::region ? "7" : "NaN";
-        if (!add(all, function, properties[k].name + ending,
-                 "Of the state with two given values: " + meaning_of(system, function.property) + ".\n\n" + given +
-                     range + none + ", with NumPy's \"invalid\" signal, if there is no such state: status" + ending +
-                     " tells why. A given NaN\ncomes back without the signal. NaN without it: what the state does "
-                     "not have, such as the quality of one phase.",
-                 property_loop, property_types, 2))
+        std::string text = "Of the state with two given values: ";
+        text.append(meaning_of(system, function.property)).append(".\n\n").append(given).append(range);
+        text.append(function.property == Property::region ? "7" : "NaN");
+        text.append(", with NumPy's \"invalid\" signal, if there is no such state: status").append(ending);
+        text.append(
+            " tells why. A given NaN\ncomes back without the signal. NaN without it: what the state does not have, "
+            "such as the quality of one phase.");
+        if (!add(all, function, properties[k].name + ending, std::move(text), property_loop, property_types, 2))
             return false;
     }
     return add(all, function, "status" + ending,

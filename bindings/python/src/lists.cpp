@@ -54,6 +54,7 @@ constexpr const char* slope_unit = "bar/K";
 /// A row for each property, then one for the slope of the saturation line.
 std::vector<Conversion> made_for(System system) {
     std::vector<Conversion> all;
+    all.reserve(property_count + 1);
     for (const PropertyRow& row : properties) all.push_back(find(system, row.unit, row.unit));
     all.push_back(find(system, slope_unit, slope_unit));
     return all;

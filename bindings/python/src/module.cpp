@@ -165,4 +165,5 @@ PyModuleDef definition = {PyModuleDef_HEAD_INIT,
 
 } // namespace ktl::python
 
+// NOLINTNEXTLINE(bugprone-reserved-identifier): Python derives the name from that of the module
 PyMODINIT_FUNC PyInit__ktl() { return PyModuleDef_Init(&ktl::python::definition); }
