@@ -48,6 +48,7 @@ class StatusUfunc(Protocol):
 
 FUNCTIONS = '''
 def state(*, number: int = ..., {given}) -> State: ...
+def derivative(of: str, by: str, at_constant: str, *, number: int = ..., {given}) -> Any: ...
 @overload
 def saturation(*, t: ArrayLike) -> Saturation: ...
 @overload
@@ -83,10 +84,12 @@ def classes(properties, names):
     """The classes that all unit systems share."""
     lines = ["", "class Status(IntEnum):"]
     lines += [f"    {name} = {k}" for k, name in enumerate(names)]
-    lines += ["    @property", "    def sentence(self) -> str: ...", "", "class Phase:"]
+    lines += ["    @property", "    def sentence(self) -> str: ...", "", "class _Values:"]
     lines += ["    # One state has numbers, several have arrays.", "    shape: tuple[int, ...]", "    def __len__(self) -> int: ..."]
+    lines += ["    def derivative(self, of: str, by: str, at_constant: str) -> Any: ..."]
     lines += [f"    {name}: Any  # {meaning}, {unit}" for name, unit, meaning in properties]
-    lines += ["", "class State(Phase):", "    status: Any", "    liquid: Phase", "    vapour: Phase"]
+    lines += ["", "class Phase(_Values):", "    def saturation_derivative(self, of: str, by: str) -> Any: ..."]
+    lines += ["", "class State(_Values):", "    status: Any", "    liquid: Phase", "    vapour: Phase"]
     lines += ["    def __bool__(self) -> bool: ...", "    def __getitem__(self, index: Any) -> State: ..."]
     lines += ["    def __iter__(self) -> Iterator[State]: ...", "    def to_frame(self) -> Any: ..."]
     lines += ["", "class Saturation:", "    shape: tuple[int, ...]", "    p: Any", "    t: Any", "    slope: Any", "    status: Any"]

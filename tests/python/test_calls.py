@@ -11,6 +11,7 @@ import time
 
 import numpy as np
 import pandas as pd
+import pint
 import pytest
 from conftest import drawn_states, same_bits
 
@@ -120,6 +121,31 @@ def test_number_picks_one_of_several():
         ktl.state(s=s, x=x, number=0.5)
 
 
+@pytest.mark.parametrize("system, p, t", [(ktl, 100.0, 500.0), (ktl.si, 1e7, 773.15), (ktl.us, 1450.0, 932.0)])
+@pytest.mark.parametrize("of, by, at_constant", ["hps", "tph", "upt", "stv", ("rho", "t", "p"), ("gibbs", "s", "p")])
+def test_derivatives_are_those_of_neighbours(system, p, t, of, by, at_constant):
+    state = system.state(p=p, t=t)
+    given = {at_constant: getattr(state, at_constant)}
+    step = 1e-4 * abs(getattr(state, by))
+    low, high = (system.state(**given, **{by: getattr(state, by) + sign * step}) for sign in (-1, 1))
+    slope = (getattr(high, of) - getattr(low, of)) / (getattr(high, by) - getattr(low, by))
+    assert np.isclose(state.derivative(of, by, at_constant), slope, rtol=1e-5)
+    assert system.derivative(of, by, at_constant, t=t, p=p) == state.derivative(of, by, at_constant)
+
+
+def test_derivatives_of_phases_and_mixtures():
+    line = ktl.saturation(t=[200.0, 400.0])
+    assert line.vapour.saturation_derivative("p", "t")[0] == pytest.approx(line.slope[0], rel=1e-12)
+    assert np.isnan(line.liquid.saturation_derivative("h", "t")[1])
+    wet = ktl.state(p=[10.0, 10.0], h=[2000.0, 1e5])
+    assert wet.derivative("h", "p", "s")[0] == pytest.approx(wet.v[0] * 100, rel=1e-3) and np.isnan(wet.derivative("h", "p", "t")).all()
+    q = pint.get_application_registry().Quantity
+    steam = ktl.units.state(p=q(10, "MPa"), t=q(500, "degC"))
+    assert steam.derivative("h", "t", "p").to("J/kg/K").m == pytest.approx(1000 * ktl.cp_pt(100, 500))
+    with pytest.raises(ValueError, match="'cp' has no derivatives"):
+        ktl.derivative("cp", "p", "t", p=1, t=200)
+
+
 def test_saturation():
     point = ktl.saturation(t=200)
     assert point and point.p == ktl.psat(200) and point.slope == ktl.saturation_slope(200) and "liquid" in repr(point)
@@ -149,7 +175,7 @@ def test_bad_batches(arguments, error):
         ktl.batch(*arguments)
 
 
-N = 3_000_000
+N = 300_000
 SLOW = np.full(N, 4500.0), np.full(N, 1.0)  # h, s without a state: the slowest rows
 
 

@@ -5,7 +5,7 @@ import sys
 from . import _ktl
 from ._batch import batch_function
 from ._lists import GIVEN, PAIRS, PROPERTIES, SYSTEMS, no_pair, unit_of
-from ._state import saturation_function, state_function
+from ._state import derivative_function, saturation_function, state_function
 
 
 def fill(module, system):
@@ -13,6 +13,7 @@ def fill(module, system):
     ufuncs = _ktl.functions(SYSTEMS.index(system))
     functions = {name: keyword_function(prop, ufuncs, system) for name, prop in PROPERTIES.items()}
     functions["state"] = state_function(system)
+    functions["derivative"] = derivative_function(functions["state"], system)
     functions["saturation"] = saturation_function(system, ufuncs["saturation_slope"])
     functions["batch"] = batch_function(system)
     for name, function in {**ufuncs, **functions}.items():

@@ -8,6 +8,14 @@ from ._lists import GIVEN, PAIRS, PROPERTIES, SYSTEMS, Status, no_pair, unit_of
 from ._show import html_table, text_table
 
 _STATE, _LIQUID, _VAPOUR = range(3)
+_DIFFERENTIABLE = ("p", "t", "v", "rho", "h", "s", "u", "gibbs", "helmholtz")
+
+
+def _differentiable(name):
+    """The number of a property that has derivatives."""
+    if name not in _DIFFERENTIABLE:
+        raise ValueError(f"{name!r} has no derivatives; these have: {', '.join(_DIFFERENTIABLE)}")
+    return PROPERTIES[name].number
 
 
 class _Values:
@@ -39,6 +47,20 @@ class _Values:
             self._kept[prop.name] = values if values.shape else values.item()
         return self._kept[prop.name]
 
+    def derivative(self, of, by, at_constant):
+        """The first partial derivative (d of / d by) with at_constant held, in the units of the properties.
+
+        The names are three of p, t, v, rho, h, s, u, gibbs and helmholtz. A mixture stays in equilibrium. NaN if the state is
+        not solved, or by and at_constant do not fix a neighbouring state, as p and t of a mixture.
+        """
+        return self._derivative(of, by, _differentiable(at_constant))
+
+    def _derivative(self, of, by, number_of_constant):
+        values = np.empty(self._rows.shape)
+        numbers = _differentiable(of), _differentiable(by), number_of_constant
+        _ktl.derivative(SYSTEMS.index(self._system), self._rows, self._phase, *numbers, values)
+        return values if values.shape else values.item()
+
     def _attribute(prop):
         unit = ", ".join(dict.fromkeys(unit for unit in prop.units if unit != "1"))
         return property(lambda self: self._get(prop), doc=f"{prop.meaning}{f' ({unit})' if unit else ''}")
@@ -64,6 +86,10 @@ class Phase(_Values):
     """One homogeneous phase, or an array of them. NaN if the phase does not exist."""
 
     __slots__ = ()
+
+    def saturation_derivative(self, of, by):
+        """(d of / d by) of the saturated phase along the saturation line, in the units of the properties."""
+        return self._derivative(of, by, -1)
 
 
 class State(_Values):
@@ -181,6 +207,19 @@ def state_function(system):
     not an error: its status tells why, bool() is False and every property is NaN.
     """
     return state
+
+
+def derivative_function(state, system):
+    def derivative(of, by, at_constant, **given):
+        return state(**given).derivative(of, by, at_constant)
+
+    derivative.__doc__ = f"""The first partial derivative (d of / d by) with at_constant held, of the state with two given values.
+
+    of, by, at_constant: names, three of {", ".join(_DIFFERENTIABLE)}; then two keywords as for
+    state(). In the units of the properties: (dh/dp) in {unit_of(PROPERTIES["h"], system)} per {unit_of(PROPERTIES["p"], system)}.
+    NaN if there is no such state, or by and at_constant do not fix a neighbouring one, as p and t of a mixture.
+    """
+    return derivative
 
 
 def saturation_function(system, slope_of):

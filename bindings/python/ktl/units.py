@@ -88,6 +88,17 @@ class _Quantities:
         unit = _SLOPE_UNIT if name == "slope" else _UNITS.get(name)
         return value if unit is None else self._registry.Quantity(value, unit)
 
+    def _derivative(self, value, of, by):
+        # Differences of temperatures: 1 degC is 1 K.
+        over, under = (_UNITS[name].replace("degC", "K") or "1" for name in (of, by))
+        return self._registry.Quantity(value, f"({over})/({under})")
+
+    def derivative(self, of, by, at_constant):
+        return self._derivative(self._values.derivative(of, by, at_constant), of, by)
+
+    def saturation_derivative(self, of, by):
+        return self._derivative(self._values.saturation_derivative(of, by), of, by)
+
     def __bool__(self):
         return bool(self._values)
 

@@ -20,7 +20,7 @@ namespace {
 using Clock = std::chrono::steady_clock;
 constexpr auto between_reports = std::chrono::milliseconds(10);
 constexpr std::size_t most_threads = 256;
-constexpr std::size_t most_rows = 512, least_rows = 128;
+constexpr std::size_t most_rows = 512, least_rows = 32;
 constexpr auto slow_block = std::chrono::milliseconds(1);
 
 struct Columns {

@@ -142,6 +142,7 @@ PyMethodDef methods[] = {
     {"batch", batch_columns, METH_VARARGS, "batch(system, pair, a, b, properties, outputs, status, threads, progress)"},
     {"solve", solve_states, METH_VARARGS, "solve(system, pair, a, b, number, states)"},
     {"column", column_of_states, METH_VARARGS, "column(system, states, property, phase, out)"},
+    {"derivative", derivative_of_states, METH_VARARGS, "derivative(system, states, phase, of, by, at_constant, out)"},
     {"status_column", statuses_of_states, METH_VARARGS, "status_column(states, out)"},
     {nullptr, nullptr, 0, nullptr},
 };

@@ -4,6 +4,7 @@
 #include "module.hpp"
 
 #include <algorithm>
+#include <ktl/derivative.hpp>
 #include <type_traits>
 
 namespace ktl::python {
@@ -29,6 +30,20 @@ double value(const State& state, int phase, Property property) {
     default: return state.get(property);
     }
 }
+
+/// What a derivative is asked for; along the saturation line if nothing is held constant.
+struct Derivative {
+    Property of, by, at_constant;
+    bool along_line;
+
+    [[nodiscard]] double operator()(const State& state, int phase) const {
+        if (phase == 0) return along_line ? detail::nan : ktl::derivative(state, of, by, at_constant);
+        const Phase& one = phase == 1 ? state.liquid() : state.vapour();
+        return along_line ? saturation_derivative(one, of, by) : ktl::derivative(one, of, by, at_constant);
+    }
+};
+
+bool is_property(int number) { return number >= 0 && number < static_cast<int>(property_count); }
 
 } // namespace
 
@@ -74,8 +89,7 @@ PyObject* column_of_states(PyObject*, PyObject* arguments) {
         !system_from(system_number, &system) || !doubles_of(out_array, true, &out) ||
         !elements_of(array, sizeof(State), false, &states))
         return nullptr;
-    if (property_number < 0 || property_number >= static_cast<int>(property_count))
-        return refuse("unknown property"), nullptr;
+    if (!is_property(property_number)) return refuse("unknown property"), nullptr;
     if (out.size() != states_in(states)) return refuse("columns differ in length"), nullptr;
     const auto property = static_cast<Property>(property_number);
     const Conversion& unit = conversion(system, property);
@@ -83,6 +97,31 @@ PyObject* column_of_states(PyObject*, PyObject* arguments) {
     for (std::size_t row = 0; row < out.size(); ++row) {
         const double y = value(state_at(states, row), phase, property);
         out[row] = unit.identity() ? y : unit.from_library(y);
+    }
+    Py_END_ALLOW_THREADS;
+    Py_RETURN_NONE;
+}
+
+PyObject* derivative_of_states(PyObject*, PyObject* arguments) {
+    int system_number = 0, phase = 0, of = 0, by = 0, at_constant = 0;
+    PyObject *array = nullptr, *out_array = nullptr;
+    System system;
+    std::span<double> out;
+    std::span<char> states;
+    if (!PyArg_ParseTuple(arguments, "iOiiiiO", &system_number, &array, &phase, &of, &by, &at_constant, &out_array) ||
+        !system_from(system_number, &system) || !doubles_of(out_array, true, &out) ||
+        !elements_of(array, sizeof(State), false, &states))
+        return nullptr;
+    if (!is_property(of) || !is_property(by) || (at_constant != -1 && !is_property(at_constant)))
+        return refuse("unknown property"), nullptr;
+    if (out.size() != states_in(states)) return refuse("columns differ in length"), nullptr;
+    const Derivative derivative{static_cast<Property>(of), static_cast<Property>(by),
+                                static_cast<Property>(at_constant), at_constant == -1};
+    const Conversion &to = conversion(system, derivative.of), &per = conversion(system, derivative.by);
+    Py_BEGIN_ALLOW_THREADS;
+    for (std::size_t row = 0; row < out.size(); ++row) {
+        const double y = derivative(state_at(states, row), phase);
+        out[row] = to.identity() && per.identity() ? y : y * to.multiplier / to.divisor * per.divisor / per.multiplier;
     }
     Py_END_ALLOW_THREADS;
     Py_RETURN_NONE;

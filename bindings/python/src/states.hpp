@@ -15,6 +15,9 @@ extern const std::size_t state_size;
 PyObject* solve_states(PyObject* module, PyObject* arguments);
 /// column(system, states, property, phase, out): a property of the states (phase 0), of their liquid (1) or vapour (2).
 PyObject* column_of_states(PyObject* module, PyObject* arguments);
+/// derivative(system, states, phase, of, by, at_constant, out): ktl::derivative of the states or of a phase; for the phases
+/// ktl::saturation_derivative if at_constant is -1.
+PyObject* derivative_of_states(PyObject* module, PyObject* arguments);
 /// status_column(states, out): their statuses, a byte each.
 PyObject* statuses_of_states(PyObject* module, PyObject* arguments);
 
