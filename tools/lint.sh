@@ -4,6 +4,7 @@
 set -eu
 cd "$(dirname "$0")/.."
 tools/setup.sh clang-format-14 clang-tidy-14
+tools/python.sh
 git ls-files -z '*.cpp' '*.hpp' '*.h' | xargs -0 clang-format-14 --dry-run -Werror
 [ -e build/release/compile_commands.json ] || cmake --preset release >/dev/null
 [ $# -gt 0 ] || set -- $(git ls-files 'src/*.cpp' 'apps/*.cpp' 'bindings/*.cpp' | grep -vE '/(kernels_avx|kernels_neon|silent)')
