@@ -16,7 +16,7 @@ def _number(value):
 def _table_of_one(values):
     """Heading and rows: property, value (with those of both phases if there are two), unit, meaning."""
     columns = [values]
-    if getattr(values, "x", np.nan) == getattr(values, "x", np.nan) and hasattr(values, "liquid"):
+    if not np.isnan(values.x) and hasattr(values, "liquid"):
         columns += [values.liquid, values.vapour]
     heading = ["", "mixture", "liquid", "vapour"] if len(columns) == 3 else ["", "value"]
     rows = [
@@ -41,8 +41,8 @@ def _table_of_several(values):
     return heading + ([] if statuses is None else ["status"]), rows
 
 
-def _parts(values):
-    kind = type(values).__name__
+def _parts(values, kind):
+    kind = kind or type(values).__name__
     if values.shape:
         size = int(np.prod(values.shape))
         left = size - min(size, _ROWS_SHOWN)
@@ -52,8 +52,8 @@ def _parts(values):
     return kind, *_table_of_one(values), ""
 
 
-def text_table(values):
-    title, heading, rows, end = _parts(values)
+def text_table(values, kind=None):
+    title, heading, rows, end = _parts(values, kind)
     lines = [title]
     if rows:
         widths = [max(map(len, cells)) for cells in zip(heading, *rows)]
@@ -61,8 +61,8 @@ def text_table(values):
     return "\n".join([*lines, end] if end else lines)
 
 
-def html_table(values):
-    title, heading, rows, end = _parts(values)
+def html_table(values, kind=None):
+    title, heading, rows, end = _parts(values, kind)
 
     def line(cells, tag):
         return "<tr>" + "".join(f"<{tag}>{html.escape(cell)}</{tag}>" for cell in cells) + "</tr>"

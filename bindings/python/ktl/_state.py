@@ -181,10 +181,10 @@ class Saturation:
         return Saturation(self._state[index], self.slope[index])
 
     def __repr__(self):
-        return repr(self._state)
+        return text_table(self._state, "Saturation")
 
     def _repr_html_(self):
-        return self._state._repr_html_()
+        return html_table(self._state, "Saturation")
 
 
 def state_function(system):
