@@ -131,7 +131,7 @@ def test_accumulate_follows_its_own_results():
 
 @pytest.mark.parametrize("dtype", ["f4", "f2", "i1", "i8", "u8", "?"])
 def test_narrower_types_are_cast(dtype):
-    p, h = np.array([1, 50, 100]).astype(dtype), np.array([1, 0, 100]).astype(dtype)
+    p, h = np.array([1, 50, 100]).astype(dtype), np.array([10, 50, 100]).astype(dtype)
     found = ktl.t_ph(p, h)
     assert found.dtype == np.float64
     assert same_bits(found, ktl.t_ph(p.astype(float), h.astype(float)))
