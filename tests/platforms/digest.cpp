@@ -17,7 +17,10 @@ namespace {
 using namespace ktl;
 using test::Random;
 
-constexpr std::size_t rows = 2000;
+#ifndef KTL_DIGEST_ROWS
+#define KTL_DIGEST_ROWS 2000
+#endif
+constexpr std::size_t rows = KTL_DIGEST_ROWS;
 bool print_rows = false;
 
 /// A hash of 64-bit words (FNV-1a). Sign and payload of a not-a-number are the compiler's choice, all other bits are not.
