@@ -115,6 +115,12 @@ struct Isobar {
                 x.found() && if97::in_near_critical(p, x.primary, x.t, overlap_margin, overlap_margin_13);
             return inside ? row_of(SubRegion::near_critical, x) : RowState{};
         }
+        case Region::wet: {
+            if (p > boundary_pressure(Scalar(t_13)).value) return {};
+            RowState row = mixed(saturated_under(p));
+            if (!(row.x > 0.0 && row.x < 1.0 && row.bulk.t.value >= t_min)) row = {};
+            return row;
+        }
         case Region::wet_near_critical: {
             if (!(p < saturation::critical_pressure)) return {};
             const SaturatedState line = saturated_under(p);
@@ -130,9 +136,9 @@ struct Isobar {
 
 /// A temperature past an end of the isobar is that end if the value there is as good as the one given.
 template <Quantity Y>
-RowState within_range(const Isobar<Y>& isobar, RowState row) {
+void bring_into_range(const Isobar<Y>& isobar, RowState& row) {
     const double t = row.bulk.t.value;
-    if (t >= t_min && t <= t_max) return row;
+    if (t >= t_min && t <= t_max) return;
     const bool cold = t < t_min;
     const double end = cold ? t_min : t_max;
     const bool is_mixture = row.region == Region::wet;
@@ -144,15 +150,17 @@ RowState within_range(const Isobar<Y>& isobar, RowState row) {
     constexpr double least = Y == Quantity::entropy ? 1.0 : 10.0;
     const double allowed = searches::limit_rounding * std::fmax(std::fabs(isobar.value), least);
     const bool same_pressure = std::fabs(limit.bulk.p.value - isobar.p) <= searches::limit_rounding * isobar.p;
-    if (same_pressure && std::fabs(isobar.of(limit.bulk) - isobar.value) <= allowed) return limit;
-    return failed(cold ? Status::temperature_low : Status::temperature_high);
+    const bool same_value = std::fabs(isobar.of(limit.bulk) - isobar.value) <= allowed;
+    row = same_pressure && same_value ? limit : failed(cold ? Status::temperature_low : Status::temperature_high);
 }
 
 template <Quantity Y>
 RowState solve(double p, double value, const Start& start) {
     const Isobar<Y> isobar{p, value};
     RowState row = isobar.search_from(start);
-    if (row.status != Status::solved) row = within_range(isobar, isobar.search());
+    if (row.status == Status::solved) return row;
+    row = isobar.search();
+    bring_into_range(isobar, row);
     return row;
 }
 

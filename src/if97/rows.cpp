@@ -59,15 +59,10 @@ SaturatedState saturated_under(double p) noexcept {
 }
 
 RowState mixture_row(const SaturatedState& line, double x) noexcept {
-    RowState row;
-    row.status = Status::solved;
-    row.region = line.high ? Region::wet_near_critical : Region::wet;
-    row.x = x;
-    row.bulk = mixture_of(line.phases, Scalar(x), Scalar(line.p));
-    row.bulk.t = line.t;
-    row.liquid = line.phases.liquid;
-    row.vapour = line.phases.vapour;
-    return row;
+    Phase bulk = mixture_of(line.phases, Scalar(x), Scalar(line.p));
+    bulk.t = line.t;
+    const Region region = line.high ? Region::wet_near_critical : Region::wet;
+    return {Status::solved, region, x, bulk, line.phases.liquid, line.phases.vapour};
 }
 
 bool in_water(double p, double t, double margin) noexcept {
