@@ -135,8 +135,8 @@ Comparison compare_saturation(const std::vector<double>& t, Scale scale) {
     out.report.title = "Saturation line: IF97 less 1967";
     ReportTable table{
         "saturation", "Saturation line at temperatures of the ITS-90: differences are IF97 less 1967", {}, {}};
-    table.columns = {"T_degC",        "P_1967_bar",    "P_IF97_bar",        "P_%",
-                     "V_water_%",     "V_steam_%",     "H_water_kJ/kg",     "H_steam_kJ/kg",
+    table.columns = {"T_degC",         "P_1967_bar",     "P_IF97_bar",    "P_%",
+                     "V_water_%",      "V_steam_%",      "H_water_kJ/kg", "H_steam_kJ/kg",
                      "S_water_kJ/kgK", "S_steam_kJ/kgK", "error"};
     const Pair& tx = *find_pair("tx");
     for (const double temperature : t) {
