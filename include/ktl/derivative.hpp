@@ -17,7 +17,7 @@ namespace ktl {
 /// In two phases the mixture stays in equilibrium: its pressure is the saturation pressure of its temperature, and the
 /// derivative is that of what state() gives. NaN if the state is not solved, if one of the three is none of the nine
 /// properties, or if `by` and `at_constant` do not fix a neighbouring state: they are the same, or v and rho, or p and t of a
-/// mixture. Infinite where it is, as (dh/dt) at constant p on a level isotherm next to the critical point. The equations of
+/// mixture. NaN too for a mixture of another formulation, which lies off the saturation line of this one. Infinite where it is, as (dh/dt) at constant p on a level isotherm next to the critical point. The equations of
 /// the sub-regions hold on both sides of their borders: on a border the derivative is that of the state's own region.
 [[nodiscard]] KTL_API double derivative(const State& state, Property of, Property by, Property at_constant) noexcept;
 /// The same of one phase: of a saturated one as if it were alone, that is away from the saturation line.

@@ -7,8 +7,8 @@
 //
 //     const ktl::State s = ktl::if97::state(ktl::Pair::ph, 100.0, 2800.0); // bar, kJ/kg
 //
-// Other calls take these states too. Of ktl::derivative() use the one of a phase: that of a mixture, and saturation_derivative(),
-// go along the saturation line of the 1967 formulation.
+// Other calls take these states too. ktl::derivative() of a mixture and saturation_derivative() know the saturation line of the
+// 1967 formulation alone: they are NaN for states of this one.
 //
 // Temperatures are on the ITS-90. Viscosity and conductivity are the correlations of the library at the volume and temperature of
 // the state: IF97 has none of its own.

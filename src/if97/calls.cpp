@@ -2,6 +2,7 @@
 #include <ktl/if97.hpp>
 
 #include "engine/calls/batch.hpp"
+#include "engine/calls/float_environment.hpp"
 #include "engine/calls/state.hpp"
 #include "engine/rows/block.hpp"
 #include "if97/state.hpp"
@@ -52,15 +53,24 @@ std::size_t solve_block(Pair pair, const double* a, const double* b, std::size_t
     return solved;
 }
 
-} // namespace
-
-State state(Pair pair, double a, double b) noexcept {
+State solve(Pair pair, double a, double b) noexcept {
     Start start;
     if (takes_start(pair, a, b)) {
         const RowState row = engine::solve_row(pair, a, b);
         if (row.status == Status::solved) start = {row.region, row.bulk.p.value, row.bulk.t.value, row.bulk.v.value};
     }
     return StateBuilder::state(solve_row(pair, a, b, start));
+}
+
+double temperature_on_line(double p) {
+    const double t = saturation::temperature(Scalar(p)).value;
+    return t >= t_min * (1.0 - searches::limit_rounding) ? t : quiet_nan;
+}
+
+} // namespace
+
+State state(Pair pair, double a, double b) noexcept {
+    return in_float_environment([&] { return solve(pair, a, b); });
 }
 
 const char* sentence(Status status) noexcept {
@@ -71,13 +81,13 @@ const char* sentence(Status status) noexcept {
 
 double saturation_pressure(double t) noexcept {
     const bool on_line = t >= t_min && t <= saturation::critical_temperature;
-    return on_line ? saturation::pressure(Scalar(t)).value : quiet_nan;
+    if (!on_line) return quiet_nan;
+    return in_float_environment([&] { return saturation::pressure(Scalar(t)).value; });
 }
 
 double saturation_temperature(double p) noexcept {
     if (!(p >= p_min && p <= saturation::critical_pressure)) return quiet_nan;
-    const double t = saturation::temperature(Scalar(p)).value;
-    return t >= t_min * (1.0 - searches::limit_rounding) ? t : quiet_nan;
+    return in_float_environment([&] { return temperature_on_line(p); });
 }
 
 BatchResult batch(Pair pair, std::span<const double> a, std::span<const double> b, std::span<const Property> properties,

@@ -8,6 +8,7 @@
 #include <cmath>
 #include <gtest/gtest.h>
 #include <ktl/derivative.hpp>
+#include <ktl/if97.hpp>
 #include <optional>
 
 namespace {
@@ -211,6 +212,9 @@ TEST(Derivative, IsNotANumberWithoutAStateAndInfiniteOnALevelIsotherm) {
         derivative(state(Pair::pt, saturation_pressure(100.0), 100.0), Property::h, Property::t, Property::p)));
     EXPECT_TRUE(std::isnan(derivative(wet, static_cast<Property>(200), Property::t, Property::p)));
     EXPECT_TRUE(std::isnan(saturation_derivative(state(Pair::pt, 1.0, 200.0).liquid(), Property::h, Property::t)));
+    const State of_if97 = if97::state(Pair::tx, 100.0, 0.5);
+    EXPECT_TRUE(std::isnan(derivative(of_if97, Property::h, Property::p, Property::s)));
+    EXPECT_TRUE(std::isnan(saturation_derivative(of_if97.liquid(), Property::h, Property::t)));
     const State critical = state(Pair::tv, 374.15, 0.00317);
     EXPECT_EQ(derivative(critical, Property::h, Property::t, Property::p), INFINITY);
     EXPECT_EQ(derivative(critical, Property::v, Property::p, Property::t), -INFINITY);

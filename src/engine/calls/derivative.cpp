@@ -98,6 +98,12 @@ double ratio(const Slope& of, const Slope& by, const Slope& held) {
     return (of.first * held.t - of.t * held.first) / (by.first * held.t - by.t * held.first);
 }
 
+/// True if p is the saturation pressure at t. States on the line have it to 4e-9, next to the critical point.
+bool on_line(double p, double t) {
+    constexpr double rounding = 1.0e-7;
+    return std::fabs(p - saturation_pressure(t)) <= rounding * p;
+}
+
 /// True if two properties vary independently: v and rho never do, p and t not in a mixture.
 bool independent(Property a, Property b, bool mixture) {
     const auto both = [&](Property y, Property z) { return (a == y || a == z) && (b == y || b == z); };
@@ -117,7 +123,7 @@ double derivative(const Phase& phase, Property of, Property by, Property at_cons
 double derivative(const State& state, Property of, Property by, Property at_constant) noexcept {
     return in_float_environment([&]() -> double {
         if (!state.two_phase()) return derivative(StateBuilder::bulk(state), of, by, at_constant);
-        if (!state || !independent(by, at_constant, true)) return quiet_nan;
+        if (!state || !on_line(state.p(), state.t()) || !independent(by, at_constant, true)) return quiet_nan;
         const double line_slope = saturation_slope(state.t());
         const auto slope = [&](Property y) { return slope_of_mixture(y, state, line_slope); };
         return ratio(slope(of), slope(by), slope(at_constant));
@@ -126,8 +132,7 @@ double derivative(const State& state, Property of, Property by, Property at_cons
 
 double saturation_derivative(const Phase& phase, Property of, Property by) noexcept {
     return in_float_environment([&]() -> double {
-        constexpr double on_line = 1.0e-7; // states on the line have its pressure to 4e-9, next to the critical point
-        if (!(std::fabs(phase.p() - saturation_pressure(phase.t())) <= on_line * phase.p())) return quiet_nan;
+        if (!on_line(phase.p(), phase.t())) return quiet_nan;
         const double line_slope = saturation_slope(phase.t());
         return along_line(phase, of, line_slope) / along_line(phase, by, line_slope);
     });
