@@ -62,7 +62,13 @@ State solve(Pair pair, double a, double b) noexcept {
     return StateBuilder::state(solve_row(pair, a, b, start));
 }
 
+double pressure_on_line(double t) {
+    const bool on_line = t >= t_min && t <= saturation::critical_temperature;
+    return on_line ? saturation::pressure(Scalar(t)).value : quiet_nan;
+}
+
 double temperature_on_line(double p) {
+    if (!(p >= p_min && p <= saturation::critical_pressure)) return quiet_nan;
     const double t = saturation::temperature(Scalar(p)).value;
     return t >= t_min * (1.0 - searches::limit_rounding) ? t : quiet_nan;
 }
@@ -80,13 +86,10 @@ const char* sentence(Status status) noexcept {
 }
 
 double saturation_pressure(double t) noexcept {
-    const bool on_line = t >= t_min && t <= saturation::critical_temperature;
-    if (!on_line) return quiet_nan;
-    return in_float_environment([&] { return saturation::pressure(Scalar(t)).value; });
+    return in_float_environment([&] { return pressure_on_line(t); });
 }
 
 double saturation_temperature(double p) noexcept {
-    if (!(p >= p_min && p <= saturation::critical_pressure)) return quiet_nan;
     return in_float_environment([&] { return temperature_on_line(p); });
 }
 

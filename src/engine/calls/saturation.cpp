@@ -50,9 +50,11 @@ double saturation_temperature(double p) noexcept { return one(engine::scalar_ker
 double saturation_slope(double t) noexcept { return one(engine::scalar_kernels().saturation_slope, t); }
 
 double surface_tension(double t) noexcept {
-    using namespace surface_tension_of_water;
-    if (!(t >= ktl_lc.tmin && t <= critical_temperature)) return quiet_nan;
-    return t < critical_temperature ? sigma(engine::Scalar(t)).value : 0.0;
+    return in_float_environment([&]() -> double { // comparisons with not-a-number raise INVALID
+        using namespace surface_tension_of_water;
+        if (!(t >= ktl_lc.tmin && t <= critical_temperature)) return quiet_nan;
+        return t < critical_temperature ? sigma(engine::Scalar(t)).value : 0.0;
+    });
 }
 
 void saturation_pressure(std::span<const double> t, std::span<double> p) noexcept {
