@@ -184,9 +184,8 @@ void check_words(const CLI::App& app, const std::vector<std::string>& words) {
                              command_names(app));
         }
         reader = named.front();
-        const auto own = reader->get_subcommands([&](const CLI::App* command) {
-            return words.size() > 1 && command->get_name() == words[1];
-        });
+        const auto own = reader->get_subcommands(
+            [&](const CLI::App* command) { return words.size() > 1 && command->get_name() == words[1]; });
         if (!own.empty()) reader = own.front();
     }
     std::string known;

@@ -113,7 +113,7 @@ TEST(Overlaps, SubRegionsOneAndTwoGoBeforeThree) {
             EXPECT_EQ(found.region(), low.region()) << static_cast<int>(pair.given) << ": " << row.a << ", " << row.b;
             EXPECT_NEAR(found.t(), low.t(), 1e-5);
             // And without the patch that the border curves give.
-            EXPECT_EQ(ktl::engine::solve_row_again(pair.given, pair.a, pair.b, std::nan("")).region, low.region());
+            EXPECT_EQ(ktl::engine::solve_row_again(pair.given, pair.a, pair.b, {}).region, low.region());
         }
     }
 }

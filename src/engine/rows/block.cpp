@@ -60,7 +60,7 @@ public:
             begin += count;
             c = end_patch;
         }
-        for (std::size_t i = begin; i < n_; ++i) search_row(order_[i], quiet_nan, properties, outputs, status);
+        for (std::size_t i = begin; i < n_; ++i) search_row(order_[i], {}, properties, outputs, status);
         return solved_;
     }
 
@@ -186,13 +186,12 @@ private:
         if (accepted == count) return;
         for (std::size_t i = 0; i < count; ++i)
             if (!(rows_.accepted[i] > 0.5))
-                search_row(order_[begin + i], rows_.primary[i], properties, outputs, status);
+                search_row(order_[begin + i], {rows_.primary[i], rows_.t[i]}, properties, outputs, status);
     }
 
-    /// primary: at which the search of the row's patch ended; of mixtures the quality.
-    void search_row(std::size_t row, double primary, std::span<const Property> properties, double* const* outputs,
-                    Status* status) {
-        const RowState found = solve_row_again(pair_, a_[row], b_[row], primary);
+    void search_row(std::size_t row, const EndOfSearch& ended, std::span<const Property> properties,
+                    double* const* outputs, Status* status) {
+        const RowState found = solve_row_again(pair_, a_[row], b_[row], ended);
         status[row] = found.status;
         solved_ += found.status == Status::solved ? 1 : 0;
         for (std::size_t k = 0; k < properties.size(); ++k)

@@ -37,12 +37,13 @@ void fill_mixture(Scalar x, const SaturatedProperties<Scalar>& phases, const Pha
     out.liquid.p = out.vapour.p = bulk.p;
 }
 
-// The searches below return false unless they come to an accepted state. Those of mixtures leave the quality that they ended at.
+// The searches below return false unless they come to an accepted state; then ended tells where they ended.
 
 template <SubRegion sub_region>
 KTL_FLATTEN bool solve_phase(Pair pair, Scalar a, Scalar b, Scalar primary, Scalar t, const Margin& margin,
                              RowState& out) {
     const NewtonResult<Scalar> found = solve_in<sub_region>(pair, a, b, primary, t, margin);
+    out.ended = {found.primary.value, found.t.value};
     if (!all_set(found.converged)) return false;
     fill_phase<sub_region>(found.primary, found.t, out);
     return true;
@@ -60,7 +61,7 @@ template <bool high>
                                                          RowState& out) {
     SaturatedProperties<Scalar> phases;
     const auto found = mixture_at_p_or_t<high, PropertyLevel::everything>(pair, a, b, &phases);
-    out.x = found.m.x.value;
+    out.ended = {found.m.x.value, found.m.t.value};
     if (!all_set(accept<high>(pair, found.m, margin))) return false;
     fill_mixture<high>(found.m.x, phases, found.bulk, out);
     return true;
@@ -71,7 +72,7 @@ template <bool high>
 [[gnu::noinline]] KTL_FLATTEN bool solve_mixture(Pair pair, Scalar a, Scalar b, Scalar t, const Margin& margin,
                                                  RowState& out) {
     const TwoPhaseIterate<Scalar> m = mixture_search<high>(pair, a, b, t);
-    out.x = m.x.value;
+    out.ended = {m.x.value, m.t.value};
     if (!all_set(accept<high>(pair, m, margin))) return false;
     const auto phases = phases_at<high>(m.t, m.liquid, m.vapour);
     const Scalar p = high ? saturation::terms(m.t).p : m.liquid;
@@ -151,9 +152,8 @@ constexpr std::array precedence{GuessPatch::water,
                                 GuessPatch::vapour_like};
 
 /// The patches across the saturation line: a row belongs to one of them, as a rule, if its own patch has no state for it. Border
-/// curves are fits, so half of the rows on the line, and more of those rounded to a few digits, begin on the wrong side. x: the
-/// quality at which the search in a patch of mixtures ended.
-std::span<const GuessPatch> across_line(GuessPatch patch, double x) {
+/// curves are fits, so half of the rows on the line, and more of those rounded to a few digits, begin on the wrong side.
+std::span<const GuessPatch> across_line(GuessPatch patch, const EndOfSearch& ended, const Margin& margin) {
     static constexpr std::array water{GuessPatch::water};
     static constexpr std::array steam{GuessPatch::steam_thin, GuessPatch::steam, GuessPatch::steam_dense};
     static constexpr std::array mixtures{GuessPatch::wet_low_s, GuessPatch::wet};
@@ -161,13 +161,15 @@ std::span<const GuessPatch> across_line(GuessPatch patch, double x) {
     static constexpr std::array vapour_like{GuessPatch::vapour_like};
     static constexpr std::array dense_mixtures{GuessPatch::wet_near_critical};
     using Patches = std::span<const GuessPatch>;
+    const double x = ended.primary;
     const auto beside_mixture = [x](Patches liquid, Patches vapour) {
         return x < 0.5 ? liquid : x > 0.5 ? vapour : Patches{};
     };
+    const bool above_350 = ended.t > ktl_lc.t3min + margin.one_phase && ended.t < ktl_lc.tc;
     switch (kind_of[static_cast<std::size_t>(patch)]) {
     case PhaseKind::water:
     case PhaseKind::steam: return mixtures;
-    case PhaseKind::near_critical: return dense_mixtures;
+    case PhaseKind::near_critical: return above_350 ? Patches(dense_mixtures) : Patches{};
     case PhaseKind::wet: return beside_mixture(water, steam);
     case PhaseKind::wet_near_critical: return beside_mixture(liquid_like, vapour_like);
     }
@@ -220,10 +222,10 @@ RowState solve_row(Pair pair, double a, double b) noexcept {
     const GuessPatch patch = solver.classify(a, b);
     RowState out;
     if (patch != GuessPatch::search && solver.solve(patch, a, b, margin_of(pair), out)) return out;
-    return solve_row_again(pair, a, b, out.x);
+    return solve_row_again(pair, a, b, out.ended);
 }
 
-RowState solve_row_again(Pair pair, double a, double b, double x) noexcept {
+RowState solve_row_again(Pair pair, double a, double b, const EndOfSearch& ended) noexcept {
     const PairSolver& solver = solvers[static_cast<std::size_t>(pair)];
     const GuessPatch own = solver.classify(a, b);
     if (names_one_state(pair) && own != GuessPatch::search) {
@@ -233,7 +235,7 @@ RowState solve_row_again(Pair pair, double a, double b, double x) noexcept {
                                [&](GuessPatch patch) { return solver.solve(patch, a, b, margin, out); });
         };
         // Away from the border of sub-region 3 by the margin, no patch of precedence claims the state, too.
-        if (solved(across_line(own, x), margin_of(pair)) || solved(precedence, no_margin))
+        if (solved(across_line(own, ended, margin_of(pair)), margin_of(pair)) || solved(precedence, no_margin))
             return in_doubt(pair, out) ? water_or(pair, a, b, out) : out;
     }
     return evaluated(search(pair, a, b, 0));

@@ -35,19 +35,25 @@ inline constexpr auto no_phase = [] {
     return PhaseProperties<Scalar>{n, n, n, n, n, n, n, n, n, n};
 }();
 
+/// Where the search of a patch ended: primary variable, of a mixture its quality, and t.
+struct EndOfSearch {
+    double primary = quiet_nan, t = quiet_nan;
+};
+
 /// A row after its search. Each phase is evaluated once; liquid and vapour exist in two phases only.
 struct RowState {
     Status status = Status::no_state;
     Region region = Region::none;
     double x = quiet_nan;
     PhaseProperties<Scalar> bulk = no_phase, liquid = no_phase, vapour = no_phase;
+    EndOfSearch ended{};
 };
 
 /// The preferred state that has both values.
 RowState solve_row(Pair pair, double a, double b) noexcept;
-/// The same for a row whose patch did not lead to a state: by the other patches, then by the exact search. x: the quality at which
-/// the search of its patch ended, if that is one of mixtures.
-RowState solve_row_again(Pair pair, double a, double b, double x) noexcept;
+/// The same for a row whose patch did not lead to a state: by the other patches, then by the exact search. ended: of the search in
+/// its patch.
+RowState solve_row_again(Pair pair, double a, double b, const EndOfSearch& ended) noexcept;
 /// The state of a solution of the exact search.
 RowState evaluated(const Solution& found) noexcept;
 
