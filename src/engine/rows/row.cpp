@@ -37,13 +37,19 @@ void fill_mixture(Scalar x, const SaturatedProperties<Scalar>& phases, const Pha
     out.liquid.p = out.vapour.p = bulk.p;
 }
 
-// The searches below return false unless they come to an accepted state; then ended tells where they ended.
+// The searches below return false unless they come to an accepted state; then out has no more than where they ended: t, and the primary
+// variable as x.
+
+void ended_at(Scalar primary, Scalar t, RowState& out) {
+    out.x = primary.value;
+    out.bulk.t = t;
+}
 
 template <SubRegion sub_region>
 KTL_FLATTEN bool solve_phase(Pair pair, Scalar a, Scalar b, Scalar primary, Scalar t, const Margin& margin,
                              RowState& out) {
     const NewtonResult<Scalar> found = solve_in<sub_region>(pair, a, b, primary, t, margin);
-    out.ended = {found.primary.value, found.t.value};
+    ended_at(found.primary, found.t, out);
     if (!all_set(found.converged)) return false;
     fill_phase<sub_region>(found.primary, found.t, out);
     return true;
@@ -61,7 +67,7 @@ template <bool high>
                                                          RowState& out) {
     SaturatedProperties<Scalar> phases;
     const auto found = mixture_at_p_or_t<high, PropertyLevel::everything>(pair, a, b, &phases);
-    out.ended = {found.m.x.value, found.m.t.value};
+    ended_at(found.m.x, found.m.t, out);
     if (!all_set(accept<high>(pair, found.m, margin))) return false;
     fill_mixture<high>(found.m.x, phases, found.bulk, out);
     return true;
@@ -72,7 +78,7 @@ template <bool high>
 [[gnu::noinline]] KTL_FLATTEN bool solve_mixture(Pair pair, Scalar a, Scalar b, Scalar t, const Margin& margin,
                                                  RowState& out) {
     const TwoPhaseIterate<Scalar> m = mixture_search<high>(pair, a, b, t);
-    out.ended = {m.x.value, m.t.value};
+    ended_at(m.x, m.t, out);
     if (!all_set(accept<high>(pair, m, margin))) return false;
     const auto phases = phases_at<high>(m.t, m.liquid, m.vapour);
     const Scalar p = high ? saturation::terms(m.t).p : m.liquid;
@@ -222,7 +228,7 @@ RowState solve_row(Pair pair, double a, double b) noexcept {
     const GuessPatch patch = solver.classify(a, b);
     RowState out;
     if (patch != GuessPatch::search && solver.solve(patch, a, b, margin_of(pair), out)) return out;
-    return solve_row_again(pair, a, b, out.ended);
+    return solve_row_again(pair, a, b, {out.x, out.bulk.t.value});
 }
 
 RowState solve_row_again(Pair pair, double a, double b, const EndOfSearch& ended) noexcept {
