@@ -49,6 +49,37 @@ same() { if diff -q <(grep -E "$1" "$work/native.txt") <(grep -E "$1" "$work/$2.
 
 row() { printf '| %s | %s | %s | %s | %s | %s |\n' "$@"; }
 
+# The headers of CLI11 alone, apart from those of this system's C library.
+headers_of_cli11() {
+    mkdir -p "$work/cli11"
+    ln -sfn /usr/include/CLI "$work/cli11/CLI"
+    cat >"$work/cli11/CLI11Config.cmake" <<'END'
+if(NOT TARGET CLI11::CLI11)
+    add_library(CLI11::CLI11 INTERFACE IMPORTED)
+    set_target_properties(CLI11::CLI11 PROPERTIES INTERFACE_INCLUDE_DIRECTORIES ${CMAKE_CURRENT_LIST_DIR})
+endif()
+END
+}
+
+# program_of_windows COMPILER: ktl.exe in the cases of the program's tests, whose list a native build with tests has.
+program_of_windows() {
+    [ -e build/release/CTestTestfile.cmake ] || return 0
+    cat >"$work/ktl" <<END
+#!/bin/sh
+export WINEDEBUG=-all WINEPREFIX='$work/wine' LC_ALL=C.UTF-8
+messages=\$(mktemp)
+wine '$work/windows/apps/ktl/ktl.exe' "\$@" 2>"\$messages"
+result=\$?
+tr -d '\\r' <"\$messages" >&2
+rm -f "\$messages"
+exit \$result
+END
+    chmod +x "$work/ktl"
+    local cases verdict=same
+    cases=$(tools/platforms/program_cases.py build/release "$work/ktl") || { failed=1; verdict=differ; }
+    row windows-program "$1" scalar "wine, ktl.exe, $cases cases of its tests" "$verdict" -
+}
+
 # report NAME COMPILER KERNELS RUN-BY COMMAND...: runs the digest and prints a row of the table.
 report() {
     local name=$1 compiler=$2 kernels=$3 by=$4
@@ -130,9 +161,10 @@ platform() {
     armhf)
         need g++-arm-linux-gnueabihf qemu-user
         linux armhf arm-linux-gnueabihf "" qemu-arm ;;
-    windows) # the DLL and the static library
-        need g++-mingw-w64-x86-64-posix wine64 wine
-        build windows -DCMAKE_SYSTEM_NAME=Windows -DCMAKE_SYSTEM_PROCESSOR=x86_64 -DCMAKE_CXX_COMPILER=x86_64-w64-mingw32-g++-posix
+    windows) # the DLL, the static library and the program
+        need g++-mingw-w64-x86-64-posix wine64 wine libcli11-dev
+        headers_of_cli11
+        build windows -DKTL_BUILD_PROGRAM=ON -DCLI11_DIR="$work/cli11" -DCMAKE_SYSTEM_NAME=Windows -DCMAKE_SYSTEM_PROCESSOR=x86_64 -DCMAKE_CXX_COMPILER=x86_64-w64-mingw32-g++-posix
         local gxx=x86_64-w64-mingw32-g++-posix
         # shellcheck disable=SC2086
         $gxx $digest_flags "$work/windows/src/libktl.a" -static -o "$work/windows/src/static.exe"
@@ -140,7 +172,8 @@ platform() {
         $gxx $digest_flags -DKTL_SHARED_BUILD "$work/windows/src/libktl.dll.a" -static -o "$work/windows/src/shared.exe"
         export WINEDEBUG=-all WINEPREFIX=$work/wine
         report windows "MinGW-w64 g++ $(version $gxx)" scalar "wine, libktl.a" wine "$work/windows/src/static.exe"
-        report windows-dll "MinGW-w64 g++ $(version $gxx)" scalar "wine, ktl.dll" wine "$work/windows/src/shared.exe" ;;
+        report windows-dll "MinGW-w64 g++ $(version $gxx)" scalar "wine, ktl.dll" wine "$work/windows/src/shared.exe"
+        program_of_windows "MinGW-w64 g++ $(version $gxx)" ;;
     wasm) # the core and the ktl:: calls on a stack of 64 KiB
         need emscripten nodejs
         build wasm -DCMAKE_TOOLCHAIN_FILE=/usr/share/emscripten/cmake/Modules/Platform/Emscripten.cmake -DKTL_VECTOR_LANES=OFF -DBUILD_SHARED_LIBS=OFF -DKTL_THREADS=OFF -DKTL_REPORTS=OFF

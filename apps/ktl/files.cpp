@@ -9,7 +9,14 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 #if defined(_WIN32)
+#ifndef NOMINMAX
+#define NOMINMAX // no macros min and max
+#endif
+#define WIN32_LEAN_AND_MEAN
 #include <io.h>
+#include <windows.h>
+
+#include <shellapi.h>
 #else
 #include <poll.h>
 #include <unistd.h>
@@ -27,10 +34,29 @@ constexpr int patience = 200;
 constexpr int text_mode_off = _O_BINARY;
 constexpr std::size_t most_at_once = std::size_t{1} << 30;
 using Size = unsigned;
+bool make_empty(int descriptor) { return ::_chsize_s(descriptor, 0) == 0; }
+
+// The program has UTF-8 in its texts; the system has it in UTF-16, and its plain calls take the letters of one language.
+std::wstring to_wide(const std::string& text) {
+    const int size = static_cast<int>(text.size());
+    std::wstring wide(text.size(), L'\0'); // never shorter
+    wide.resize(static_cast<std::size_t>(::MultiByteToWideChar(CP_UTF8, 0, text.data(), size, wide.data(), size)));
+    return wide;
+}
+std::string to_utf8(const std::wstring& text) {
+    const int size = static_cast<int>(text.size());
+    std::string utf8(3 * text.size(), '\0'); // never shorter
+    utf8.resize(static_cast<std::size_t>(::WideCharToMultiByte(CP_UTF8, 0, text.data(), size, utf8.data(),
+                                                               static_cast<int>(utf8.size()), nullptr, nullptr)));
+    return utf8;
+}
+int open_file(const std::string& path, int flags) { return ::_wopen(to_wide(path).c_str(), flags, 0666); }
 #else
 constexpr int text_mode_off = O_CLOEXEC;
 constexpr std::size_t most_at_once = std::size_t{1} << 30;
 using Size = std::size_t;
+bool make_empty(int descriptor) { return ::ftruncate(descriptor, 0) == 0; }
+int open_file(const std::string& path, int flags) { return ::open(path.c_str(), flags, 0666); }
 #endif
 
 bool same_file(int a, int b) {
@@ -42,10 +68,23 @@ bool same_file(int a, int b) {
 
 } // namespace
 
+std::vector<std::string> arguments(int argc, char** argv) {
+#if defined(_WIN32)
+    // argv is in the letters of one language
+    if (wchar_t** const words = ::CommandLineToArgvW(::GetCommandLineW(), &argc); words != nullptr) {
+        std::vector<std::string> out;
+        for (int k = 1; k < argc; ++k) out.push_back(to_utf8(words[k]));
+        ::LocalFree(words);
+        return out;
+    }
+#endif
+    return {argv + (argc > 0 ? 1 : 0), argv + argc};
+}
+
 bool is_terminal(int descriptor) { return ::isatty(descriptor) != 0; }
 
 InputFile::InputFile(const std::string& path)
-    : path_(path), descriptor_(path == "-" ? standard_input : ::open(path.c_str(), O_RDONLY | text_mode_off)) {
+    : path_(path), descriptor_(path == "-" ? standard_input : open_file(path, O_RDONLY | text_mode_off)) {
     if (descriptor_ < 0) throw UsageError("cannot read " + in_quotes(path_) + ": " + std::strerror(errno));
 #if defined(_WIN32)
     ::_setmode(descriptor_, _O_BINARY);
@@ -96,12 +135,12 @@ OutputFile::OutputFile(const std::string& path, const InputFile* input) : path_(
 #endif
         return;
     }
-    descriptor_ = ::open(path.c_str(), O_WRONLY | O_CREAT | text_mode_off, 0666);
+    descriptor_ = open_file(path, O_WRONLY | O_CREAT | text_mode_off);
     if (descriptor_ < 0) fail();
     struct stat about {};
     const bool is_input = input != nullptr && same_file(descriptor_, input->descriptor());
     const bool regular = ::fstat(descriptor_, &about) == 0 && S_ISREG(about.st_mode);
-    const bool emptied = is_input || !regular || ::ftruncate(descriptor_, 0) == 0;
+    const bool emptied = is_input || !regular || make_empty(descriptor_);
     if (!is_input && emptied) return;
     ::close(descriptor_); // no destructor runs
     if (is_input) throw UsageError("the results would overwrite their own input " + in_quotes(path_));

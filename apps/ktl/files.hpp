@@ -7,8 +7,12 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace program {
+
+/// What follows the name of the program, in UTF-8.
+std::vector<std::string> arguments(int argc, char** argv);
 
 /// True if the stream with this descriptor (1 standard output, 2 standard error) is a terminal.
 bool is_terminal(int descriptor);

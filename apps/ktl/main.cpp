@@ -2,6 +2,7 @@
 #include "batch.hpp"
 #include "compare_command.hpp"
 #include "completion.hpp"
+#include "files.hpp"
 #include "help.hpp"
 #include "number.hpp"
 #include "single.hpp"
@@ -239,7 +240,7 @@ ExitStatus run(std::vector<std::string> words) {
 
 int main(int argc, char** argv) {
     try {
-        return run({argv + std::min(argc, 1), argv + argc});
+        return run(program::arguments(argc, argv));
     } catch (const std::exception& fault) {
         std::cerr << "ktl: " << fault.what() << "\n";
         return wrong_use;
