@@ -7,8 +7,10 @@
 #include <cmath>
 #include <cstring>
 #include <ktl/ktlftn.h>
+#if !defined(_WIN32)
 #include <sys/mman.h>
 #include <unistd.h>
+#endif
 
 namespace {
 
@@ -105,6 +107,7 @@ TEST(Entry, CodeList) {
 }
 
 /// Texts that end with their last character at the end of a page: reading past it would stop the program.
+#if !defined(_WIN32)
 TEST(Entry, NothingReadPastTheEnd) {
     Reports unit13(13);
     const auto page = static_cast<std::size_t>(sysconf(_SC_PAGESIZE));
@@ -123,6 +126,7 @@ TEST(Entry, NothingReadPastTheEnd) {
     }
     munmap(memory, 2 * page);
 }
+#endif
 
 TEST(Entry, IllegalRegion) {
     Reports unit13(13);

@@ -9,7 +9,7 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
-all="native no-fma libcxx cmake-3.22 i686 aarch64 aarch64-lanes s390x armhf windows wasm controller"
+all="native no-fma libcxx cmake-3.22 i686 aarch64 aarch64-lanes s390x armhf windows windows-tests wasm controller"
 work=$PWD/build/platforms
 mkdir -p "$work"
 failed=0
@@ -78,6 +78,32 @@ END
     local cases verdict=same
     cases=$(tools/platforms/program_cases.py build/release "$work/ktl") || { failed=1; verdict=differ; }
     row windows-program "$1" scalar "wine, ktl.exe, $cases cases of its tests" "$verdict" -
+}
+
+# The tests of the library by GoogleTest, built for Windows.
+tests_of_windows() {
+    local for_windows=(-DCMAKE_BUILD_TYPE=Release -DCMAKE_SYSTEM_NAME=Windows -DCMAKE_SYSTEM_PROCESSOR=x86_64
+        -DCMAKE_C_COMPILER=x86_64-w64-mingw32-gcc-posix -DCMAKE_CXX_COMPILER=x86_64-w64-mingw32-g++-posix)
+    local gtest=$work/googletest/prefix tests=$work/windows-tests cases=0 failures=0 count program
+    export WINEDEBUG=-all WINEPREFIX=$work/wine
+    if ! { cmake -S /usr/src/googletest -B "$work/googletest" -G Ninja "${for_windows[@]}" -DBUILD_GMOCK=OFF \
+        -DCMAKE_INSTALL_PREFIX="$gtest" && cmake --build "$work/googletest" && cmake --install "$work/googletest" &&
+        cmake -S . -B "$tests" -G Ninja "${for_windows[@]}" -DKTL_SMALL_KERNELS=ON -DKTL_BUILD_TESTS=ON \
+        -DKTL_BUILD_PROGRAM=OFF -DKTL_BUILD_FORTRAN=OFF -DGTest_DIR="$gtest/lib/cmake/GTest" \
+        -DCMAKE_EXE_LINKER_FLAGS=-static -DCMAKE_CROSSCOMPILING_EMULATOR=/usr/bin/wine &&
+        cmake --build "$tests" --target ktl_tests ktl_finders_tests ktl_engine_tests; } >"$tests.log" 2>&1; then
+        tail -40 "$tests.log" >&2
+        failed=1
+        return 0
+    fi
+    for program in ktl_tests finders/ktl_finders_tests engine/ktl_engine_tests; do
+        wine "$tests/tests/$program.exe" >"$work/tests.txt" 2>&1 || { failures=1; grep -E "FAILED|Failure" "$work/tests.txt" >&2; }
+        count=$(sed -n 's/.*PASSED  \] \([0-9]*\) test.*/\1/p' "$work/tests.txt")
+        cases=$((cases + ${count:-0}))
+    done
+    [ "$failures" = 0 ] || failed=1
+    row windows-tests "MinGW-w64 g++ $(version x86_64-w64-mingw32-g++-posix)" scalar \
+        "wine, $cases tests of the library passed" "$([ "$failures" = 0 ] && echo same || echo differ)" -
 }
 
 # report NAME COMPILER KERNELS RUN-BY COMMAND...: runs the digest and prints a row of the table.
@@ -174,6 +200,9 @@ platform() {
         report windows "MinGW-w64 g++ $(version $gxx)" scalar "wine, libktl.a" wine "$work/windows/src/static.exe"
         report windows-dll "MinGW-w64 g++ $(version $gxx)" scalar "wine, ktl.dll" wine "$work/windows/src/shared.exe"
         program_of_windows "MinGW-w64 g++ $(version $gxx)" ;;
+    windows-tests)
+        need g++-mingw-w64-x86-64-posix wine64 wine googletest
+        tests_of_windows ;;
     wasm) # the core and the ktl:: calls on a stack of 64 KiB
         need emscripten nodejs
         build wasm -DCMAKE_TOOLCHAIN_FILE=/usr/share/emscripten/cmake/Modules/Platform/Emscripten.cmake -DKTL_VECTOR_LANES=OFF -DBUILD_SHARED_LIBS=OFF -DKTL_THREADS=OFF -DKTL_REPORTS=OFF

@@ -2,9 +2,7 @@
 #pragma once
 
 #include <cstdio>
-#include <cstdlib>
 #include <ktl/ktlftn.h>
-#include <sstream>
 #include <string>
 #include <vector>
 
@@ -13,14 +11,10 @@ namespace ktl::test {
 /// While it lives, lines of one unit are kept here, and ktlerr may be changed freely.
 class Reports {
 public:
-    explicit Reports(int unit = 6) : unit_(unit), before_(ktlerr) {
-        stream_ = open_memstream(&text_, &size_);
-        ktl_connect_unit(unit_, stream_);
-    }
+    explicit Reports(int unit = 6) : unit_(unit), before_(ktlerr) { ktl_connect_unit(unit_, stream_); }
     ~Reports() {
         ktl_connect_unit(unit_, nullptr);
         std::fclose(stream_);
-        std::free(text_);
         ktlerr = before_;
     }
     Reports(const Reports&) = delete;
@@ -28,11 +22,17 @@ public:
 
     /// The lines so far, and forgets them.
     std::vector<std::string> lines() {
-        std::fflush(stream_);
-        std::vector<std::string> out;
-        std::istringstream text(std::string(text_ + read_, size_ - read_));
-        read_ = size_;
-        for (std::string line; std::getline(text, line);) out.push_back(line);
+        std::vector<std::string> out(1);
+        std::fseek(stream_, read_, SEEK_SET);
+        for (int c = std::fgetc(stream_); c != EOF; c = std::fgetc(stream_)) {
+            if (c == '\n')
+                out.emplace_back();
+            else
+                out.back() += static_cast<char>(c);
+        }
+        if (out.back().empty()) out.pop_back();
+        read_ = std::ftell(stream_);
+        std::fseek(stream_, 0, SEEK_END); // between reading and writing
         return out;
     }
     std::size_t count() { return lines().size(); }
@@ -40,10 +40,8 @@ public:
 private:
     int unit_;
     ktlerr_record before_;
-    char* text_ = nullptr;
-    std::size_t size_ = 0;
-    std::size_t read_ = 0;
-    FILE* stream_;
+    FILE* stream_ = std::tmpfile();
+    long read_ = 0;
 };
 
 } // namespace ktl::test

@@ -28,8 +28,7 @@ class X87Environment {
 public:
     X87Environment() noexcept {
         __asm__ volatile("fnstcw %0\n\tfnstsw %1" : "=m"(control_), "=m"(status_));
-        const std::uint16_t masked = control_ | exceptions;
-        if (masked != control_) __asm__ volatile("fldcw %0" : : "m"(masked));
+        if (const std::uint16_t word = wanted(); word != control_) __asm__ volatile("fldcw %0" : : "m"(word));
     }
     void give_back() const noexcept {
         std::uint16_t status;
@@ -40,13 +39,18 @@ public:
             words[0] = control_;
             words[2] = static_cast<std::uint16_t>((words[2] & ~exceptions) | (status_ & exceptions));
             __asm__ volatile("fldenv %0" : : "m"(words));
-        } else if ((control_ & exceptions) != exceptions) {
+        } else if (wanted() != control_) {
             __asm__ volatile("fldcw %0" : : "m"(control_));
         }
     }
 
 private:
     static constexpr std::uint16_t exceptions = 0x3f;
+    static constexpr std::uint16_t rounding = 0x0c00; // 0: to nearest
+    /// The control word of the engine: every exception masked.
+    [[nodiscard]] std::uint16_t wanted() const noexcept {
+        return static_cast<std::uint16_t>((control_ | exceptions) & ~rounding);
+    }
     std::uint16_t control_, status_;
 };
 #else
