@@ -267,9 +267,9 @@ struct BatchResult {
 ///
 /// a, b, status and every output have the same length. A row depends on its two values alone and has the bits that
 /// state(pair, a[i], b[i]) gives, whatever its place, its neighbours and the number of threads. The outputs of a row
-/// that is not solved are NaN, except p and t of an undetermined one. Outputs must overlap neither the given columns
-/// nor one another; a property may be asked for twice. Each thread uses less than 64 KiB of stack; memory is allocated only
-/// to start threads, and if a thread cannot be started the others do its work.
+/// that is not solved are NaN, except the region, which is 7 (none), and p, t and region of an undetermined one. Outputs must
+/// overlap neither the given columns nor one another; a property may be asked for twice. Each thread uses less than 64 KiB of
+/// stack; memory is allocated only to start threads, and if a thread cannot be started the others do its work.
 KTL_API BatchResult batch(Pair pair, std::span<const double> a, std::span<const double> b,
                           std::span<const Property> properties, std::span<double* const> outputs,
                           std::span<Status> status, const BatchOptions& options = {}) noexcept;

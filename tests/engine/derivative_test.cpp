@@ -145,26 +145,30 @@ double difference(StateAt&& state_at, double x, double step, Property of) {
 TEST(Derivative, MixturesStayOnTheSaturationLine) {
     Random random(11);
     int compared = 0;
-    for (int i = 0; i < 60; ++i) {
-        const State s = state(Pair::tx, i % 3 == 0 ? random.between(351.0, 372.0) : random.between(15.0, 349.0),
-                              random.between(0.1, 0.9));
+    for (int i = 0; i < 400; ++i) {
+        const double t = i % 3 == 0 ? random.between(351.0, 372.0) : random.between(15.0, 349.0);
+        const State s = state(Pair::tx, t, random.between(0.1, 0.9));
         for (const Property by : nine)
             for (const Property held : nine) {
                 bool swapped = false;
                 const auto pair = pair_of(by, held, swapped);
                 if (!pair || *pair == Pair::pt) continue;
-                // One part in ten thousand of what the property spans in the two phases, or of what 100 K do.
+                // A part of 30,000 of what the property spans in the two phases, or of what 100 K do.
                 const double span = by == Property::t   ? 100.0
                                     : by == Property::p ? s.p()
                                                         : std::fmin(s.vapour().get(by) - s.liquid().get(by), s.get(by));
                 const auto state_at = [&](double x) {
                     return swapped ? state(*pair, s.get(held), x) : state(*pair, x, s.get(held));
                 };
+                // Up to 350 degC h and s, u and s of mixtures change almost alike: that multiplies what the digits of one
+                // coefficient leave between the entropy of water and its slope.
+                const double allowed = *pair == Pair::hs || *pair == Pair::us ? 1.0e-5 : 2.0e-6;
                 for (const Property of : nine) {
-                    const double wanted = difference(state_at, s.get(by), 1.0e-4 * span, of);
+                    const double wanted = difference(state_at, s.get(by), 3.0e-5 * span, of);
                     if (std::isnan(wanted)) continue;
-                    const double size = std::fabs(s.vapour().get(of) - s.liquid().get(of)) / span;
-                    EXPECT_NEAR(derivative(s, of, by, held), wanted, 2.0e-6 * (std::fabs(wanted) + size))
+                    const double difference_of_phases = std::fabs(s.vapour().get(of) - s.liquid().get(of));
+                    const double size = (difference_of_phases + 2.0e-3 * std::fabs(s.get(of))) / span; // and rounding
+                    EXPECT_NEAR(derivative(s, of, by, held), wanted, allowed * (std::fabs(wanted) + size))
                         << name_of(of) << " by " << name_of(by) << " at constant " << name_of(held) << ", " << s.t()
                         << " degC, x = " << s.x();
                     ++compared;
