@@ -10,7 +10,7 @@ source=$(cd "${1:-$here}" && pwd)
 build=$here/build/walk
 mkdir -p "$build"
 flags="-std=c++20 -O0 -g -DKTL_SMALL_KERNELS -ffp-contract=off -finstrument-functions -no-pie -I$source/src -I$source/include"
-find "$source/src" -name '*.cpp' ! -name 'kernels_avx*' | sort >"$build/sources"
+find "$source/src" -name '*.cpp' ! -name 'kernels_avx*' ! -name 'kernels_neon*' ! -name silent.cpp | sort >"$build/sources"
 xargs -P "$(nproc)" -I{} sh -c 'g++ $1 -c "$2" -o "$3/$(echo "$2" | md5sum | cut -c1-12).o"' _ "$flags" {} "$build" <"$build/sources"
 # shellcheck disable=SC2086  # lists of words
 g++ $flags "$here/tools/walk/walk.cpp" $(while read -r f; do echo "$build/$(echo "$f" | md5sum | cut -c1-12).o"; done <"$build/sources") \

@@ -140,8 +140,8 @@ struct ktl_batch_result {
 /* Computes the states of many rows: for each i below rows the state with the values a[i], b[i]. outputs[k][i] receives
  * the property properties[k] (enum ktl_property_code), k below columns, and status[i] the status (enum
  * ktl_status_code). A row depends on its two values alone and has the bits of ktl_state_of. The outputs of a row that
- * is not solved are NaN, except the region, 7, and p, t and region of an undetermined one. Outputs must overlap neither the given columns nor one
- * another. options may be null: one thread, no progress. */
+ * is not solved are NaN, except the region, 7, and p, t and region of an undetermined one. Outputs must overlap neither the
+ * given columns nor one another. options may be null: one thread, no progress. */
 KTL_API struct ktl_batch_result ktl_batch(int pair, const double* a, const double* b, size_t rows,
                                           const unsigned char* properties, double* const* outputs, size_t columns,
                                           unsigned char* status, const struct ktl_batch_options* options);
