@@ -37,9 +37,9 @@ void fill_mixture(Scalar x, const SaturatedProperties<Scalar>& phases, const Pha
     out.liquid.p = out.vapour.p = bulk.p;
 }
 
-// The searches below return false unless they come to an accepted state; then out has no more than where they ended: t, and the primary
-// variable as x.
+// The searches below return false unless they come to an accepted state; out then tells where they ended.
 
+/// Leaves t, and the primary variable in the place of x.
 void ended_at(Scalar primary, Scalar t, RowState& out) {
     out.x = primary.value;
     out.bulk.t = t;
