@@ -287,7 +287,7 @@ KTL_API int ktlrtu(KTL_INOUT(double) t, KTL_INOUT(double) u, KTL_IN(double) eps)
 
 /** Saturated state from entropy (kJ/(kg K)) and quality (0 to 1): regions 5 and 6, or 7.
  *
- *  Of several temperatures (up to three, at qualities between about 0.37 and 0.62) the lowest is taken. Returns
+ *  Of several temperatures (up to six, at qualities from about 0.37 up) the lowest is taken. Returns
  *  the quality and the saturation temperature (argument order x, t).
  *  On failure the line " POINT IS NOT IN WET-REGION  S=... X=..." on unit ktlerr.iunit, and after it, for an
  *  entropy below that of the critical point, " POINT IS BELOW CRITICAL POINT  S=..."; not counted. */
