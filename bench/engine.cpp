@@ -149,6 +149,24 @@ void single(benchmark::State& bench, const Task& task, const Kind& of) {
     });
 }
 
+/// The first of the wanted properties alone.
+void one_value(benchmark::State& bench, const Task& task, const Kind& of) {
+    const Columns c(task, of);
+    run_rows(bench, rows, [&] {
+        for (std::size_t i = 0; i < rows; ++i)
+            benchmark::DoNotOptimize(ktl::value(task.pair, c.a[i], c.b[i], task.wanted.front()));
+    });
+}
+
+void one_of_line(benchmark::State& bench, bool pressure) {
+    std::vector<double> x;
+    for (const ktl::State& s : kinds()[3].states) x.push_back(pressure ? s.t() : s.p());
+    run_rows(bench, rows, [&] {
+        for (const double y : x)
+            benchmark::DoNotOptimize(pressure ? ktl::saturation_pressure(y) : ktl::saturation_temperature(y));
+    });
+}
+
 void line(benchmark::State& bench, bool pressure) {
     std::vector<double> x;
     for (const ktl::State& s : kinds()[3].states) x.push_back(pressure ? s.t() : s.p());
@@ -201,13 +219,16 @@ bool fits(const Task& task, const Kind& of) {
                 ->UseRealTime();
     }
     for (const Task& task : tasks()) {
-        if (task.wanted.size() < 3) continue;
+        if (task.wanted.size() < 3 && task.pair != Pair::hs) continue;
         for (const Kind& of : kinds()) {
             if (!fits(task, of)) continue;
-            const std::string name = "state(" + task.name + "), " + of.name;
-            benchmark::RegisterBenchmark(name.c_str(), single, task, std::cref(of));
+            const std::string name = task.name + "), " + of.name;
+            benchmark::RegisterBenchmark(("state(" + name).c_str(), single, task, std::cref(of));
+            benchmark::RegisterBenchmark(("value(" + name).c_str(), one_value, task, std::cref(of));
         }
     }
+    benchmark::RegisterBenchmark("saturation_pressure, single call", one_of_line, true);
+    benchmark::RegisterBenchmark("saturation_temperature, single call", one_of_line, false);
     benchmark::RegisterBenchmark("saturation_pressure, column", line, true);
     benchmark::RegisterBenchmark("saturation_temperature, column", line, false);
     return true;

@@ -86,6 +86,8 @@ KTL_API const char* ktl_sentence(int status);
 /* Computes the state in which the two properties of the pair have the values a and b: if there are several, the first
  * one by the rule in steam.hpp. state may be null. Returns the status. */
 KTL_API int ktl_state_of(int pair, double a, double b, struct ktl_state* state);
+/* One property of that state, KTL_PROPERTY_...: the same bits in less time. NaN if there is none. */
+KTL_API double ktl_value(int pair, double a, double b, int property);
 /* Returns the number of states that have both values; 0 if ktl_state_of does not return KTL_STATUS_SOLVED. */
 KTL_API int ktl_state_count(int pair, double a, double b);
 /* Computes the n-th of them, 0 <= number < ktl_state_count(pair, a, b); number 0 is that of ktl_state_of. Returns the

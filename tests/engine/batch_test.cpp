@@ -48,7 +48,8 @@ TEST(Batch, GivesTheBitsOfSingleCallsOnAnyThreads) {
             solved += alone ? 1 : 0;
             ASSERT_EQ(one.status[i], alone.status()) << test::pairs[pair].name << ' ' << rows.a[i] << ' ' << rows.b[i];
             for (std::size_t k = 0; k < wanted.size(); ++k)
-                ASSERT_TRUE(same_bits(one.columns[k][i], alone.get(wanted[k])))
+                ASSERT_TRUE(same_bits(one.columns[k][i], alone.get(wanted[k])) &&
+                            same_bits(one.columns[k][i], value(p, rows.a[i], rows.b[i], wanted[k])))
                     << test::pairs[pair].name << ' ' << rows.a[i] << ' ' << rows.b[i] << " property " << int(wanted[k]);
         }
         EXPECT_EQ(one.result.solved, solved);

@@ -50,6 +50,11 @@ TEST(CForm, GivesWhatTheCallsOfCppGive) {
             std::memset(&c, 1, sizeof c);
             EXPECT_EQ(ktl_state_of(pair, a, b, &c), ktl_state_of(pair, a, b, nullptr));
             expect_equal(c, state(p, a, b));
+            for (int y = -1; y <= static_cast<int>(property_count); ++y) {
+                const double got = ktl_value(pair, a, b, y);
+                EXPECT_TRUE(same_bits(got, state(p, a, b).get(static_cast<Property>(y))))
+                    << pair << ": " << a << ", " << b;
+            }
             EXPECT_EQ(ktl_state_count(pair, a, b), state_count(p, a, b));
             EXPECT_TRUE(same_bits(ktl_derivative(pair, a, b, KTL_PROPERTY_H, KTL_PROPERTY_P, KTL_PROPERTY_S),
                                   derivative(state(p, a, b), Property::h, Property::p, Property::s)));

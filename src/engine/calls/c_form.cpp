@@ -84,6 +84,10 @@ int ktl_state_of(int pair, double a, double b, ktl_state* state) {
     return hand_over(ktl::state(enumerator<Pair>(pair), a, b), state);
 }
 
+double ktl_value(int pair, double a, double b, int property) {
+    return value(enumerator<Pair>(pair), a, b, enumerator<Property>(property));
+}
+
 int ktl_state_count(int pair, double a, double b) { return state_count(enumerator<Pair>(pair), a, b); }
 
 int ktl_state_nth(int pair, double a, double b, int number, ktl_state* state) {

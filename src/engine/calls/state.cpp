@@ -40,6 +40,10 @@ State state(Pair pair, double a, double b, int number) noexcept {
         [&] { return StateBuilder::state(engine::evaluated(engine::search(pair, a, b, number))); });
 }
 
+double value(Pair pair, double a, double b, Property property) noexcept {
+    return in_float_environment([&] { return engine::value_of_row(pair, a, b, property); });
+}
+
 int state_count(Pair pair, double a, double b) noexcept {
     return in_float_environment([&] { return engine::count_states(pair, a, b); });
 }

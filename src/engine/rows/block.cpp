@@ -18,6 +18,9 @@ constexpr std::size_t search_patch = static_cast<std::size_t>(GuessPatch::search
 constexpr std::size_t padded(std::size_t n) { return (n + widest - 1) / widest * widest; }
 static_assert(padded(block_rows) == block_rows);
 
+/// Up to so many rows take less time one at a time than a block does.
+constexpr std::size_t few_rows = 2;
+
 using Column = std::array<double, block_rows + widest>;
 
 /// Room for the results of a block, so that it does not outgrow the stack of a small thread: whole blocks of up to four
@@ -45,6 +48,11 @@ public:
         : kernels_(kernels), pair_(pair), index_(static_cast<std::size_t>(pair)), n_(n), a_(a), b_(b) {}
 
     std::size_t solve(std::span<const Property> properties, double* const* outputs, Status* status) {
+        if (n_ <= few_rows) {
+            for (std::size_t i = 0; i < n_; ++i)
+                deliver(solve_row(pair_, a_[i], b_[i]), i, properties, outputs, status);
+            return solved_;
+        }
         sort();
         std::size_t begin = 0;
         for (std::size_t c = 0; c < search_patch;) {
@@ -191,7 +199,11 @@ private:
 
     void search_row(std::size_t row, const EndOfSearch& ended, std::span<const Property> properties,
                     double* const* outputs, Status* status) {
-        const RowState found = solve_row_again(pair_, a_[row], b_[row], ended);
+        deliver(solve_row_again(pair_, a_[row], b_[row], ended), row, properties, outputs, status);
+    }
+
+    void deliver(const RowState& found, std::size_t row, std::span<const Property> properties, double* const* outputs,
+                 Status* status) {
         status[row] = found.status;
         solved_ += found.status == Status::solved ? 1 : 0;
         for (std::size_t k = 0; k < properties.size(); ++k)

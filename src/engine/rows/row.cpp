@@ -3,6 +3,7 @@
 #include "engine/kernels/inversion.hpp"
 
 #include <span>
+#include <type_traits>
 #include <utility>
 
 namespace ktl::engine {
@@ -23,6 +24,13 @@ void fill_phase(Scalar primary, Scalar t, RowState& out) {
     out.x = quiet_nan;
     out.bulk = phase_at<sub_region>(primary, t);
 }
+template <SubRegion sub_region>
+void fill_phase(Scalar primary, Scalar t, Solution& out) {
+    out.status = Status::solved;
+    out.region = region_of(kind_of_sub_region<sub_region>, primary.value, t.value);
+    out.primary = primary.value;
+    out.t = t.value;
+}
 
 template <bool high>
 void fill_mixture(Scalar x, const SaturatedProperties<Scalar>& phases, const PhaseProperties<Scalar>& bulk,
@@ -36,18 +44,27 @@ void fill_mixture(Scalar x, const SaturatedProperties<Scalar>& phases, const Pha
     // Next to the critical point the isotherm has the saturation pressure at the saturated volumes to 4e-9 only.
     out.liquid.p = out.vapour.p = bulk.p;
 }
+template <bool high>
+void fill_mixture(const TwoPhaseIterate<Scalar>& m, Solution& out) {
+    out = {Status::solved, high ? Region::wet_near_critical : Region::wet, m.x.value, m.t.value, m.liquid.value,
+           m.vapour.value};
+}
 
-// The searches below return false unless they come to an accepted state; out then tells where they ended.
+// The searches below return false unless they come to an accepted state; out then tells where they ended. They are made twice:
+// for a RowState, which has every property, and for a Solution, which has the variables alone.
 
 /// Leaves t, and the primary variable in the place of x.
 void ended_at(Scalar primary, Scalar t, RowState& out) {
     out.x = primary.value;
     out.bulk.t = t;
 }
+void ended_at(Scalar primary, Scalar t, Solution& out) {
+    out.primary = primary.value;
+    out.t = t.value;
+}
 
-template <SubRegion sub_region>
-KTL_FLATTEN bool solve_phase(Pair pair, Scalar a, Scalar b, Scalar primary, Scalar t, const Margin& margin,
-                             RowState& out) {
+template <SubRegion sub_region, class Out>
+KTL_FLATTEN bool solve_phase(Pair pair, Scalar a, Scalar b, Scalar primary, Scalar t, const Margin& margin, Out& out) {
     const NewtonResult<Scalar> found = solve_in<sub_region>(pair, a, b, primary, t, margin);
     ended_at(found.primary, found.t, out);
     if (!all_set(found.converged)) return false;
@@ -55,9 +72,9 @@ KTL_FLATTEN bool solve_phase(Pair pair, Scalar a, Scalar b, Scalar primary, Scal
     return true;
 }
 /// For any pair; not inlined, so that it exists once for all of them.
-template <SubRegion sub_region>
+template <SubRegion sub_region, class Out>
 [[gnu::noinline]] bool solve_phase_of_any(Pair pair, Scalar a, Scalar b, Scalar primary, Scalar t, const Margin& margin,
-                                          RowState& out) {
+                                          Out& out) {
     return solve_phase<sub_region>(pair, a, b, primary, t, margin, out);
 }
 
@@ -72,25 +89,38 @@ template <bool high>
     fill_mixture<high>(found.m.x, phases, found.bulk, out);
     return true;
 }
+template <bool high>
+[[gnu::noinline]] KTL_FLATTEN bool solve_mixture_at_line(Pair pair, Scalar a, Scalar b, const Margin& margin,
+                                                         Solution& out) {
+    const auto m = mixture_at_p_or_t<high, PropertyLevel::variables>(pair, a, b).m;
+    ended_at(m.x, m.t, out);
+    if (!all_set(accept<high>(pair, m, margin))) return false;
+    fill_mixture<high>(m, out);
+    return true;
+}
 
 /// A mixture of any other pair, from a guess of its temperature.
-template <bool high>
+template <bool high, class Out>
 [[gnu::noinline]] KTL_FLATTEN bool solve_mixture(Pair pair, Scalar a, Scalar b, Scalar t, const Margin& margin,
-                                                 RowState& out) {
+                                                 Out& out) {
     const TwoPhaseIterate<Scalar> m = mixture_search<high>(pair, a, b, t);
     ended_at(m.x, m.t, out);
     if (!all_set(accept<high>(pair, m, margin))) return false;
-    const auto phases = phases_at<high>(m.t, m.liquid, m.vapour);
-    const Scalar p = high ? saturation::terms(m.t).p : m.liquid;
-    fill_mixture<high>(m.x, phases, mixture_of(phases, m.x, p), out);
+    if constexpr (std::is_same_v<Out, Solution>) {
+        fill_mixture<high>(m, out);
+    } else {
+        const auto phases = phases_at<high>(m.t, m.liquid, m.vapour);
+        const Scalar p = high ? saturation::terms(m.t).p : m.liquid;
+        fill_mixture<high>(m.x, phases, mixture_of(phases, m.x, p), out);
+    }
     return true;
 }
 
 /// The pairs that programs ask most have searches that know the pair.
 constexpr bool is_frequent(Pair pair) { return pair == Pair::pt || pair == Pair::ph || pair == Pair::ps; }
 
-template <Pair pair, SubRegion sub_region>
-bool solve_guessed(Scalar a, Scalar b, Scalar primary, Scalar t, const Margin& margin, RowState& out) {
+template <Pair pair, SubRegion sub_region, class Out>
+bool solve_guessed(Scalar a, Scalar b, Scalar primary, Scalar t, const Margin& margin, Out& out) {
     if constexpr (pair == Pair::pt && sub_region != SubRegion::near_critical) {
         fill_phase<sub_region>(a, b, out); // both variables are given
         return true;
@@ -101,8 +131,8 @@ bool solve_guessed(Scalar a, Scalar b, Scalar primary, Scalar t, const Margin& m
     }
 }
 
-template <Pair pair, bool high>
-bool solve_mixture_guessed(Scalar a, Scalar b, Scalar t, const Margin& margin, RowState& out) {
+template <Pair pair, bool high, class Out>
+bool solve_mixture_guessed(Scalar a, Scalar b, Scalar t, const Margin& margin, Out& out) {
     if constexpr (has_pressure(pair) || has_temperature(pair))
         return solve_mixture_at_line<high>(pair, a, b, margin, out);
     else
@@ -110,8 +140,8 @@ bool solve_mixture_guessed(Scalar a, Scalar b, Scalar t, const Margin& margin, R
 }
 
 /// The state by the guess of one patch.
-template <Pair pair>
-KTL_FLATTEN bool solve_by_patch(GuessPatch patch, double a, double b, const Margin& margin, RowState& out) {
+template <Pair pair, class Out>
+KTL_FLATTEN bool solve_by_patch(GuessPatch patch, double a, double b, const Margin& margin, Out& out) {
     Scalar primary(1.0);
     Scalar t(1.0);
     guesses::guess<pair>(patch, Scalar(a), Scalar(b), primary, t);
@@ -134,10 +164,12 @@ KTL_FLATTEN GuessPatch classify_row(double a, double b) {
 struct PairSolver {
     GuessPatch (*classify)(double a, double b);
     bool (*solve)(GuessPatch patch, double a, double b, const Margin& margin, RowState& out);
+    bool (*find)(GuessPatch patch, double a, double b, const Margin& margin, Solution& out);
 };
 template <std::size_t... pair>
 constexpr std::array<PairSolver, pair_count> solvers_of(std::index_sequence<pair...>) {
-    return {{{classify_row<static_cast<Pair>(pair)>, solve_by_patch<static_cast<Pair>(pair)>}...}};
+    return {{{classify_row<static_cast<Pair>(pair)>, solve_by_patch<static_cast<Pair>(pair), RowState>,
+              solve_by_patch<static_cast<Pair>(pair), Solution>}...}};
 }
 constexpr auto solvers = solvers_of(std::make_index_sequence<pair_count>());
 
@@ -200,6 +232,31 @@ bool in_doubt(Pair pair, const RowState& found) noexcept {
     return found.region == Region::near_critical_water && found.bulk.v.value > overlapping_volume;
 }
 
+PhaseKind kind_of_region(Region region) noexcept {
+    switch (region) {
+    case Region::water: return PhaseKind::water;
+    case Region::steam: return PhaseKind::steam;
+    case Region::wet: return PhaseKind::wet;
+    case Region::wet_near_critical: return PhaseKind::wet_near_critical;
+    default: return PhaseKind::near_critical;
+    }
+}
+
+/// One property of a solved state, by the kernels of one lane, which compute no more than it needs.
+double value_of(Solution state, Property property) noexcept {
+    if (property == Property::t) return state.t;
+    if (property == Property::region) return static_cast<double>(state.region);
+    if (property == Property::x) return state.two_phase() ? state.primary : quiet_nan;
+    if (state.two_phase() && !of_mixtures(property)) return quiet_nan;
+    const auto kind = static_cast<std::size_t>(kind_of_region(state.region));
+    const auto level = static_cast<std::size_t>(level_of(property));
+    double y = quiet_nan;
+    double* output = &y;
+    scalar_kernels().evaluate[kind][level]({&state.primary, &state.t, &state.liquid, &state.vapour, nullptr}, 1,
+                                           &property, 1, &output);
+    return y;
+}
+
 /// The water that takes precedence over a state in doubt, or that state.
 RowState water_or(Pair pair, double a, double b, const RowState& found) noexcept {
     const double primary = found.region == Region::wet ? found.x : found.bulk.v.value;
@@ -229,6 +286,24 @@ RowState solve_row(Pair pair, double a, double b) noexcept {
     RowState out;
     if (patch != GuessPatch::search && solver.solve(patch, a, b, margin_of(pair), out)) return out;
     return solve_row_again(pair, a, b, {out.x, out.bulk.t.value});
+}
+
+Solution find_by_patch(Pair pair, double a, double b) noexcept {
+    Solution out;
+    if (static_cast<std::size_t>(pair) >= pair_count) return out;
+    const PairSolver& solver = solvers[static_cast<std::size_t>(pair)];
+    const GuessPatch patch = solver.classify(a, b);
+    if (patch != GuessPatch::search) solver.find(patch, a, b, margin_of(pair), out);
+    return out;
+}
+
+double value_of_row(Pair pair, double a, double b, Property property) noexcept {
+    const Solution found = find_by_patch(pair, a, b);
+    if (found.status == Status::solved) return value_of(found, property);
+    const RowState row = static_cast<std::size_t>(pair) < pair_count
+                             ? solve_row_again(pair, a, b, {found.primary, found.t})
+                             : RowState{};
+    return value(property, row.bulk, row.x, row.region);
 }
 
 RowState solve_row_again(Pair pair, double a, double b, const EndOfSearch& ended) noexcept {
