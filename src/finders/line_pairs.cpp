@@ -8,6 +8,7 @@
 namespace {
 
 using namespace ktl;
+using searches::Given;
 
 /// True if a value exceeds the greatest of its line by more than the sub-regions differ at their borders.
 bool beyond(double value, double greatest, Quantity y) {
@@ -28,28 +29,48 @@ bool beyond_isochore(Quantity y, ktl_property_eps of_end, double value, double v
     return ends_there && beyond(value, of_end(ktl_lc.pmax, v, eps), y);
 }
 
-int on_entropy(Quantity y, ktl_property_eps of_end, double& value, double& s, double eps) {
-    if (!searches::finite(value, s) || beyond_isentrope(y, of_end, value, s, eps)) return KTL_NO_STATE;
-    const FoundState found = searches::on_isentrope(y, value, s, SaturationModel::entry_compatible);
-    return finders::return_state(found, {y, value, Quantity::entropy, s}, value, s);
+FoundState on_isentrope(Quantity y, ktl_property_eps of_end, const Given& given, double eps) {
+    const double value = given.a_value;
+    const double s = given.b_value;
+    if (!searches::finite(value, s) || beyond_isentrope(y, of_end, value, s, eps)) return {};
+    return searches::confirmed(searches::on_isentrope(y, value, s, SaturationModel::entry_compatible), given);
 }
 
-int on_volume(Quantity y, ktl_property_eps of_end, double& v, double& value, double eps) {
-    if (!searches::finite(v, value) || beyond_isochore(y, of_end, value, v, eps)) return KTL_NO_STATE;
-    const FoundState found = searches::on_isochore(y, value, v, SaturationModel::entry_compatible);
-    return finders::return_state(found, {Quantity::volume, v, y, value}, v, value);
+int on_entropy(Pair pair, Quantity y, ktl_property_eps of_end, double& value, double& s, double eps) {
+    const Given given{y, value, Quantity::entropy, s};
+    const FoundState guessed = finders::guessed_state(pair, given);
+    return finders::return_state(guessed.found() ? guessed : on_isentrope(y, of_end, given, eps), value, s);
+}
+
+FoundState on_isochore(Quantity y, ktl_property_eps of_end, const Given& given, double eps) {
+    const double v = given.a_value;
+    const double value = given.b_value;
+    if (!searches::finite(v, value) || beyond_isochore(y, of_end, value, v, eps)) return {};
+    return searches::confirmed(searches::on_isochore(y, value, v, SaturationModel::entry_compatible), given);
+}
+
+int on_volume(Pair pair, Quantity y, ktl_property_eps of_end, double& v, double& value, double eps) {
+    const Given given{Quantity::volume, v, y, value};
+    const FoundState guessed = finders::guessed_state(pair, given);
+    return finders::return_state(guessed.found() ? guessed : on_isochore(y, of_end, given, eps), v, value);
 }
 
 } // namespace
 
-int ktlrhs(double& h, double& s, const double& eps) { return on_entropy(Quantity::enthalpy, ktl_ht, h, s, eps); }
+int ktlrhs(double& h, double& s, const double& eps) {
+    return on_entropy(Pair::hs, Quantity::enthalpy, ktl_ht, h, s, eps);
+}
 
 int ktlrus(double& u, double& s, const double& eps) {
-    const int region = on_entropy(Quantity::energy, ktl_ut, u, s, eps);
+    const int region = on_entropy(Pair::us, Quantity::energy, ktl_ut, u, s, eps);
     if (region == KTL_NO_STATE) reports::no_state_us(u, s);
     return region;
 }
 
-int ktlrvh(double& v, double& h, const double& eps) { return on_volume(Quantity::enthalpy, ktl_hp, v, h, eps); }
-int ktlrvs(double& v, double& s, const double& eps) { return on_volume(Quantity::entropy, ktl_sp, v, s, eps); }
-int ktlrvu(double& v, double& u, const double& eps) { return on_volume(Quantity::energy, ktl_up, v, u, eps); }
+int ktlrvh(double& v, double& h, const double& eps) {
+    return on_volume(Pair::vh, Quantity::enthalpy, ktl_hp, v, h, eps);
+}
+int ktlrvs(double& v, double& s, const double& eps) {
+    return on_volume(Pair::vs, Quantity::entropy, ktl_sp, v, s, eps);
+}
+int ktlrvu(double& v, double& u, const double& eps) { return on_volume(Pair::vu, Quantity::energy, ktl_up, v, u, eps); }

@@ -7,16 +7,30 @@
 namespace {
 
 using namespace ktl;
+using searches::Given;
 
-int on_pressure(Quantity y, double& p, double& value) {
-    double p_in = p;
-    if (!searches::finite(p, value) || !searches::bring_within(p_in, ktl_lc.pmin, ktl_lc.pmax)) return KTL_NO_STATE;
-    return finders::return_state(on_isobar(y, p_in, value, SaturationModel::entry_compatible),
-                                 {Quantity::pressure, p, y, value}, p, value);
+FoundState on_pressure(Quantity y, const Given& given) {
+    double p_in = given.a_value;
+    if (!searches::finite(p_in, given.b_value) || !searches::bring_within(p_in, ktl_lc.pmin, ktl_lc.pmax)) return {};
+    return searches::confirmed(on_isobar(y, p_in, given.b_value, SaturationModel::entry_compatible), given);
+}
+
+/// From the engine's guess, or else by the enclosing search.
+int guessed_on_pressure(Pair pair, Quantity y, double& p, double& value) {
+    const Given given{Quantity::pressure, p, y, value};
+    const FoundState guessed = finders::guessed_state(pair, given);
+    return finders::return_state(guessed.found() ? guessed : on_pressure(y, given), p, value);
 }
 
 } // namespace
 
-int ktlrps(double& p, double& s, const double& /*eps*/) { return on_pressure(Quantity::entropy, p, s); }
-int ktlrpu(double& p, double& u, const double& /*eps*/) { return on_pressure(Quantity::energy, p, u); }
-int ktlrpv(double& p, double& v, const double& /*eps*/) { return on_pressure(Quantity::volume, p, v); }
+int ktlrps(double& p, double& s, const double& /*eps*/) {
+    return guessed_on_pressure(Pair::ps, Quantity::entropy, p, s);
+}
+int ktlrpu(double& p, double& u, const double& /*eps*/) {
+    return guessed_on_pressure(Pair::pu, Quantity::energy, p, u);
+}
+/// Without a guess: the search by volume needs few evaluations, and water below 10 degC may have two temperatures.
+int ktlrpv(double& p, double& v, const double& /*eps*/) {
+    return finders::return_state(on_pressure(Quantity::volume, {Quantity::pressure, p, Quantity::volume, v}), p, v);
+}

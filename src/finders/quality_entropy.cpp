@@ -1,4 +1,5 @@
 // States from entropy and quality.
+#include "finders/guessed_state.hpp"
 #include "reports/diagnostics.hpp"
 #include "searches/acceptance.hpp"
 #include "searches/quality_line.hpp"
@@ -10,7 +11,10 @@ int ktlrsx(double& s, double& x, const double& /*eps*/) {
     double quality = x;
     if (searches::finite(s, x) && x >= -searches::limit_rounding_of_finders &&
         searches::bring_within(quality, 0.0, 1.0)) {
-        if (const FoundState found = searches::on_entry_quality_line(s, quality); found.found()) {
+        const searches::Given given{Quantity::entropy, s, Quantity::quality, quality};
+        FoundState found = finders::guessed_state(Pair::sx, given);
+        if (!found.found()) found = searches::on_entry_quality_line(s, quality);
+        if (found.found()) {
             s = found.primary;
             x = found.t;
             return found.region;

@@ -8,12 +8,14 @@
 namespace {
 
 using namespace ktl;
+using searches::Given;
 
 int on_temperature(Quantity y, double& t, double& value) {
     double t_in = t;
     if (!searches::finite(t, value) || !searches::bring_within(t_in, ktl_lc.tmin, ktl_lc.tmax)) return KTL_NO_STATE;
-    return finders::return_state(on_isotherm(y, t_in, value, SaturationModel::entry_compatible),
-                                 {Quantity::temperature, t, y, value}, t, value);
+    const Given given{Quantity::temperature, t, y, value};
+    return finders::return_state(
+        searches::confirmed(on_isotherm(y, t_in, value, SaturationModel::entry_compatible), given), t, value);
 }
 
 } // namespace

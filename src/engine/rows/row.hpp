@@ -54,9 +54,6 @@ RowState solve_row(Pair pair, double a, double b) noexcept;
 /// The same for a row whose patch did not lead to a state: by the other patches, then by the exact search. ended: of the search in
 /// its patch.
 RowState solve_row_again(Pair pair, double a, double b, const EndOfSearch& ended) noexcept;
-/// The state by the search of the row's own patch alone, without its properties; Status::no_state if that does not lead to a
-/// state that no other sub-region could claim. primary and t then tell where it ended.
-Solution find_by_patch(Pair pair, double a, double b) noexcept;
 /// One property of the state of solve_row, with the same bits.
 double value_of_row(Pair pair, double a, double b, Property property) noexcept;
 /// The state of a solution of the exact search.
