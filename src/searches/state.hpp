@@ -74,6 +74,7 @@ struct FoundState {
     [[nodiscard]] bool found() const { return region != KTL_NO_STATE; }
     [[nodiscard]] bool wet() const { return region == KTL_WET || region == KTL_WET_NEAR_CRITICAL; }
     [[nodiscard]] double value(Quantity y) const {
+        if (y == Quantity::quality) return wet() ? primary : quiet_nan;
         return wet() ? phases.mixture(y, primary) : property(y, region, primary, t);
     }
 };
