@@ -23,7 +23,8 @@ struct Kind {
     const char* name;
     bool single; ///< one phase
     std::vector<ktl::State> states;
-    int digits = 17; ///< of the values given
+    int digits = 17;     ///< of the values given
+    double factor = 1.0; ///< of the second value given
 };
 
 template <class Draw>
@@ -85,6 +86,26 @@ const std::vector<Kind>& rounded_kinds() {
     return all;
 }
 
+/// Water at the border of sub-region 3, and steam whose second value is doubled: no state has both.
+const std::vector<Kind>& edge_kinds() {
+    static const std::vector<Kind> all = [] {
+        std::vector<Kind> out;
+        const auto add = [&](const char* name, double low, double high) {
+            out.push_back(kind(name, true, [=](auto uniform) {
+                const double p = uniform(170.0, 1000.0);
+                return ktl::state(Pair::pt, p, uniform(low, high));
+            }));
+        };
+        add("at 350 degC", 350.0, 350.0);
+        add("349.5 to 350.5 degC", 349.5, 350.5);
+        out.push_back(kinds()[1]);
+        out.back().name = "no state";
+        out.back().factor = 2.0;
+        return out;
+    }();
+    return all;
+}
+
 double rounded(double value, int digits) {
     std::array<char, 40> text;
     std::snprintf(text.data(), text.size(), "%.*g", digits, value);
@@ -129,7 +150,7 @@ struct Columns {
     Columns(const Task& task, const Kind& of) : results(task.wanted.size(), std::vector<double>(rows)) {
         for (const ktl::State& s : of.states) {
             a.push_back(rounded(s.get(task.a), of.digits));
-            b.push_back(rounded(s.get(task.b), of.digits));
+            b.push_back(rounded(of.factor * s.get(task.b), of.digits));
         }
         for (auto& column : results) outputs.push_back(column.data());
     }
@@ -213,10 +234,11 @@ bool fits(const Task& task, const Kind& of) {
     }
     for (const Task& task : tasks()) {
         if (task.b == Property::x || task.pair == Pair::pt) continue;
-        for (const Kind& of : rounded_kinds())
-            benchmark::RegisterBenchmark(("7 digits, " + task.name + ", " + of.name).c_str(), batch, task,
-                                         std::cref(of), 1U)
-                ->UseRealTime();
+        for (const auto& [what, of_what] : {std::pair("7 digits, ", &rounded_kinds()), {"edge, ", &edge_kinds()}})
+            for (const Kind& of : *of_what)
+                benchmark::RegisterBenchmark((what + task.name + ", " + of.name).c_str(), batch, task, std::cref(of),
+                                             1U)
+                    ->UseRealTime();
     }
     for (const Task& task : tasks()) {
         if (task.wanted.size() < 3 && task.pair != Pair::hs) continue;

@@ -24,6 +24,9 @@ Solution search(Pair pair, double a, double b, int number) noexcept;
 /// The same by the first guess of the row's own patch alone; Status::no_state if that does not lead to a state that no other
 /// sub-region could claim. primary and t then tell where it ended.
 Solution find_by_patch(Pair pair, double a, double b) noexcept;
+/// Why no state has both values, if they lie clearly beyond the line of states that one of them names: by more than the
+/// sub-regions differ at their borders. Status::solved if there may be a state.
+Status status_beyond(Pair pair, double a, double b) noexcept;
 /// How many there are.
 int count_states(Pair pair, double a, double b) noexcept;
 /// The water that takes precedence over a state found, a mixture or one of sub-region 3; Status::no_state if there is none.

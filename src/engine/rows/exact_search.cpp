@@ -8,6 +8,7 @@
 
 #include "engine/lanes/scalar.hpp"
 #include "engine/pairs.hpp"
+#include "engine/rows/row.hpp"
 #include "searches/acceptance.hpp"
 #include "searches/isentrope_isochore.hpp"
 #include "searches/limits.hpp"
@@ -119,8 +120,57 @@ Status past_end_of_isotherm(Quantity y, double t, double value) {
     return least ? Status::pressure_high : Status::no_state;
 }
 
+/// More than the sub-regions differ at their borders, and than a state that covers a gap, by 0.5 K or 1 % of the pressure, lies
+/// beyond a limit.
+double clearly(Quantity y, double value) {
+    if (y == Quantity::volume) return 0.02 * std::fabs(value);
+    return y == Quantity::entropy ? 0.02 : 10.0;
+}
+
+/// The value of y at the state of the first of two pairs that has one by its first guess; not-a-number if none has.
+double at_end(Quantity y, Pair pair, double end, double line, Pair other, double other_end) {
+    Solution found = find_by_patch(pair, end, line);
+    if (found.status != Status::solved) found = find_by_patch(other, other_end, line);
+    if (found.status != Status::solved) return quiet_nan;
+    if (!found.two_phase()) return property(y, static_cast<int>(found.region), found.primary, found.t);
+    return mixture(saturated_at(found.t, outermost), found.primary).value(y);
+}
+
+/// True if y is clearly beyond its values at the ends of its line.
+bool is_beyond(Quantity y, double value, double low, double high) {
+    return value < low - clearly(y, low) || value > high + clearly(y, high);
+}
+
 Status line_within(Quantity line, double& value) {
     return line == Quantity::pressure ? pressure_within(value) : temperature_within(value);
+}
+
+/// Whether y is clearly beyond its values at the ends of a line that lies in the range itself.
+bool is_beyond_isobar(Quantity line, Quantity y, double p, double value) {
+    if (line_within(line, p) != Status::solved) return false;
+    return is_beyond(y, value, property(y, KTL_WATER, p, ktl_lc.tmin), property(y, KTL_STEAM, p, ktl_lc.tmax));
+}
+bool is_beyond_isotherm(Quantity line, Quantity y, double t, double value) {
+    if (line_within(line, t) != Status::solved) return false;
+    // Of the properties only the volume falls with pressure everywhere.
+    const double densest = y == Quantity::volume ? value_of_row(Pair::pt, ktl_lc.pmax, t, Property::v) : -infinity;
+    return is_beyond(y, value, densest, property(y, KTL_STEAM, ktl_lc.pmin, t));
+}
+/// Enthalpy and internal energy rise with pressure along an isentrope.
+bool is_beyond_isentrope(Quantity y, double value, double s) {
+    const double least = std::fmin(0.0, property(Quantity::entropy, KTL_WATER, ktl_lc.pmax, ktl_lc.tmin));
+    const double greatest = property(Quantity::entropy, KTL_STEAM, ktl_lc.pmin, ktl_lc.tmax);
+    return is_beyond(Quantity::entropy, s, least, greatest) ||
+           is_beyond(y, value, at_end(y, Pair::ps, ktl_lc.pmin, s, Pair::ts, ktl_lc.tmin), infinity) ||
+           is_beyond(y, value, -infinity, at_end(y, Pair::ps, ktl_lc.pmax, s, Pair::ts, ktl_lc.tmax));
+}
+/// Enthalpy, entropy and internal energy rise with temperature along an isochore.
+bool is_beyond_isochore(Quantity y, double v, double value) {
+    const double least = property(Quantity::volume, KTL_WATER, ktl_lc.pmax, ktl_lc.tmin);
+    const double greatest = property(Quantity::volume, KTL_STEAM, ktl_lc.pmin, ktl_lc.tmax);
+    return is_beyond(Quantity::volume, v, least, greatest) ||
+           is_beyond(y, value, at_end(y, Pair::tv, ktl_lc.tmin, v, Pair::pv, ktl_lc.pmin), infinity) ||
+           is_beyond(y, value, -infinity, at_end(y, Pair::pv, ktl_lc.pmax, v, Pair::tv, ktl_lc.tmax));
 }
 
 Solution on_line(const PairPlan& plan, double a, double b) {
@@ -267,6 +317,19 @@ Solution water_before(Pair pair, double a, double b, const Solution& found) noex
     const FoundState mixture{static_cast<int>(found.region), found.primary, found.t, {}};
     return solution(found.region == Region::wet ? searches::water_before(mixture, given)
                                                 : searches::saturated_water(given, searches::rounding_share));
+}
+
+Status status_beyond(Pair pair, double a, double b) noexcept {
+    const PairPlan plan = plan_of(pair);
+    if (!searches::finite(a, b)) return Status::solved;
+    const bool beyond = plan.method == SearchMethod::isobar      ? is_beyond_isobar(plan.a, plan.b, a, b)
+                        : plan.method == SearchMethod::isotherm  ? is_beyond_isotherm(plan.a, plan.b, a, b)
+                        : plan.method == SearchMethod::isentrope ? is_beyond_isentrope(plan.a, a, b)
+                        : plan.method == SearchMethod::isochore  ? is_beyond_isochore(plan.b, a, b)
+                                                                 : false;
+    if (!beyond) return Status::solved;
+    if (plan.method == SearchMethod::isobar) return past_end_of_isobar(plan.b, a, b);
+    return plan.method == SearchMethod::isotherm ? past_end_of_isotherm(plan.b, a, b) : Status::no_state;
 }
 
 int count_states(Pair pair, double a, double b) noexcept {

@@ -214,6 +214,30 @@ std::span<const GuessPatch> across_line(GuessPatch patch, const EndOfSearch& end
     return {};
 }
 
+/// The patches on both sides of the saturation line up to 350 degC, by precedence, if a search ended beside it: of others no state
+/// is near. Otherwise all.
+std::span<const GuessPatch> candidates(GuessPatch patch, const EndOfSearch& ended) {
+    static constexpr std::array beside_water{GuessPatch::water, GuessPatch::wet_low_s, GuessPatch::wet};
+    static constexpr std::array beside_steam{GuessPatch::steam_thin, GuessPatch::steam, GuessPatch::steam_dense,
+                                             GuessPatch::wet_low_s, GuessPatch::wet};
+    constexpr double beside = 1.0e-4;         // of the pressure, or quality
+    constexpr double away_from_border = 10.0; // K below 350 degC
+    if (!(ended.t < ktl_lc.t3min - away_from_border)) return precedence;
+    const auto on_line = [&] {
+        const double ps = saturation::terms(Scalar(ended.t)).p.value;
+        return std::fabs(ended.primary - ps) < beside * ps;
+    };
+    switch (kind_of[static_cast<std::size_t>(patch)]) {
+    case PhaseKind::water: return on_line() ? std::span<const GuessPatch>(beside_water) : precedence;
+    case PhaseKind::steam: return on_line() ? std::span<const GuessPatch>(beside_steam) : precedence;
+    case PhaseKind::wet:
+        if (std::fabs(ended.primary) < beside) return beside_water;
+        if (std::fabs(ended.primary - 1.0) < beside) return beside_steam;
+        return precedence;
+    default: return precedence;
+    }
+}
+
 /// Limits of the states of sub-region 3 that share values with saturated water of sub-region 1, at 348.36 to 350 degC:
 /// measured down to 0.001709 m3/kg in one phase, and up to x = 2.1e-6 in two.
 constexpr double overlapping_volume = 0.00169;
@@ -309,17 +333,26 @@ double value_of_row(Pair pair, double a, double b, Property property) noexcept {
 RowState solve_row_again(Pair pair, double a, double b, const EndOfSearch& ended) noexcept {
     const PairSolver& solver = solvers[static_cast<std::size_t>(pair)];
     const GuessPatch own = solver.classify(a, b);
-    if (names_one_state(pair) && own != GuessPatch::search) {
-        RowState out;
-        const auto solved = [&](std::span<const GuessPatch> patches, const Margin& margin) {
-            return std::any_of(patches.begin(), patches.end(),
-                               [&](GuessPatch patch) { return solver.solve(patch, a, b, margin, out); });
-        };
-        // Away from the border of sub-region 3 by the margin, no patch of precedence claims the state, too.
-        if (solved(across_line(own, ended, margin_of(pair)), margin_of(pair)) || solved(precedence, no_margin))
-            return in_doubt(pair, out) ? water_or(pair, a, b, out) : out;
+    const bool by_patches = names_one_state(pair) && own != GuessPatch::search;
+    RowState out;
+    const auto solved = [&](std::span<const GuessPatch> patches, const Margin& margin) {
+        return std::any_of(patches.begin(), patches.end(),
+                           [&](GuessPatch patch) { return solver.solve(patch, a, b, margin, out); });
+    };
+    // What looks no further than across the line costs less than to ask for the ends of lines, but not if the search went astray.
+    const bool astray = !(ended.t > ktl_lc.tmin - 1.0 && ended.t < ktl_lc.tmax + 1.0);
+    // Away from the border of sub-region 3 by the margin, no patch of precedence claims the state, too.
+    bool found = by_patches && !astray && solved(across_line(own, ended, margin_of(pair)), margin_of(pair));
+    if (!found) {
+        if (const Status beyond = status_beyond(pair, a, b); beyond != Status::solved) {
+            out = {};
+            out.status = beyond;
+            return out;
+        }
+        found = by_patches && solved(candidates(own, ended), no_margin);
     }
-    return evaluated(search(pair, a, b, 0));
+    if (!found) return evaluated(search(pair, a, b, 0));
+    return in_doubt(pair, out) ? water_or(pair, a, b, out) : out;
 }
 
 RowState evaluated(const Solution& found) noexcept {
