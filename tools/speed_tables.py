@@ -5,7 +5,7 @@
     tools/speed_tables.py build/speed_?.json
 
 Each cell is the least of all files. A table keeps its rows and columns: those named in it are looked up; a row without a
-measurement is an error.
+measurement is an error. A row "goal" has the aim of the row above it and stays as it is.
 """
 import json
 import pathlib
@@ -57,7 +57,9 @@ def rewritten(text, runs, plain):
             title, columns = heading[1], []
         cells = [part.strip() for part in line.strip("|").split("|")] if line.startswith("|") else []
         if title in NAMES and cells and not set(line) <= set("|- "):
-            if cells[0] in ("task", "call"):
+            if cells[0] == "goal":
+                pass
+            elif cells[0] in ("task", "call"):
                 columns = cells[1:]
             elif columns == ["ns", "yardsticks"]:
                 run = runs[NAMES[title].format(cells[0])]

@@ -60,8 +60,9 @@ struct SaturatedPhaseIterate {
     }
 };
 
-/// Relative size of a step that changes nothing: mixtures of nearly no steam depend on their temperature most.
-inline constexpr double negligible_of_mixtures = 1.0e-16;
+/// Relative size of a step that changes nothing: 3e-11 K. Beside saturated water rounding makes steps of 1e-14, so that a smaller
+/// one would never come.
+inline constexpr double negligible_of_mixtures = 1.0e-13;
 
 /// Both saturated volumes above 350 degC at a given temperature, from first guesses.
 template <class T>
