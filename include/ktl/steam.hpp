@@ -260,6 +260,7 @@ struct BatchResult {
         columns_differ,   ///< there are not as many outputs as properties, or an output is null
         unknown_pair,     ///< the pair is outside its enumeration
         unknown_property, ///< a property is outside its enumeration
+        unknown_process,  ///< a process is outside its enumeration (ktl/process.hpp)
     };
     Fault fault = Fault::none;
     bool cancelled = false; ///< true if some rows have Status::cancelled

@@ -20,7 +20,7 @@ double value(Property property, const RowState& row) {
 }
 
 /// One block of rows: those that take a start are brought together and solved after the 1967 formulation first, in lanes.
-std::size_t solve_block(Pair pair, const double* a, const double* b, std::size_t n,
+std::size_t solve_block(const void* /*context*/, Pair pair, const double* a, const double* b, std::size_t n,
                         std::span<const Property> properties, double* const* outputs, Status* status) noexcept {
     using Column = std::array<double, engine::block_rows>;
     Column first, second, p, t, v, region;
@@ -96,7 +96,7 @@ double saturation_temperature(double p) noexcept {
 BatchResult batch(Pair pair, std::span<const double> a, std::span<const double> b, std::span<const Property> properties,
                   std::span<double* const> outputs, std::span<Status> status, const BatchOptions& options) noexcept {
     if (!has_pair(pair)) return {.fault = BatchResult::Fault::unknown_pair};
-    return run_batch(solve_block, {pair, a, b, properties, outputs, status}, options);
+    return run_batch({solve_block}, {pair, a, b, properties, outputs, status}, options);
 }
 
 } // namespace ktl::if97

@@ -21,6 +21,7 @@ int main(int count, char** arguments) {
     constants::critical_point(table);
     constants::divisions_of_the_range(table);
     constants::extrema_at_constant_quality(table);
+    constants::extrema_of_saturated_phases(table);
     table.end();
     return table.all_hold() ? 0 : 1;
 }

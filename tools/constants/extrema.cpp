@@ -1,10 +1,13 @@
-// Extrema of entropy along the saturation line at constant quality: the constants of engine/guesses/quality_line_extrema.hpp.
+// Extrema along the saturation line: of entropy at constant quality, the constants of engine/guesses/quality_line_extrema.hpp;
+// of the saturated phases, those of process/saturation_extrema.hpp.
 #include "rows.hpp"
 
 #include "engine/guesses/quality_line_extrema.hpp"
 #include "first_guesses/states.hpp"
+#include "process/saturation_extrema.hpp"
 
 #include <algorithm>
+#include <ktl/derivative.hpp>
 
 namespace constants {
 
@@ -76,6 +79,21 @@ void extrema_at_constant_quality(Table& table) {
     table.shown("tie line: jump of s at 350 degC, x = 0.47",
                 mixture(ktl_lc.t1 + 1.0e-9, x).s - mixture(ktl_lc.t1, x).s);
     table.shown("valley: least quality of a turn above 350 degC", -largest(minus, 355.0, 374.0, n));
+}
+
+void extrema_of_saturated_phases(Table& table) {
+    constexpr double allowed = 1.0e-8; // K
+    const auto slope = [](bool vapour, ktl::Property property, double t) {
+        const ktl::Saturation y = ktl::saturation_at_temperature(t);
+        return ktl::saturation_derivative(vapour ? y.vapour : y.liquid, property, ktl::Property::t);
+    };
+    using ktl::Property;
+    table.equal("least_water_volume: minimum of v', degC", ktl::process::least_water_volume,
+                last_point([&](double t) { return slope(false, Property::v, t) < 0.0; }, 1.0, 100.0), allowed);
+    table.equal("greatest_steam_enthalpy: maximum of h'', degC", ktl::process::greatest_steam_enthalpy,
+                last_point([&](double t) { return slope(true, Property::h, t) > 0.0; }, 100.0, 300.0), allowed);
+    table.equal("greatest_steam_energy: maximum of u'', degC", ktl::process::greatest_steam_energy,
+                last_point([&](double t) { return slope(true, Property::u, t) > 0.0; }, 100.0, 300.0), allowed);
 }
 
 } // namespace constants

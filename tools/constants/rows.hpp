@@ -76,5 +76,6 @@ void overlaps(Table& table);
 void critical_point(Table& table);
 void divisions_of_the_range(Table& table);
 void extrema_at_constant_quality(Table& table);
+void extrema_of_saturated_phases(Table& table);
 
 } // namespace constants

@@ -79,9 +79,9 @@ private:
     std::size_t block(std::size_t row, std::size_t n) noexcept {
         std::array<double*, property_count> outputs;
         for (std::size_t k = 0; k < distinct_; ++k) outputs[k] = column_of(wanted_[k]) + row;
-        const std::size_t solved =
-            solve_block_(arguments_.pair, arguments_.a.data() + row, arguments_.b.data() + row, n,
-                         {wanted_.data(), distinct_}, outputs.data(), arguments_.status.data() + row);
+        const std::size_t solved = solve_block_.solve(solve_block_.context, arguments_.pair, arguments_.a.data() + row,
+                                                      arguments_.b.data() + row, n, {wanted_.data(), distinct_},
+                                                      outputs.data(), arguments_.status.data() + row);
         for (std::size_t k = 0; k < arguments_.properties.size(); ++k) {
             const double* first = column_of(arguments_.properties[k]);
             if (first != arguments_.outputs[k]) std::copy_n(first + row, n, arguments_.outputs[k] + row);
@@ -162,7 +162,11 @@ BatchResult run_batch(BlockSolver solve_block, const BatchArguments& columns, co
 
 BatchResult batch(Pair pair, std::span<const double> a, std::span<const double> b, std::span<const Property> properties,
                   std::span<double* const> outputs, std::span<Status> status, const BatchOptions& options) noexcept {
-    return run_batch(engine::solve_block, {pair, a, b, properties, outputs, status}, options);
+    const BlockSolver solver{[](const void*, Pair of, const double* first, const double* second, std::size_t n,
+                                std::span<const Property> wanted, double* const* to, Status* result) noexcept {
+        return engine::solve_block(of, first, second, n, wanted, to, result);
+    }};
+    return run_batch(solver, {pair, a, b, properties, outputs, status}, options);
 }
 
 } // namespace ktl

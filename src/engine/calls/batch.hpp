@@ -6,9 +6,11 @@
 namespace ktl {
 
 /// Solves one block of at most engine::block_rows rows, as engine::solve_block. Returns how many are solved.
-using BlockSolver = std::size_t (*)(Pair pair, const double* a, const double* b, std::size_t n,
-                                    std::span<const Property> properties, double* const* outputs,
-                                    Status* status) noexcept;
+struct BlockSolver {
+    std::size_t (*solve)(const void* context, Pair pair, const double* a, const double* b, std::size_t n,
+                         std::span<const Property> properties, double* const* outputs, Status* status) noexcept;
+    const void* context = nullptr; ///< its first argument: what it needs besides the columns
+};
 
 /// The columns of a batch call, as batch() in ktl/steam.hpp has them.
 struct BatchArguments {
