@@ -27,4 +27,12 @@ namespace ktl {
 /// Saturation or of a two-phase state. NaN if the phase does not exist, lies off the line, or a property is none of the nine.
 [[nodiscard]] KTL_API double saturation_derivative(const Phase& phase, Property of, Property by) noexcept;
 
+/// Second derivatives of volume: (d2v/dp2) at constant t, (d2v/dt2) at constant p, and (d2v/dpdt), in m3/(kg bar2), m3/(kg K2)
+/// and m3/(kg bar K). `by` and `also_by` are p or t, in any order. In closed form, as the first ones. NaN for a mixture and without
+/// a state, for other properties, for a state of another formulation, and on a level isotherm next to the critical point, where
+/// the limits on its two sides differ. The derivative of a border's own region, as above.
+[[nodiscard]] KTL_API double volume_second_derivative(const State& state, Property by, Property also_by) noexcept;
+/// The same of one phase: of a saturated one as if it were alone.
+[[nodiscard]] KTL_API double volume_second_derivative(const Phase& phase, Property by, Property also_by) noexcept;
+
 } // namespace ktl

@@ -97,6 +97,9 @@ KTL_API int ktl_state_nth(int pair, double a, double b, int number, struct ktl_s
 /* The first partial derivative (d of / d by) with at_constant held, of the state of ktl_state_of; of, by and at_constant are
  * KTL_PROPERTY_P, T, V, RHO, H, S, U, GIBBS or HELMHOLTZ. Units, and when there is none (NaN): derivative.hpp. */
 KTL_API double ktl_derivative(int pair, double a, double b, int of, int by, int at_constant);
+/* The second derivative of v of that state by p and t: by and also_by are KTL_PROPERTY_P or T. m3/(kg bar2), m3/(kg bar K),
+ * m3/(kg K2); when there is none (NaN): derivative.hpp. */
+KTL_API double ktl_volume_second_derivative(int pair, double a, double b, int by, int also_by);
 
 /* Saturation line: pressure, bar, and slope dp/dt, bar/K, at t (degC), temperature, degC, at p (bar). NaN outside 0.01
  * to 374.15 degC, 0.006112444 to 221.2 bar. */

@@ -58,6 +58,8 @@ TEST(CForm, GivesWhatTheCallsOfCppGive) {
             EXPECT_EQ(ktl_state_count(pair, a, b), state_count(p, a, b));
             EXPECT_TRUE(same_bits(ktl_derivative(pair, a, b, KTL_PROPERTY_H, KTL_PROPERTY_P, KTL_PROPERTY_S),
                                   derivative(state(p, a, b), Property::h, Property::p, Property::s)));
+            EXPECT_TRUE(same_bits(ktl_volume_second_derivative(pair, a, b, KTL_PROPERTY_P, KTL_PROPERTY_T),
+                                  volume_second_derivative(state(p, a, b), Property::t, Property::p)));
             for (const int number : {-1, 1, 2, 1 << 30}) {
                 ktl_state_nth(pair, a, b, number, &c);
                 expect_equal(c, state(p, a, b, number));

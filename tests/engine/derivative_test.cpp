@@ -1,6 +1,7 @@
 // Partial derivatives of one phase against those of the free energies, taken in long double; of mixtures and along the
 // saturation line against differences of states.
 #include "support/compare.hpp"
+#include "support/derivative_truth.hpp"
 #include "support/free_energy.hpp"
 #include "support/pairs.hpp"
 #include "support/states.hpp"
@@ -14,77 +15,27 @@
 namespace {
 
 using namespace ktl;
+using test::name_of;
 using test::named;
+using test::nine;
 using test::Random;
 using Number = long double;
 
-const char* name_of(Property property) {
-    constexpr const char* names[] = {
-#define KTL_DEFINE_PROPERTY(property, PROPERTY, unit, code, meaning) #property,
-#include <ktl/properties.def>
-    };
-    return names[static_cast<std::size_t>(property)];
-}
-
-constexpr Property nine[] = {Property::p, Property::t, Property::v,     Property::rho,      Property::h,
-                             Property::s, Property::u, Property::gibbs, Property::helmholtz};
-
-/// Slopes by the primary variable of the sub-region and by T.
-struct Slope {
-    Number first, t;
-};
-
-/// Slopes of the nine properties in their order, from the second derivatives of a free energy: of p, t, v and s as they are, of
-/// the others by the product rule on h = f + T s + p v and so on.
-struct Truth {
-    Slope slopes[9];
-
-    Truth(Number p, Number kelvin, Number v, Number s, Slope dp, Slope dv, Slope ds) {
-        const Slope dt{0, 1};
-        const auto sum = [](std::initializer_list<std::pair<Number, Slope>> terms) {
-            Slope y{0, 0};
-            for (const auto& [factor, slope] : terms) y.first += factor * slope.first, y.t += factor * slope.t;
-            return y;
-        };
-        const Slope all[] = {dp,
-                             dt,
-                             dv,
-                             sum({{-1 / (v * v), dv}}),
-                             sum({{kelvin, ds}, {100 * v, dp}}),
-                             ds,
-                             sum({{kelvin, ds}, {-100 * p, dv}}),
-                             sum({{-s, dt}, {100 * v, dp}}),
-                             sum({{-s, dt}, {-100 * p, dv}})};
-        std::copy(std::begin(all), std::end(all), slopes);
-    }
-};
-
 /// Sub-region 1 or 2 from its Gibbs function of theta and beta, 3 from its Helmholtz function of theta and chi.
 template <class Zeta>
-Truth gibbs_truth(Zeta&& zeta, double p, double t) {
+test::Truth of_gibbs(Zeta&& zeta, double p, double t) {
     const Number theta = (Number(t) + ktl_lc.tza) / ktl_lc.tca;
-    const auto z = test::derivatives(zeta, theta, Number(p) / ktl_lc.pca);
-    const Number v = ktl_lc.vca * z.y;
-    const Slope dv{ktl_lc.vca / ktl_lc.pca * z.yy, ktl_lc.vca / ktl_lc.tca * z.xy};
-    const Slope ds{-100 * dv.t, -ktl_lc.pvot / ktl_lc.tca * z.xx};
-    return {p, Number(t) + ktl_lc.tza, v, ktl_lc.pvot * (-z.x - ktl_lc.alpha1), {1, 0}, dv, ds};
+    return test::gibbs_truth(test::derivatives(zeta, theta, Number(p) / ktl_lc.pca), p, t);
 }
-Truth helmholtz_truth(double v, double t) {
+test::Truth of_helmholtz(double v, double t) {
     const Number theta = (Number(t) + ktl_lc.tza) / ktl_lc.tca;
     const auto f = test::derivatives([](const auto& x, const auto& chi) { return test::psi(x, chi); }, theta,
                                      Number(v) / ktl_lc.vca);
-    const Slope dp{-ktl_lc.pca / ktl_lc.vca * f.yy, -ktl_lc.pca / ktl_lc.tca * f.xy};
-    const Slope ds{100 * dp.t, -ktl_lc.pvot / ktl_lc.tca * f.xx};
-    return {-ktl_lc.pca * f.y, Number(t) + ktl_lc.tza, v, ktl_lc.pvot * (-f.x - ktl_lc.alpha1), dp, {1, 0}, ds};
-}
-
-bool hold_each_other(Property a, Property b) {
-    const auto volume = [](Property y) { return y == Property::v || y == Property::rho; };
-    return a == b || (volume(a) && volume(b));
+    return test::helmholtz_truth(f, v, t);
 }
 
 /// All 504 derivatives; what cancels in numerator and denominator counts.
-void expect_all(const State& state, const Truth& truth) {
+void expect_all(const State& state, const test::Truth& truth) {
     // The entropy of water is off by 3e-9 of it, by the digits of one coefficient, and so is the slope of gibbs by t.
     constexpr Number relative = 1e-8;
     for (std::size_t of = 0; of < 9; ++of)
@@ -93,16 +44,11 @@ void expect_all(const State& state, const Truth& truth) {
                 const double got = derivative(state, nine[of], nine[by], nine[held]);
                 const auto at = named(name_of(nine[of]), " by ", name_of(nine[by]), " at constant ",
                                       name_of(nine[held]), ", ", state.p(), " bar, ", state.t(), " degC");
-                if (hold_each_other(nine[by], nine[held])) {
+                if (test::hold_each_other(nine[by], nine[held])) {
                     EXPECT_TRUE(std::isnan(got)) << at;
                     continue;
                 }
-                const Slope &y = truth.slopes[of], &x = truth.slopes[by], &z = truth.slopes[held];
-                const Number below = x.first * z.t - x.t * z.first;
-                const Number wanted = (y.first * z.t - y.t * z.first) / below;
-                const Number size = (std::fabs(y.first * z.t) + std::fabs(y.t * z.first) +
-                                     std::fabs(wanted) * (std::fabs(x.first * z.t) + std::fabs(x.t * z.first))) /
-                                    std::fabs(below);
+                const auto [wanted, size] = truth.derivative(of, by, held);
                 EXPECT_LE(std::fabs(got - wanted), relative * size) << at << ": " << got << ", not " << double(wanted);
             }
 }
@@ -112,12 +58,12 @@ TEST(Derivative, OnePhaseHasThoseOfTheFreeEnergies) {
     for (int i = 0; i < 200; ++i) {
         const auto water = test::random_liquid(random);
         expect_all(state(Pair::pt, water.first, water.t),
-                   gibbs_truth([](const auto& x, const auto& y) { return test::zeta1(x, y); }, water.first, water.t));
+                   of_gibbs([](const auto& x, const auto& y) { return test::zeta1(x, y); }, water.first, water.t));
         const auto steam = test::random_steam(random);
         expect_all(state(Pair::pt, steam.first, steam.t),
-                   gibbs_truth([](const auto& x, const auto& y) { return test::zeta2(x, y); }, steam.first, steam.t));
+                   of_gibbs([](const auto& x, const auto& y) { return test::zeta2(x, y); }, steam.first, steam.t));
         const auto dense = test::random_near_critical(random);
-        expect_all(state(Pair::tv, dense.t, dense.first), helmholtz_truth(dense.first, dense.t));
+        expect_all(state(Pair::tv, dense.t, dense.first), of_helmholtz(dense.first, dense.t));
     }
 }
 
@@ -204,6 +150,85 @@ TEST(Derivative, SaturatedPhasesAlongTheLine) {
             EXPECT_NEAR(dhdp * line.slope, by_t(Property::h), 1.0e-6 * (std::fabs(by_t(Property::h)) + 1.0));
         }
     }
+}
+
+/// Relations of Maxwell among the derivatives of one phase; 1 bar m3 is 100 kJ.
+TEST(Derivative, FulfilsTheRelationsOfMaxwell) {
+    using enum Property;
+    struct Row {
+        Property of, by, at, of2, by2, at2;
+        double factor;
+    };
+    const Row rows[] = {
+        {Property::t, v, s, p, s, v, -100.0},
+        {Property::t, p, s, v, s, p, 100.0},
+        {s, v, Property::t, p, Property::t, v, 100.0},
+        {s, p, Property::t, v, Property::t, p, -100.0},
+        {helmholtz, v, Property::t, u, v, s, 1.0},
+        {h, p, s, gibbs, p, Property::t, 1.0},
+        {u, s, v, h, s, p, 1.0},
+        {helmholtz, Property::t, v, gibbs, Property::t, p, 1.0},
+    };
+    Random random(19);
+    for (int i = 0; i < 100; ++i) {
+        const auto water = test::random_liquid(random);
+        const auto steam = test::random_steam(random);
+        const auto dense = test::random_near_critical(random);
+        for (const State& y : {state(Pair::pt, water.first, water.t), state(Pair::pt, steam.first, steam.t),
+                               state(Pair::tv, dense.t, dense.first)})
+            for (const Row& row : rows) {
+                const double wanted = row.factor * derivative(y, row.of2, row.by2, row.at2);
+                // Terms of size T ds and v dp cancel in those of the energies.
+                EXPECT_NEAR(derivative(y, row.of, row.by, row.at), wanted, 1e-9 * std::fabs(wanted))
+                    << name_of(row.of) << " by " << name_of(row.by) << ", " << y.p() << " bar, " << y.t() << " degC";
+            }
+    }
+}
+
+/// Second derivatives against differences of first ones, (dcp/dp)_t = -T (d2v/dt2)_p with them, and where there are none.
+TEST(Derivative, SecondOnesAreTheSlopesOfTheFirst) {
+    Random random(29);
+    for (int i = 0; i < 300; ++i) {
+        const auto water = test::random_liquid(random);
+        const auto steam = test::random_steam(random);
+        const auto dense = test::random_near_critical(random);
+        const State all[] = {state(Pair::pt, water.first, water.t), state(Pair::pt, steam.first, steam.t),
+                             state(Pair::tv, dense.t, dense.first)};
+        const State& y = all[i % 3];
+        const auto difference = [&](bool by_p, auto&& value) {
+            const double step = by_p ? 1e-4 * y.p() : 1e-2;
+            const auto at = [&](int n) {
+                const State there =
+                    by_p ? state(Pair::pt, y.p() + n * step, y.t()) : state(Pair::pt, y.p(), y.t() + n * step);
+                return there.region() == y.region() ? value(there) : std::nan("");
+            };
+            return (8.0 * (at(1) - at(-1)) - (at(2) - at(-2))) / (12.0 * step);
+        };
+        const auto by_p = [](const State& s) { return derivative(s, Property::v, Property::p, Property::t); };
+        const auto by_t = [](const State& s) { return derivative(s, Property::v, Property::t, Property::p); };
+        const auto expect = [&](const char* name, double got, double wanted, double size) {
+            if (std::isnan(wanted)) return; // a neighbour lies in another region
+            EXPECT_NEAR(got, wanted, 2e-6 * std::fabs(wanted) + 1e-7 * size)
+                << name << ", " << y.p() << " bar, " << y.t();
+        };
+        const double vp = std::fabs(by_p(y)), vt = std::fabs(by_t(y));
+        const double tt = volume_second_derivative(y, Property::t, Property::t);
+        if (vp / y.v() * y.p() > 10.0) continue; // so near the critical point the steps are too long
+        expect("pp", volume_second_derivative(y, Property::p, Property::p), difference(true, by_p), vp / y.p());
+        expect("pt", volume_second_derivative(y, Property::p, Property::t), difference(false, by_p), vp);
+        expect("tp", volume_second_derivative(y, Property::t, Property::p), difference(true, by_t), vt / y.p());
+        expect("tt", tt, difference(false, by_t), vt);
+        expect("cp", -100.0 * (y.t() + 273.15) * tt, difference(true, [](const State& s) { return s.cp(); }),
+               10.0 * y.cp() / y.p());
+    }
+    const auto pp = [](const State& y) { return volume_second_derivative(y, Property::p, Property::p); };
+    for (const State& y : {state(Pair::tx, 100.0, 0.5), State{}, if97::state(Pair::pt, 10.0, 300.0),
+                           state(Pair::tv, 374.15, 0.00317), state(Pair::pt, saturation_pressure(100.0), 100.0)})
+        EXPECT_TRUE(std::isnan(pp(y)));
+    EXPECT_FALSE(std::isnan(volume_second_derivative(state(Pair::tx, 100.0, 0.5).vapour(), Property::t, Property::t)));
+    const State steam = state(Pair::pt, 10.0, 300.0);
+    EXPECT_TRUE(std::isnan(volume_second_derivative(steam, Property::h, Property::t)));
+    EXPECT_TRUE(std::isnan(volume_second_derivative(steam, Property::t, static_cast<Property>(99))));
 }
 
 TEST(Derivative, IsNotANumberWithoutAStateAndInfiniteOnALevelIsotherm) {

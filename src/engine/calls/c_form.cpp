@@ -99,6 +99,11 @@ double ktl_derivative(int pair, double a, double b, int of, int by, int at_const
                       enumerator<Property>(at_constant));
 }
 
+double ktl_volume_second_derivative(int pair, double a, double b, int by, int also_by) {
+    return volume_second_derivative(ktl::state(enumerator<Pair>(pair), a, b), enumerator<Property>(by),
+                                    enumerator<Property>(also_by));
+}
+
 double ktl_saturation_pressure(double t) { return saturation_pressure(t); }
 double ktl_saturation_temperature(double p) { return saturation_temperature(p); }
 double ktl_saturation_slope(double t) { return saturation_slope(t); }
