@@ -129,10 +129,10 @@ struct ktl_batch_options {
 
 /* Why a batch did nothing: no output and no status was written. */
 enum ktl_fault_code {
-    KTL_FAULT_NONE,            /* the batch was computed */
-    KTL_FAULT_LENGTHS_DIFFER,  /* a, b or status is null */
-    KTL_FAULT_COLUMNS_DIFFER,  /* properties, outputs or one of the outputs is null */
-    KTL_FAULT_UNKNOWN_PAIR,    /* the pair is outside its enumeration */
+    KTL_FAULT_NONE,             /* the batch was computed */
+    KTL_FAULT_LENGTHS_DIFFER,   /* a, b or status is null */
+    KTL_FAULT_COLUMNS_DIFFER,   /* properties, outputs or one of the outputs is null */
+    KTL_FAULT_UNKNOWN_PAIR,     /* the pair is outside its enumeration */
     KTL_FAULT_UNKNOWN_PROPERTY, /* a property is outside its enumeration */
     KTL_FAULT_UNKNOWN_PROCESS   /* a process is outside its enumeration (process.h) */
 };

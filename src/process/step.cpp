@@ -1,5 +1,6 @@
 // Single steps, mixing, exergy, and properties beside saturation.
 #include "engine/calls/float_environment.hpp"
+#include "process/mixing.hpp"
 #include "process/rules.hpp"
 
 namespace ktl {
@@ -10,10 +11,6 @@ using namespace process;
 
 Start start_of(const State& from) {
     return {from.status(), from.p(), from.h(), from.s(), water_fraction(from.region(), from.x())};
-}
-
-Status no_surroundings(double surroundings_t) {
-    return has_temperature(surroundings_t) ? Status::solved : Status::surroundings_outside;
 }
 
 /// The other value of the end beside its pressure, or why there is none.
@@ -64,34 +61,10 @@ Step step(Process process, const State& from, double to, double efficiency, cons
 }
 
 Mixture mix(std::span<const Stream> streams, double surroundings_t) noexcept {
-    return in_float_environment([&]() -> Mixture {
-        double largest = 0.0; // the flows are counted in parts of it, so that no sum overflows
-        for (const Stream& stream : streams) {
-            if (!(stream.flow >= 0.0 && std::isfinite(stream.flow))) return {.status = Status::flow_outside, .end = {}};
-            largest = std::max(largest, stream.flow);
-        }
-        double parts = 0.0, h = 0.0, s = 0.0, p = infinity;
-        for (const Stream& stream : streams) {
-            if (stream.flow == 0.0) continue;
-            if (!stream.state) return {.status = stream.state.status(), .end = {}};
-            const double part = stream.flow / largest;
-            parts += part;
-            h += part * stream.state.h();
-            s += part * stream.state.s();
-            p = std::min(p, stream.state.p());
-        }
-        const double flow = parts * largest;
-        if (!(flow > 0.0 && std::isfinite(flow))) return {.status = Status::flow_outside, .end = {}};
-        if (const Status bad = no_surroundings(surroundings_t); bad != Status::solved)
-            return {.status = bad, .end = {}};
-        Mixture y;
-        y.end = state(Pair::ph, p, h / parts);
-        y.status = y.end.status();
-        if (!y) return y;
-        y.flow = flow;
-        y.entropy_generated = y.end.s() - s / parts;
-        y.lost_work = lost_work(y.entropy_generated, surroundings_t);
-        return y;
+    return in_float_environment([&] {
+        return mix_streams(
+            streams.size(), [&](std::size_t i) { return streams[i].flow; },
+            [&](std::size_t i) -> const State& { return streams[i].state; }, surroundings_t);
     });
 }
 

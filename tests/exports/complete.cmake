@@ -1,5 +1,5 @@
 # Every routine of ktlftn.h has a Fortran name, a place in the module and a manual page, and none has one more. Every
-# call of steam.h has a manual page.
+# call of steam.h and process.h has a manual page.
 file(STRINGS ${SOURCE}/include/ktl/ktlftn.h lines REGEX "^KTL_API [a-z]+ [a-z0-9_]+\\(")
 list(TRANSFORM lines REPLACE "^KTL_API [a-z]+ ([a-z0-9_]+)\\(.*" "\\1" OUTPUT_VARIABLE routines)
 # For C and C++ alone: Fortran texts have lengths, and Fortran opens its units itself.
@@ -25,6 +25,8 @@ list(TRANSFORM pages REPLACE "^\\.Nm ([a-z0-9_]+).*" "\\1")
 set(wanted_doors ${routines})
 list(REMOVE_ITEM wanted_doors ${not_fortran})
 file(READ ${SOURCE}/include/ktl/steam.h steam)
+file(READ ${SOURCE}/include/ktl/process.h process)
+string(APPEND steam "${process}")
 string(REGEX MATCHALL "KTL_API [a-z_* ]+ ktl_[a-z_]+\\(" calls "${steam}")
 list(TRANSFORM calls REPLACE ".* (ktl_[a-z_]+)\\(" "\\1")
 # Records and the routines that return pointers.

@@ -1,4 +1,6 @@
 // The calls in plain C.
+#include "engine/calls/c_form.hpp"
+
 #include "engine/calls/float_environment.hpp"
 #include "engine/calls/state.hpp"
 
@@ -10,6 +12,8 @@
 namespace {
 
 using namespace ktl;
+using c_form::enumerator;
+using c_form::hand_over;
 
 constexpr bool same(int c, auto cpp) { return c == static_cast<int>(cpp); }
 
@@ -22,13 +26,8 @@ using Fault = BatchResult::Fault;
 static_assert(same(KTL_FAULT_NONE, Fault::none) && same(KTL_FAULT_LENGTHS_DIFFER, Fault::lengths_differ) &&
               same(KTL_FAULT_COLUMNS_DIFFER, Fault::columns_differ) &&
               same(KTL_FAULT_UNKNOWN_PAIR, Fault::unknown_pair) &&
-              same(KTL_FAULT_UNKNOWN_PROPERTY, Fault::unknown_property));
-
-/// An enumerator from any number: those that do not fit become one that is in no enumeration.
-template <class E>
-E enumerator(int number) {
-    return static_cast<E>(number >= 0 && number < 255 ? number : 255);
-}
+              same(KTL_FAULT_UNKNOWN_PROPERTY, Fault::unknown_property) &&
+              same(KTL_FAULT_UNKNOWN_PROCESS, Fault::unknown_process));
 
 /// What a phase and a state have in common.
 template <class To>
@@ -41,19 +40,6 @@ void fill(To& to, const Phase& from) {
 #define KTL_DEFINE_REGION_PROPERTY(property, PROPERTY, unit, code, meaning)                                            \
     to.property = static_cast<int>(from.property());
 #include <ktl/properties.def>
-}
-
-int hand_over(const State& from, ktl_state* to) {
-    const int status = static_cast<int>(from.status());
-    if (to == nullptr) return status;
-    to->status = status;
-    to->x = from.x();
-    in_float_environment([&] { // one for all properties
-        fill(*to, StateBuilder::bulk(from));
-        fill(to->liquid, from.liquid());
-        fill(to->vapour, from.vapour());
-    });
-    return status;
 }
 
 int hand_over(const Saturation& from, ktl_saturation* to) {
@@ -71,12 +57,20 @@ int hand_over(const Saturation& from, ktl_saturation* to) {
     return status;
 }
 
-bool report(void* options, std::size_t done, std::size_t total) {
-    const auto& o = *static_cast<const ktl_batch_options*>(options);
-    return o.progress(o.context, done, total) != 0;
-}
-
 } // namespace
+
+int ktl::c_form::hand_over(const State& from, ktl_state* to) noexcept {
+    const int status = static_cast<int>(from.status());
+    if (to == nullptr) return status;
+    to->status = status;
+    to->x = from.x();
+    in_float_environment([&] { // one for all properties
+        fill(*to, StateBuilder::bulk(from));
+        fill(to->liquid, from.liquid());
+        fill(to->vapour, from.vapour());
+    });
+    return status;
+}
 
 const char* ktl_sentence(int status) { return sentence(enumerator<Status>(status)); }
 
@@ -127,11 +121,9 @@ ktl_batch_result ktl_batch(int pair, const double* a, const double* b, size_t ro
                            const ktl_batch_options* options) {
     if (rows != 0 && (a == nullptr || b == nullptr || status == nullptr)) return {KTL_FAULT_LENGTHS_DIFFER, 0, 0};
     if (columns != 0 && (properties == nullptr || outputs == nullptr)) return {KTL_FAULT_COLUMNS_DIFFER, 0, 0};
-    ktl_batch_options given = options != nullptr ? *options : ktl_batch_options{1, nullptr, nullptr};
+    c_form::Options given(options);
     // Property and Status have the size of a byte and any value of one.
-    const BatchResult result =
-        batch(enumerator<Pair>(pair), {a, rows}, {b, rows}, {reinterpret_cast<const Property*>(properties), columns},
-              {outputs, columns}, {reinterpret_cast<Status*>(status), rows},
-              {.threads = given.threads, .progress = given.progress != nullptr ? report : nullptr, .context = &given});
-    return {static_cast<int>(result.fault), result.cancelled ? 1 : 0, result.solved};
+    return c_form::result_of(batch(enumerator<Pair>(pair), {a, rows}, {b, rows},
+                                   {reinterpret_cast<const Property*>(properties), columns}, {outputs, columns},
+                                   {reinterpret_cast<Status*>(status), rows}, given.options()));
 }
