@@ -1,5 +1,6 @@
 #include "columns.hpp"
 
+#include "derivative_code.hpp"
 #include "number.hpp"
 
 #include <algorithm>
@@ -33,9 +34,23 @@ std::string list_of(const Header& columns) {
     return columns.size() > most ? out + ", ..." : out;
 }
 
+/// A derivative with its unit, as "d(H)/d(P)|S_kJ/(kg bar)".
+bool is_derivative(const std::string& column) {
+    const std::size_t end = column.find('_');
+    if (end == std::string::npos || !looks_like_derivative(column)) return false;
+    try {
+        const Property& property = derivative_property(column.substr(0, end));
+        return column.compare(0, end, property.code) == 0 &&
+               column.compare(end + 1, std::string::npos, property.unit) == 0;
+    } catch (const UsageError&) {
+        return false;
+    }
+}
+
 bool is_result(const std::string& column) {
-    return std::any_of(properties().begin(), properties().end(),
-                       [&](const Property& p) { return column == std::string(p.code) + "_" + std::string(p.unit); });
+    return is_derivative(column) || std::any_of(properties().begin(), properties().end(), [&](const Property& p) {
+               return column == std::string(p.code) + "_" + std::string(p.unit);
+           });
 }
 
 /// The first of the result columns right before a last column "error"; the header's size if this program did not write

@@ -31,6 +31,7 @@ bool same_phase(const ktl::State& a, const ktl::State& b) {
 
 double value_of(const Property& property, const ktl::State& state) {
     if (property.surface_tension) return state.two_phase() ? ktl::surface_tension(state.t()) : std::nan("");
+    if (const auto& d = property.derivative) return ktl::derivative(state, d->of, d->by, d->at_constant);
     return property.factor * state.get(property.id);
 }
 

@@ -22,7 +22,8 @@ std::string property_help() {
         line.append(22 - line.size(), ' ');
         text += line + std::string(p.meaning) + "\n";
     }
-    return text + "X is 0 in water and 1 in steam.\n";
+    return text + "X is 0 in water and 1 in steam.\n"
+                  "Derivatives of P T V RHO H S U G F: \"d(h)/d(p)|s\" is that of H by P at constant S.\n";
 }
 
 /// One line for each dimension that a pair has.

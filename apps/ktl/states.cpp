@@ -20,6 +20,7 @@ bool inner_quality(double x) { return x > 0.0 && x < 1.0; }
 /// has the properties of the one phase that is there: phase(id) gives them.
 template <class Phase>
 double shown(const Property& property, double value, double region, double quality, const Phase& phase) {
+    if (property.derivative) return value;
     if (property.id == ktl::Property::x && !wet(region)) {
         const bool water = is_region(region, ktl::Region::water) || is_region(region, ktl::Region::near_critical_water);
         return water ? 0.0 : 1.0;
@@ -30,6 +31,7 @@ double shown(const Property& property, double value, double region, double quali
 }
 
 double shown(const Property& property, const ktl::State& state) {
+    if (const auto& d = property.derivative) return ktl::derivative(state, d->of, d->by, d->at_constant);
     const auto phase = [&](ktl::Property id) { return (state.x() == 0.0 ? state.liquid() : state.vapour()).get(id); };
     return shown(property, state.get(property.id), state.get(ktl::Property::region), state.x(), phase);
 }
@@ -37,6 +39,7 @@ double shown(const Property& property, const ktl::State& state) {
 /// A saturated phase.
 double shown(const Property& property, const ktl::Phase& phase) {
     if (property.surface_tension) return ktl::surface_tension(phase.t());
+    if (const auto& d = property.derivative) return ktl::derivative(phase, d->of, d->by, d->at_constant);
     const double region = phase.get(ktl::Property::region);
     return shown(property, phase.get(property.id), region, none, [](ktl::Property /*id*/) { return none; });
 }
@@ -44,7 +47,10 @@ double shown(const Property& property, const ktl::Phase& phase) {
 } // namespace
 
 States::States(const Pair& pair, const Properties& wanted, Keep keep) : pair_(&pair), wanted_(&wanted), keep_(keep) {
-    for (const Property* property : wanted) ids_.push_back(property->id);
+    for (const Property* property : wanted) {
+        ids_.push_back(property->id);
+        if (property->derivative) derivatives_.push_back(*property->derivative);
+    }
     ids_.push_back(ktl::Property::region);
     ids_.push_back(ktl::Property::x);
     columns_.resize(ids_.size());
@@ -69,6 +75,10 @@ void States::solve() {
         outputs.push_back(column.data());
     }
     ktl::batch(pair_->id, first_, second_, ids_, outputs, status_);
+    std::vector<double*> slopes; // their columns hold the property itself so far
+    for (std::size_t place = 0; place < wanted_->size(); ++place)
+        if ((*wanted_)[place]->derivative) slopes.push_back(outputs[place]);
+    if (!slopes.empty()) ktl::derivative_batch(pair_->id, first_, second_, derivatives_, slopes, status_);
     more_.clear();
     found_.clear();
     for (std::size_t row = 0; keep_ == Keep::all && row < first_.size(); ++row) find_more(row);

@@ -39,7 +39,8 @@ private:
     const Pair* pair_;
     const Properties* wanted_;
     Keep keep_;
-    std::vector<ktl::Property> ids_; ///< the wanted ones, then region and quality
+    std::vector<ktl::Property> ids_;           ///< the wanted ones, then region and quality
+    std::vector<ktl::Derivative> derivatives_; ///< the wanted ones
     std::vector<double> first_, second_;
     std::vector<ktl::Status> status_;
     std::vector<std::vector<double>> columns_;

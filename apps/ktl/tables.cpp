@@ -1,5 +1,6 @@
 #include "tables.hpp"
 
+#include "derivative_code.hpp"
 #include "number.hpp"
 #include "suggestion.hpp"
 
@@ -80,6 +81,11 @@ Properties parse_codes(std::string_view list) {
     for (std::size_t begin = 0; begin <= list.size();) {
         const std::size_t end = std::min(list.find(',', begin), list.size());
         const std::string_view given = trimmed(list.substr(begin, end - begin));
+        begin = end + 1;
+        if (looks_like_derivative(given)) {
+            wanted.push_back(&derivative_property(given));
+            continue;
+        }
         const auto* at =
             std::find_if(property_table.begin(), property_table.end(),
                          [code = lower_case(given)](const Property& p) { return lower_case(p.code) == code; });
@@ -89,7 +95,6 @@ Properties parse_codes(std::string_view list) {
                              "; the codes are " + codes + ", separated by commas");
         }
         wanted.push_back(at);
-        begin = end + 1;
     }
     return wanted;
 }

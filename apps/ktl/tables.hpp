@@ -2,8 +2,10 @@
 #pragma once
 
 #include <cstddef>
+#include <ktl/derivative.hpp>
 #include <ktl/steam.hpp>
 #include <ktl/units.hpp>
+#include <optional>
 #include <span>
 #include <stdexcept>
 #include <string>
@@ -46,11 +48,12 @@ struct Property {
     double factor = 1.0;          ///< from the unit of the library
     bool one_phase = false;       ///< a mixture does not have it
     bool surface_tension = false; ///< a function of the temperature, which is the id; mixtures alone have it
+    std::optional<ktl::Derivative> derivative = std::nullopt; ///< a partial derivative instead of the property
 };
 std::span<const Property> properties();
 
 using Properties = std::vector<const Property*>;
-/// The properties listed in a text such as "V,H,S", upper or lower case. Throws UsageError naming a bad code.
+/// The properties listed in a text such as "V,H,d(h)/d(p)|s", upper or lower case. Throws UsageError naming a bad code.
 Properties parse_codes(std::string_view list);
 
 } // namespace program

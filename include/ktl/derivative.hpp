@@ -35,4 +35,16 @@ namespace ktl {
 /// The same of one phase: of a saturated one as if it were alone.
 [[nodiscard]] KTL_API double volume_second_derivative(const Phase& phase, Property by, Property also_by) noexcept;
 
+/// Which derivative: (d of / d by) with at_constant held.
+struct Derivative {
+    Property of, by, at_constant;
+};
+
+/// Derivatives of many rows: outputs[k][i] receives derivatives[k] of the state with the values a[i], b[i], status[i] its
+/// status, with the bits of derivative(state(pair, a[i], b[i]), ...); NaN if it is not solved. Faults, threads and outputs as in
+/// batch(), but that any Property may be named: of those without derivatives a column of NaN comes back.
+KTL_API BatchResult derivative_batch(Pair pair, std::span<const double> a, std::span<const double> b,
+                                     std::span<const Derivative> derivatives, std::span<double* const> outputs,
+                                     std::span<Status> status, const BatchOptions& options = {}) noexcept;
+
 } // namespace ktl

@@ -1,5 +1,7 @@
 // Partial derivatives of one phase against those of the free energies, taken in long double; of mixtures and along the
 // saturation line against differences of states.
+#include "rows.hpp"
+
 #include "support/compare.hpp"
 #include "support/derivative_truth.hpp"
 #include "support/free_energy.hpp"
@@ -229,6 +231,46 @@ TEST(Derivative, SecondOnesAreTheSlopesOfTheFirst) {
     const State steam = state(Pair::pt, 10.0, 300.0);
     EXPECT_TRUE(std::isnan(volume_second_derivative(steam, Property::h, Property::t)));
     EXPECT_TRUE(std::isnan(volume_second_derivative(steam, Property::t, static_cast<Property>(99))));
+}
+
+TEST(Derivative, ColumnsHaveTheBitsOfSingleCalls) {
+    Random random(41);
+    std::vector<Derivative> wanted;
+    for (int k = 0; k < 12; ++k) {
+        const Property of = nine[random.below(9)];
+        const Property by = nine[random.below(9)];
+        const Property held = nine[random.below(9)];
+        wanted.push_back({of, by, held});
+    }
+    wanted.push_back({Property::h, Property::cp, static_cast<Property>(99)});
+    for (std::size_t k = 0; k < pair_count; ++k) {
+        const Pair pair = static_cast<Pair>(k);
+        test::Rows rows(random, pair, 500);
+        if (pair == Pair::tv) { // a level isotherm
+            rows.a.back() = 374.15;
+            rows.b.back() = 0.00317;
+        }
+        std::vector<std::vector<double>> columns(wanted.size(), std::vector<double>(rows.a.size()));
+        std::vector<double*> outputs;
+        for (auto& column : columns) outputs.push_back(column.data());
+        std::vector<Status> status(rows.a.size());
+        const BatchResult result = derivative_batch(pair, rows.a, rows.b, wanted, outputs, status, {.threads = 2});
+        EXPECT_EQ(result.fault, BatchResult::Fault::none);
+        for (std::size_t i = 0; i < rows.a.size(); ++i) {
+            const State y = state(pair, rows.a[i], rows.b[i]);
+            EXPECT_EQ(status[i], y.status());
+            for (std::size_t n = 0; n < wanted.size(); ++n)
+                EXPECT_TRUE(
+                    test::same_bits(columns[n][i], derivative(y, wanted[n].of, wanted[n].by, wanted[n].at_constant)))
+                    << test::row_of(pair).name << " " << rows.a[i] << " " << rows.b[i] << ", derivative " << n;
+        }
+        outputs.pop_back();
+        EXPECT_EQ(derivative_batch(pair, rows.a, rows.b, wanted, outputs, status).fault,
+                  BatchResult::Fault::columns_differ);
+        outputs.push_back(nullptr);
+        EXPECT_EQ(derivative_batch(pair, rows.a, rows.b, wanted, outputs, status).fault,
+                  BatchResult::Fault::columns_differ);
+    }
 }
 
 TEST(Derivative, IsNotANumberWithoutAStateAndInfiniteOnALevelIsotherm) {

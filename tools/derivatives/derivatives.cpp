@@ -23,6 +23,7 @@ using Number = long double;
 
 constexpr int regions = 3;
 constexpr Number promised = 1e-8; // of the terms of a derivative
+constexpr Number least = 1e-13;   // errors below it are the rounding of doubles, and shown as it
 
 void print_states(int n, unsigned seed) {
     ktl::test::Random random(seed);
@@ -126,6 +127,8 @@ struct Errors {
     }
 };
 
+Number at_least(Number error) { return error < least ? least : error; }
+
 void print_table(const Errors& errors) {
     for (int k = 0; k < regions; ++k) {
         std::printf("\n### Sub-region %d, %d states\n\n| of, by |", k + 1, errors.count[k]);
@@ -138,7 +141,7 @@ void print_table(const Errors& errors) {
                 if (of == by)
                     std::printf(" - |");
                 else
-                    std::printf(" %.0Le |", errors.pairs[k][of][by]);
+                    std::printf(" %.0Le |", at_least(errors.pairs[k][of][by]));
         }
         std::printf(
             "\n\nRelative to the terms: %.0Le. Second derivatives of v, relative to themselves: (d2v/dp2) %.0Le, "
@@ -162,7 +165,7 @@ constexpr const char* page =
     "gives the\n"
     "worst error in units of the terms. Most errors are those of the printed digits: the formulation's equations hold "
     "products\n"
-    "of coefficients that are rounded to ten digits.\n";
+    "of coefficients that are rounded to ten digits. An error below 1e-13 is shown as 1e-13.\n";
 
 } // namespace
 

@@ -1,6 +1,7 @@
 #include <ktl/derivative.hpp>
 
 #include "engine/calls/float_environment.hpp"
+#include "engine/calls/slopes.hpp"
 #include "engine/calls/state.hpp"
 
 #include <cmath>
@@ -9,65 +10,16 @@ namespace ktl {
 
 namespace {
 
-/// Slopes of a property by the two variables that a state is moved by: the first one, and t.
-struct Slope {
-    double first, t;
-};
-Slope operator+(const Slope& a, const Slope& b) { return {a.first + b.first, a.t + b.t}; }
-Slope operator*(double a, const Slope& b) { return {a * b.first, a * b.t}; }
-
-/// Slopes of the four properties that all others follow from, with their values. Temperature in K.
-struct PhaseSlopes {
-    double pressure, kelvin, volume, entropy;
-    Slope p, t, v, s;
-};
-
-/// By the fundamental relations; 1 bar m3 is 100 kJ.
-Slope slope_of(Property y, const PhaseSlopes& z) {
-    const Slope v_dp = kj_per_bar_m3 * z.volume * z.p;
-    const Slope p_dv = kj_per_bar_m3 * z.pressure * z.v;
-    switch (y) {
-    case Property::p: return z.p;
-    case Property::t: return z.t;
-    case Property::v: return z.v;
-    case Property::rho: return (-1.0 / (z.volume * z.volume)) * z.v;
-    case Property::h: return z.kelvin * z.s + v_dp;
-    case Property::s: return z.s;
-    case Property::u: return z.kelvin * z.s + -1.0 * p_dv;
-    case Property::gibbs: return v_dp + -z.entropy * z.t;
-    case Property::helmholtz: return -1.0 * p_dv + -z.entropy * z.t;
-    default: return {quiet_nan, quiet_nan};
-    }
-}
+using namespace partial;
 
 /// True if the variables of the phase are v and t: sub-region 3. Elsewhere they are p and t.
 bool near_critical(const Phase& phase) {
     return phase.region() == Region::near_critical_steam || phase.region() == Region::near_critical_water;
 }
 
-/// Slopes of a phase by the primary variable of its sub-region and t, the other one held.
-PhaseSlopes slopes_of(const Phase& phase) {
-    const PhaseProperties<engine::Scalar> y = StateBuilder::properties(phase);
-    const double v = y.v.value;
-    const double kelvin = y.t.value + ktl_lc.tza;
-    const double dvdp = y.dvdp.value;
-    const double dvdt = y.dvdt.value;
-    if (!near_critical(phase))
-        return {y.p.value,
-                kelvin,
-                v,
-                y.s.value,
-                {1.0, 0.0},
-                {0.0, 1.0},
-                {dvdp, dvdt},
-                {-kj_per_bar_m3 * dvdt, y.cp.value / kelvin}};
-    // On a level isotherm dv/dp is infinite, dp/dv zero, and w^2 = v^2 T (dp/dt)_v^2 / cv.
-    const double dpdv = 1.0 / dvdp;
-    const double level_dpdt =
-        std::sqrt(y.speed_of_sound_squared.value * y.cv.value / (pascals_per_bar * kj_per_bar_m3 * kelvin)) / v;
-    const double dpdt = std::isinf(dvdp) ? level_dpdt : -dvdt * dpdv;
-    return {y.p.value,    kelvin,     v,          y.s.value,
-            {dpdv, dpdt}, {0.0, 1.0}, {1.0, 0.0}, {kj_per_bar_m3 * dpdt, y.cv.value / kelvin}};
+PhaseSlopes slopes_of(const Phase& y) {
+    return partial::slopes_of({y.p(), y.t(), y.v(), y.s(), y.cp(), y.cv(), y.compressibility(), y.expansion(),
+                               y.speed_of_sound(), y.region()});
 }
 
 /// Slope of a property of a saturated phase along the line, by t.
@@ -94,20 +46,10 @@ Slope slope_of_mixture(Property y, const State& state, double line_slope) {
     }
 }
 
-double ratio(const Slope& of, const Slope& by, const Slope& held) {
-    return (of.first * held.t - of.t * held.first) / (by.first * held.t - by.t * held.first);
-}
-
 /// True if p is the saturation pressure at t. States on the line have it to 4e-9, next to the critical point.
 bool on_line(double p, double t) {
     constexpr double rounding = 1.0e-7;
     return std::fabs(p - saturation_pressure(t)) <= rounding * p;
-}
-
-/// True if two properties vary independently: v and rho never do, p and t not in a mixture.
-bool independent(Property a, Property b, bool mixture) {
-    const auto both = [&](Property y, Property z) { return (a == y || a == z) && (b == y || b == z); };
-    return a != b && !both(Property::v, Property::rho) && !(mixture && both(Property::p, Property::t));
 }
 
 } // namespace
