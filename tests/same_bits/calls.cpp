@@ -9,8 +9,10 @@
 #include <cinttypes>
 #include <cmath>
 #include <cstdio>
+#include <ktl/derivative.hpp>
 #include <ktl/if97.hpp>
 #include <ktl/ktlftn.h>
+#include <ktl/process.hpp>
 #include <ktl/steam.hpp>
 
 namespace {
@@ -123,13 +125,34 @@ void call_state(Random& random) {
     print(ktl::surface_tension(t));
 }
 
+/// Every step from a state, its derivatives, and the temperatures of its enthalpy on the saturation line.
+void call_steps(Random& random) {
+    const double p = pressure(random);
+    const double t = random.between(0.01, 800.0);
+    const ktl::State from = ktl::state(ktl::Pair::pt, p, t);
+    const double ratio = random.between(0.1, 3.0);
+    const double efficiency = sometimes_invalid(random, random.between(0.3, 1.0));
+    const std::array<double, ktl::process_count> to{p * ratio, p * ratio, p * ratio, p * ratio,
+                                                    p * ratio, 400.0,     2500.0,    0.5};
+    for (std::size_t k = 0; k < ktl::process_count; ++k) {
+        const ktl::Step y = ktl::step(static_cast<ktl::Process>(k), from, to[k], efficiency, {0.8, 20.0});
+        std::printf(" %d", static_cast<int>(y.status));
+        for (const double value : {y.work, y.heat, y.entropy_generated, y.lost_work, y.end.t()}) print(value);
+    }
+    for (const double value : {ktl::exergy(from).flow, ktl::superheat(from), ktl::latent_heat(from)}) print(value);
+    print(ktl::derivative(from, ktl::Property::h, ktl::Property::p, ktl::Property::s));
+    for (const auto by : {ktl::Property::p, ktl::Property::t})
+        print(ktl::volume_second_derivative(from, by, ktl::Property::t));
+    for (const double at : ktl::saturation_by(ktl::SaturatedPhase::vapour, ktl::Property::h, from.h()).t) print(at);
+}
+
 } // namespace
 
 int main() {
     FILE* nowhere = std::fopen("/dev/null", "w");
     for (const int unit : {6, 13}) ktl_connect_unit(unit, nowhere);
     Random random(1967);
-    constexpr unsigned kinds = properties.size() + finders.size() + 3;
+    constexpr unsigned kinds = properties.size() + finders.size() + 4;
     for (int call = 0; call < 10000; ++call) {
         const unsigned kind = random.below(kinds);
         std::printf("%d %u", call, kind);
@@ -137,6 +160,8 @@ int main() {
             call_property(random, kind);
         else if (kind < properties.size() + finders.size())
             call_entry(random, kind - properties.size());
+        else if (kind == kinds - 4)
+            call_steps(random);
         else if (kind == kinds - 3)
             call_saturation(random);
         else if (kind == kinds - 2)
