@@ -34,6 +34,9 @@ function(ktl_install_pc name component own)
     install(FILES ${PROJECT_BINARY_DIR}/${name}.pc DESTINATION ${pkgconfig_folder} COMPONENT ${component})
 endfunction()
 
+if(TARGET ktl_diagram)
+    install(TARGETS ktl_diagram EXPORT ktl-targets ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT dev)
+endif()
 ktl_install_libraries(runtime dev ktl-targets ktl ktl_static)
 ktl_install_pc(ktl dev "-lstdc++ -lm -pthread")
 install(DIRECTORY include/ktl DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} COMPONENT dev

@@ -1,0 +1,11 @@
+// Whole lines of a picture without a fault.
+#pragma once
+
+#include "diagram/frame.hpp"
+
+namespace ktl::diagram {
+
+Line traced_line(Property held, double value, const Frame& frame, double tolerance);
+Dome traced_dome(const Frame& frame, double tolerance);
+
+} // namespace ktl::diagram

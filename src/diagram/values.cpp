@@ -1,0 +1,114 @@
+// Round values of families, and how values and units are written.
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstdio>
+#include <ktl/diagram.hpp>
+
+namespace ktl::diagram {
+
+namespace {
+
+struct Named {
+    const char* unit; // as in ktl/units.hpp
+    const char* name; // as a chart has it, UTF-8
+};
+/// In the order p, t, v, energy, entropy.
+using Names = std::array<Named, 5>;
+
+constexpr Named cubic_metre{"m3/kg", "m\xC2\xB3/kg"}, kilojoule{"kJ/kg", "kJ/kg"}, per_kelvin{"kJ/(kg K)", "kJ/(kg K)"};
+constexpr std::array<Names, 4> systems{{
+    {{{"bar", "bar"}, {"degC", "\xC2\xB0\x43"}, cubic_metre, kilojoule, per_kelvin}},
+    {{{"Pa", "Pa"}, {"K", "K"}, cubic_metre, {"J/kg", "J/kg"}, {"J/(kg K)", "J/(kg K)"}}},
+    {{{"MPa", "MPa"}, {"K", "K"}, cubic_metre, kilojoule, per_kelvin}},
+    {{{"psia", "psia"},
+      {"degF", "\xC2\xB0\x46"},
+      {"ft3/lb", "ft\xC2\xB3/lb"},
+      {"Btu/lb", "Btu/lb"},
+      {"Btu/(lb degF)", "Btu/(lb \xC2\xB0\x46)"}}},
+}};
+
+int place(Property property) {
+    switch (property) {
+    case Property::p: return 0;
+    case Property::t: return 1;
+    case Property::v: return 2;
+    case Property::h:
+    case Property::u: return 3;
+    case Property::s: return 4;
+    default: return -1;
+    }
+}
+
+const Named* named(System system, Property property) {
+    const auto row = static_cast<std::size_t>(system);
+    const int column = place(property);
+    return row < systems.size() && column >= 0 ? &systems[row][static_cast<std::size_t>(column)] : nullptr;
+}
+
+units::Dimension dimension(Property property) {
+    constexpr std::array<units::Dimension, 5> all{units::Dimension::pressure, units::Dimension::temperature,
+                                                  units::Dimension::volume, units::Dimension::energy,
+                                                  units::Dimension::entropy};
+    return all[static_cast<std::size_t>(place(property))];
+}
+
+constexpr std::size_t most_values = 10000;
+
+} // namespace
+
+const units::Unit* unit(System system, Property property) noexcept {
+    if (property == Property::x) return units::find(units::Dimension::quality, "kg/kg").unit;
+    const Named* found = named(system, property);
+    return found == nullptr ? nullptr : units::find(dimension(property), found->unit).unit;
+}
+
+std::string_view unit_name(System system, Property property) noexcept {
+    const Named* found = named(system, property);
+    return found == nullptr ? std::string_view() : found->name;
+}
+
+std::vector<double> sequence_125(double low, double high) {
+    std::vector<double> all;
+    if (!(low > 0.0) || !std::isfinite(high)) return all;
+    constexpr std::array<int, 3> leading{1, 2, 5};
+    for (int exponent = -300; exponent <= 300 && all.size() < most_values; ++exponent) {
+        for (const int digit : leading) {
+            std::array<char, 16> name{}; // read as a decimal number: the nearest double
+            std::snprintf(name.data(), name.size(), "%de%d", digit, exponent);
+            const double value = std::strtod(name.data(), nullptr);
+            if (value >= low && value <= high) all.push_back(value);
+        }
+    }
+    return all;
+}
+
+std::vector<double> sequence(double low, double high, double step) {
+    std::vector<double> all;
+    if (!(step > 0.0) || !(low <= high) || !((high - low) / step < static_cast<double>(most_values))) return all;
+    constexpr double slack = 1.0e-9;
+    const double first = std::ceil(low / step - slack), last = std::floor(high / step + slack);
+    // A step below 1 is the inverse of a whole number more often than not: division rounds once.
+    const double inverse = std::round(1.0 / step);
+    const bool divides = step < 1.0 && std::fabs(inverse * step - 1.0) < 1.0e-12;
+    for (double n = first; n <= last; n += 1.0) all.push_back(divides ? n / inverse : n * step);
+    return all;
+}
+
+std::string text(double value, Property property, System system) {
+    const units::Unit* in = unit(system, property);
+    if (in == nullptr) return {};
+    const double shown = units::Reading{in, false, units::Fault::none}.from_ktl(value, 0.0);
+    std::array<char, 40> digits{};
+    std::snprintf(digits.data(), digits.size(), "%.6g", std::fabs(shown) < 1.0e-9 ? 0.0 : shown);
+    std::string out(digits.data());
+    std::replace(out.begin(), out.end(), ',', '.'); // whatever the locale
+    const std::size_t e = out.find('e');
+    if (e == std::string::npos) return out;
+    // 2e+07 is written 2e7.
+    std::size_t rest = e + (out[e + 1] == '-' ? 2 : 1);
+    while (rest + 1 < out.size() && (out[rest] == '0' || out[rest] == '+')) out.erase(rest, 1);
+    return out;
+}
+
+} // namespace ktl::diagram

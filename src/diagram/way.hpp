@@ -1,0 +1,34 @@
+// The ways along which a line is walked: its states by one parameter, and the stretches of it that lie in the range, between the
+// saturation line and the limits.
+#pragma once
+
+#include "diagram/frame.hpp"
+
+namespace ktl::diagram {
+
+/// The states with a held value, by a parameter: the other value of the pair, or its logarithm.
+struct Way {
+    Pair pair = Pair::pt;
+    bool held_first = true;
+    bool logarithmic = false;
+    double held = 0.0;
+    double drift = 0.0, origin = 0.0; ///< the held value grows by drift for each unit of the parameter beyond origin
+
+    [[nodiscard]] State at(double parameter) const;
+};
+
+/// A part of a line in which no saturation line is crossed. Its ends are known: those on the dome are saturated phases.
+struct Stretch {
+    Way way;
+    double from = 0.0, to = 0.0;
+    Point first, last;
+    End begin = End::range, end = End::range;
+    double side = detail::nan; ///< the quality to be taken if p and t leave it open: of steam 1, of water 0
+};
+
+/// The stretches of a line, in the order in which they follow one another; empty if no state of the range has the value.
+std::vector<Stretch> stretches(Property held, double value, const Frame& frame);
+/// The point of a stretch; false if there is none.
+bool find_point(const Stretch& stretch, double parameter, const Frame& frame, Point& point);
+
+} // namespace ktl::diagram
