@@ -12,7 +12,7 @@ rm -rf "$build"/*.deb "$build/_CPack_Packages"
 echo "Building the libraries and the program in $build; the first time that takes a few minutes." >&2
 # Every part by name, so that a missing one is an error.
 { cmake -S . -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=Release -DCMAKE_INSTALL_PREFIX=/usr -DKTL_BUILD_TESTS=OFF \
-    -DKTL_BUILD_PROGRAM=ON -DKTL_BUILD_FORTRAN=ON -DKTL_VECTOR_LANES=ON "$@" &&
+    -DKTL_BUILD_PROGRAM=ON -DKTL_BUILD_FORTRAN=ON -DKTL_VECTOR_LANES=ON -DKTL_PICTURES=ON "$@" &&
     cmake --build "$build" && (cd "$build" && cpack -G DEB); } >"$build.log" 2>&1 ||
     { cat "$build.log" >&2; rm -f "$build"/*.deb; exit 1; }
 
@@ -36,7 +36,7 @@ check() {
         grep -q -- "$path\( -> .*\)\{0,1\}\$" "$build/contents" || wrong "$package lacks $path"
     done
 }
-check ktl "libc6 libstdc++6" "/usr/bin/ktl /man1/ktl.1 /completions/ktl /examples/heat_balance.csv"
+check ktl "libc6 libstdc++6 libcairo2" "/usr/bin/ktl /man1/ktl.1 /completions/ktl /examples/heat_balance.csv"
 check "libktl$soname" "libc6 libstdc++6" "/libktl.so.$soname"
 check libktl-dev "libktl$soname" "/ktl/steam.h /ktl/steam.hpp /ktl/ktlftn.h /libktl.a /libktl.so /ktl.pc /ktl-config.cmake
     /examples/c/flash.c /examples/cpp/columns.cpp"

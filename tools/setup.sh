@@ -7,9 +7,9 @@
 # command to give to an administrator.
 set -eu
 
-program="g++ cmake ninja-build libcli11-dev libhwy-dev"
+program="g++ cmake ninja-build libcli11-dev libhwy-dev libcairo2-dev pkg-config"
 packages="$program gfortran file dpkg-dev"
-everything="$packages clang libclang-rt-dev make pkg-config mandoc libgtest-dev libbenchmark-dev libeigen3-dev python3-dev python3-venv"
+everything="$packages clang libclang-rt-dev make mandoc libgtest-dev libbenchmark-dev libeigen3-dev python3-dev python3-venv"
 
 wanted=$everything
 if [ "${1:-}" = --for ]; then

@@ -51,12 +51,17 @@ std::string to_utf8(const std::wstring& text) {
     return utf8;
 }
 int open_file(const std::string& path, int flags) { return ::_wopen(to_wide(path).c_str(), flags, 0666); }
+void remove_file(const std::string& path) { ::_wunlink(to_wide(path).c_str()); }
 #else
 constexpr int text_mode_off = O_CLOEXEC;
 constexpr std::size_t most_at_once = std::size_t{1} << 30;
 using Size = std::size_t;
 bool make_empty(int descriptor) { return ::ftruncate(descriptor, 0) == 0; }
 int open_file(const std::string& path, int flags) { return ::open(path.c_str(), flags, 0666); }
+void remove_file(const std::string& path) {
+    struct stat about {};
+    if (::stat(path.c_str(), &about) == 0 && S_ISREG(about.st_mode)) ::unlink(path.c_str()); // no device, no pipe
+}
 #endif
 
 bool same_file(int a, int b) {
@@ -173,5 +178,16 @@ void OutputFile::finish() {
 }
 
 bool OutputFile::is_terminal() const { return program::is_terminal(descriptor_); }
+
+void write_whole(const std::string& path, std::string_view text) {
+    OutputFile file(path);
+    try {
+        file.write(text);
+        file.finish();
+    } catch (const UsageError&) {
+        if (!path.empty()) remove_file(path);
+        throw;
+    }
+}
 
 } // namespace program

@@ -67,4 +67,8 @@ private:
     int descriptor_;
 };
 
+/// Writes a whole file, or standard output if the path is empty. Throws UsageError as OutputFile does; no part of a file is
+/// left then.
+void write_whole(const std::string& path, std::string_view text);
+
 } // namespace program

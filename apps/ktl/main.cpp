@@ -2,6 +2,7 @@
 #include "batch.hpp"
 #include "compare_command.hpp"
 #include "completion.hpp"
+#include "diagram_command.hpp"
 #include "files.hpp"
 #include "help.hpp"
 #include "number.hpp"
@@ -31,6 +32,7 @@ struct Arguments {
     bool json = false;
     BatchWishes batch;
     CompareArguments compare;
+    DiagramArguments diagram;
 };
 
 std::string version() {
@@ -153,14 +155,11 @@ void add_completion_command(CLI::App& app, Arguments& arguments) {
 ExitStatus completion(const CLI::App& app, const Arguments& arguments) {
     std::string codes;
     for (const Property& p : properties()) codes += (codes.empty() ? "" : " ") + std::string(p.code);
-    const Words words{{"pair", pair_names() + " auto"},
-                      {"file", "FILE"},
-                      {"properties", codes},
-                      {"format", "csv table json"},
-                      {"output", "FILE"},
-                      {"shell", shells},
-                      {"separator", "tab"},
-                      {"columns", std::string()}};
+    const Words words{
+        {"pair", pair_names() + " auto"}, {"file", "FILE"},         {"properties", codes}, {"format", "csv table json"},
+        {"lines format", "csv json"},     {"preset", preset_names}, {"size", page_sizes},  {"process", "FILE"},
+        {"units", "bar si mpa us"},       {"output", "FILE"},       {"shell", shells},     {"separator", "tab"},
+        {"columns", std::string()}};
     OutputFile out(arguments.output);
     out.write(completion_script(app, words, arguments.shell));
     out.finish();
@@ -220,6 +219,7 @@ ExitStatus run(std::vector<std::string> words) {
     add_single_commands(app, arguments);
     add_batch_command(app, arguments);
     add_compare(app, arguments.compare);
+    add_diagram(app, arguments.diagram);
     add_completion_command(app, arguments);
     check_words(app, words);
     protect_numbers(words);
@@ -232,6 +232,10 @@ ExitStatus run(std::vector<std::string> words) {
     const std::string command = app.get_subcommands().front()->get_name();
     if (command == "batch") return batch(arguments);
     if (command == "compare") return run_compare(app, arguments.compare) ? all_found : state_missing;
+    if (command == "diagram" || command == "lines") {
+        command == "lines" ? run_lines(arguments.diagram) : run_diagram(arguments.diagram);
+        return all_found;
+    }
     if (command == "completion") return completion(app, arguments);
     return single(*find_pair(command), arguments);
 }

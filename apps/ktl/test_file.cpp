@@ -1,96 +1,14 @@
 #include "test_file.hpp"
 
-#include "csv.hpp"
-#include "files.hpp"
 #include "number.hpp"
+#include "table_file.hpp"
 
 #include <algorithm>
-#include <cmath>
 #include <ktl/if97.hpp>
 
 namespace program {
 
 namespace {
-
-using Fields = std::vector<std::string>;
-
-/// One line of the file with its number.
-struct Line {
-    std::size_t number;
-    Fields fields;
-};
-
-constexpr std::size_t most_lines = 10000;
-
-/// Refuses a line that could not be read whole.
-void check_kind(Records::Kind kind, std::size_t number) {
-    const std::string line = "line " + std::to_string(number);
-    if (kind == Records::Kind::too_long) throw UsageError(line + " is too long");
-    if (kind != Records::Kind::row && kind != Records::Kind::comment)
-        throw UsageError(line + ": a quote is not closed, or text follows it");
-}
-
-/// The lines of a file that are neither empty nor comments.
-std::vector<Line> lines_of(const std::string& path) {
-    InputFile file(path);
-    CsvReader reader(file);
-    const Records header = reader.header(',');
-    reader.set_format(',', header.size() == 0 ? 0 : header.fields(0));
-    Records records;
-    std::vector<Line> lines;
-    while (reader.next(records)) {
-        for (std::size_t record = 0; record < records.size(); ++record) {
-            check_kind(records.kind(record), records.line(record));
-            if (records.kind(record) == Records::Kind::comment) continue;
-            Line line{records.line(record), {}};
-            for (std::size_t k = 0; k < records.fields(record); ++k)
-                line.fields.emplace_back(trimmed(records.field(record, k)));
-            const bool empty =
-                std::all_of(line.fields.begin(), line.fields.end(), [](const std::string& f) { return f.empty(); });
-            if (!empty) lines.push_back(std::move(line));
-            if (lines.size() > most_lines)
-                throw UsageError("more than " + std::to_string(most_lines) + " lines; a test has fewer points");
-        }
-    }
-    return lines;
-}
-
-/// A table of the file: its header, and texts of its lines by the names of columns.
-class Block {
-public:
-    explicit Block(const Line& header) : header_(header) {}
-
-    /// The place of the column with one of the names, in lower case; header size if there is none.
-    [[nodiscard]] std::optional<std::size_t> find(std::initializer_list<std::string_view> names) const {
-        for (std::size_t k = 0; k < header_.fields.size(); ++k) {
-            const std::string name = lower_case(header_.fields[k]);
-            if (std::find(names.begin(), names.end(), name) != names.end()) return k;
-        }
-        return std::nullopt;
-    }
-    [[nodiscard]] std::size_t need(std::initializer_list<std::string_view> names) const {
-        if (const auto place = find(names)) return *place;
-        throw UsageError("line " + std::to_string(header_.number) + ": no column " + in_quotes(*names.begin()));
-    }
-    /// The column of a quantity and its unit, but not of another unit.
-    [[noreturn]] void fail(const Line& line, std::size_t column, const std::string& what) const {
-        throw UsageError("line " + std::to_string(line.number) + ", column " + in_quotes(header_.fields[column]) +
-                         ": " + what);
-    }
-    void check_width(const Line& line) const {
-        if (line.fields.size() == header_.fields.size()) return;
-        throw UsageError("line " + std::to_string(line.number) + ": " + std::to_string(line.fields.size()) +
-                         " columns instead of " + std::to_string(header_.fields.size()));
-    }
-    [[nodiscard]] double number(const Line& line, std::size_t column) const {
-        const auto value = parse_number(line.fields[column]);
-        if (!value || !std::isfinite(*value)) fail(line, column, in_quotes(line.fields[column]) + " is not a number");
-        return *value;
-    }
-
-private:
-    const Line& header_;
-};
 
 /// Points of pairs that each line names, or of pressure and temperature.
 class PointReader {
@@ -140,7 +58,7 @@ private:
         return text == "in" ? Crossing::in : Crossing::out;
     }
 
-    Block block_;
+    LineTable block_;
     std::size_t name_;
     std::optional<std::size_t> pair_;
     std::size_t first_, second_;
@@ -183,7 +101,7 @@ private:
         return static_cast<std::size_t>(at - points.begin());
     }
 
-    Block block_;
+    LineTable block_;
     std::size_t name_, inlet_, outlet_;
     std::optional<std::size_t> efficiency_;
 };
@@ -212,7 +130,7 @@ void check_open_points(const TestFile& file) {
 } // namespace
 
 TestFile read_test_file(const std::string& path) {
-    const std::vector<Line> lines = lines_of(path);
+    const std::vector<Line> lines = read_lines(path);
     const std::string name = path == "-" ? "standard input" : in_quotes(path);
     if (lines.empty()) throw UsageError(name + " is empty; its first line should name the columns");
     const auto is_section_header = [](const Line& line) { return lower_case(line.fields.front()) == "section"; };

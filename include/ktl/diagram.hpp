@@ -160,6 +160,13 @@ struct Family {
     double place = 0.5;         ///< where labels are best along a line: 0 is its beginning, 1 its end
 };
 
+/// A state of a process, and the step that leads to it from the one before.
+struct ProcessState {
+    std::string name; ///< UTF-8, may be empty
+    State state;
+    Step step = Step::straight; ///< not used for the first state
+};
+
 enum class Preset : std::uint8_t { hs, ts, ph, pv, pt };
 
 struct Chart {
@@ -167,6 +174,7 @@ struct Chart {
     Window window;
     System system = System::bar;
     std::vector<Family> families;
+    std::vector<ProcessState> process;
     double tolerance = 0.05;    ///< mm
     double letter_height = 2.2; ///< height of the digits of labels, mm
 };
@@ -177,7 +185,7 @@ struct Chart {
 [[nodiscard]] Chart preset(Preset preset, const Window& window, System system = System::bar, double width = 380.0,
                            double height = 230.0);
 
-/// A text beside or on a line, turned to its direction.
+/// A text on a line, turned to its direction; or beside a state, level.
 struct Label {
     std::string text;                 ///< a value, with its unit if there is room for it
     std::size_t family = 0;           ///< of Chart::families
@@ -194,6 +202,9 @@ struct Drawing {
     std::vector<Line> lines;           ///< of all families, in their order; a line outside the window has no pieces
     std::vector<std::size_t> families; ///< the family of each line
     std::vector<Label> labels;
+    std::vector<Line> process;       ///< the steps, from the first state to the second and so on
+    std::vector<Point> states;       ///< of the process, inside the window or not
+    std::vector<Label> state_labels; ///< of those inside, with values if there is room
 };
 [[nodiscard]] Drawing compute(const Chart& chart);
 

@@ -15,7 +15,9 @@ Fault fault_of(const Chart& chart) {
     const Fault fault = fault_of(chart.axes, chart.window, chart.tolerance);
     if (fault != Fault::none) return fault;
     if (!(chart.letter_height > 0.0 && chart.letter_height <= 100.0)) return Fault::letter_height;
-    std::size_t count = 0;
+    for (const ProcessState& here : chart.process)
+        if (!here.state) return Fault::process_range;
+    std::size_t count = chart.process.size();
     for (const Family& family : chart.families) count += family.values.size();
     return count <= most_lines ? Fault::none : Fault::too_many_lines;
 }
@@ -37,6 +39,12 @@ Drawing computed(const Chart& chart) {
             drawing.lines.push_back(std::move(line));
             drawing.families.push_back(i);
         }
+    }
+    for (const ProcessState& here : chart.process) {
+        drawing.states.push_back(frame.point(here.state));
+        if (&here == &chart.process.front()) continue;
+        const ProcessState& before = *(&here - 1);
+        drawing.process.push_back(traced_process(before.state, here.state, here.step, frame, chart.tolerance));
     }
     place_labels(chart, drawing);
     return drawing;

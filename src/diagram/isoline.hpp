@@ -7,5 +7,7 @@ namespace ktl::diagram {
 
 Line traced_line(Property held, double value, const Frame& frame, double tolerance);
 Dome traced_dome(const Frame& frame, double tolerance);
+/// from and to: solved states.
+Line traced_process(const State& from, const State& to, Step step, const Frame& frame, double tolerance);
 
 } // namespace ktl::diagram

@@ -1,5 +1,7 @@
 #include "diagram/labels.hpp"
 
+#include "diagram/values.hpp"
+
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -14,8 +16,12 @@ constexpr double margin = 0.6;         // mm, around a text
 constexpr double edge_margin = 1.0;    // mm, to the frame
 constexpr double most_bend = 0.25;     // of the height of a label: how far its line may leave its middle
 constexpr int places = 24;             // along a line
-constexpr double crossing_cost = 0.12; // a crossed line counts as much as that part of the length
+constexpr double crossing_cost = 0.05; // a crossed line counts as much as that part of the length
 constexpr double cell = 8.0;           // mm
+constexpr std::size_t nothing = static_cast<std::size_t>(-1); // the number of no line
+constexpr double widest_state_label = 0.2; // of the width of the chart: name and values of a state, otherwise the name
+constexpr double bold_cost = 3.0;          // lines that a state label may cross rather than the dome or the process
+constexpr double mark_room = 1.0;          // mm, around a state
 
 struct Vector {
     double x, y;
@@ -170,21 +176,41 @@ std::size_t letters(const std::string& text) { // of UTF-8
         text.begin(), text.end(), [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U; }));
 }
 
-std::string label_text(const Chart& chart, const Line& line, bool with_unit) {
-    std::string out = text(line.value, line.held, chart.system);
-    if (with_unit && line.held == Property::x) return std::string("x = ") += out;
-    if (with_unit) out.append(" ").append(unit_name(chart.system, line.held));
-    return out;
+/// "x = 0.9" where the symbol says it better than the unit, "10 bar" otherwise.
+std::string label_text(const Chart& chart, const Line& line, bool in_full) {
+    const std::string value = text(line.value, line.held, chart.system);
+    if (!in_full) return value;
+    switch (line.held) {
+    case Property::s: return std::string("s = ") += value;
+    case Property::u: return std::string("u = ") += value;
+    case Property::x: return std::string("x = ") += value;
+    default: return std::string(value).append(" ").append(unit_name(chart.system, line.held));
+    }
 }
 
 class Labels {
 public:
     Labels(const Chart& chart, Drawing& drawing)
-        : chart_(chart), drawing_(drawing), net_(chart.axes.x.length, chart.axes.y.length),
+        : chart_(chart), drawing_(drawing), net_(chart.axes.x.length, chart.axes.y.length), bold_(net_),
           size_(chart.letter_height / digit_height) {
         for (std::size_t i = 0; i < drawing.lines.size(); ++i) net_.add(drawing.lines[i], i);
-        net_.add(drawing.dome.water, drawing.lines.size());
-        net_.add(drawing.dome.steam, drawing.lines.size() + 1);
+        for (const Line& step : drawing.process) bold_.add(step, 0);
+        bold_.add(drawing.dome.water, 1);
+        bold_.add(drawing.dome.steam, 1);
+        for (const Point& state : drawing.states)
+            boxes_.push_back({{state.x, state.y}, {1.0, 0.0}, mark_room, mark_room});
+    }
+
+    /// Beside the state, level: as near and with as few crossings as can be.
+    void place_state(std::size_t number) {
+        const Point& at = drawing_.states[number];
+        const bool inside = at.x >= 0.0 && at.x <= chart_.axes.x.length && at.y >= 0.0 && at.y <= chart_.axes.y.length;
+        if (!inside) return;
+        std::string name = chart_.process[number].name;
+        if (name.empty()) name = std::to_string(number + 1);
+        const std::string in_full = std::string(name).append(": ").append(values(at));
+        const bool short_enough = text_width(in_full) <= widest_state_label * chart_.axes.x.length;
+        if (!short_enough || !place_state(number, at, in_full)) place_state(number, at, name);
     }
 
     void place(std::size_t number) {
@@ -193,11 +219,63 @@ public:
     }
 
 private:
-    bool place(std::size_t number, const Path& path, bool with_unit) {
+    /// Pressure and temperature, or quality.
+    [[nodiscard]] std::string values(const Point& at) const {
+        const auto with_unit = [&](Property property) {
+            return rounded_text(at.get(property), property, chart_.system)
+                .append(" ")
+                .append(unit_name(chart_.system, property));
+        };
+        const std::string second = std::isnan(at.quality)
+                                       ? with_unit(Property::t)
+                                       : std::string("x = ") += rounded_text(at.quality, Property::x, chart_.system);
+        return with_unit(Property::p) + ", " + second;
+    }
+
+    bool place_state(std::size_t number, const Point& at, const std::string& text) {
+        const double width = text_width(text), height = line_height * size_;
+        double least = 1.0e300;
+        Box best{};
+        for (int ring = 0; ring < 4; ++ring) {
+            for (int place = 0; place < 8; ++place) {
+                // Right and left of the state first, then above and below.
+                constexpr std::array<Vector, 8> sides{{{1.0, 0.0},
+                                                       {-1.0, 0.0},
+                                                       {1.0, 1.0},
+                                                       {-1.0, 1.0},
+                                                       {1.0, -1.0},
+                                                       {-1.0, -1.0},
+                                                       {0.0, 1.0},
+                                                       {0.0, -1.0}}};
+                const Vector side = sides[static_cast<std::size_t>(place)];
+                const double gap = 0.2 + mark_room + 2.5 * ring;
+                const Box box{{at.x + side.x * (gap + 0.5 * width), at.y + side.y * (gap + 0.5 * height)},
+                              {1.0, 0.0},
+                              0.5 * width,
+                              0.5 * height};
+                if (!has_room(box)) continue;
+                const double cost =
+                    3.0 * ring + 0.3 * place + net_.crossings(box, nothing) + bold_cost * bold_.crossings(box, nothing);
+                if (cost < least) {
+                    least = cost;
+                    best = box;
+                }
+            }
+        }
+        if (least > 1.0e299) return false;
+        boxes_.push_back(best);
+        drawing_.state_labels.push_back({text, 0, number, best.middle.x, best.middle.y, 1.0, 0.0, width, height});
+        return true;
+    }
+
+    [[nodiscard]] double text_width(const std::string& text) const {
+        return static_cast<double>(letters(text)) * letter_width * size_ + 2.0 * margin;
+    }
+
+    bool place(std::size_t number, const Path& path, bool in_full) {
         const std::size_t family = drawing_.families[number];
-        const std::string text = label_text(chart_, drawing_.lines[number], with_unit);
-        const double width = static_cast<double>(letters(text)) * letter_width * size_ + 2.0 * margin;
-        const double height = line_height * size_;
+        const std::string text = label_text(chart_, drawing_.lines[number], in_full);
+        const double width = text_width(text), height = line_height * size_;
         if (path.length() < 1.6 * width) return false;
         double least = 1.0e300;
         Box best{};
@@ -208,6 +286,7 @@ private:
             if (off >= least) continue;
             Box box{};
             if (!make_box(path, at, width, height, box) || !has_room(box)) continue;
+            if (bold_.crossings(box, nothing) != 0) continue;
             const double cost = off + crossing_cost * net_.crossings(box, number);
             if (cost < least) {
                 least = cost;
@@ -231,7 +310,7 @@ private:
 
     const Chart& chart_;
     Drawing& drawing_;
-    Net net_;
+    Net net_, bold_; // the lines of families; those that no label on a line crosses
     double size_;
     std::vector<Box> boxes_;
 };
@@ -240,6 +319,7 @@ private:
 
 void place_labels(const Chart& chart, Drawing& drawing) {
     Labels labels(chart, drawing);
+    for (std::size_t i = 0; i < drawing.states.size(); ++i) labels.place_state(i);
     for (std::size_t i = 0; i < drawing.lines.size(); ++i) labels.place(i);
 }
 

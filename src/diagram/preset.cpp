@@ -13,64 +13,37 @@ namespace {
 
 struct FamilyForm {
     Property held;
-    double lines;      ///< how many there are about, of those with equal steps
+    double lines;      ///< how many there are about, of those with equal steps; below zero: no family
     bool outside_dome; ///< not drawn in two phases
     double place;      ///< of labels along a line
 };
 
+constexpr FamilyForm no_family{Property::x, -1.0, false, 0.0};
+
 struct PresetForm {
     Property x, y;
     bool logarithmic_x, logarithmic_y;
-    Pair pair; ///< of the axes
-    bool x_first;
+    Pair pair; ///< of y and x
     Window window;
     std::array<FamilyForm, 4> families;
 };
 
 const PresetForm& form(Preset preset) {
     using P = Property;
+    // clang-format off
     static constexpr std::array<PresetForm, 5> all{{
-        {P::s,
-         P::h,
-         false,
-         false,
-         Pair::hs,
-         false,
-         {5.0, 9.5, 1800.0, 4200.0},
-         {{{P::p, 0.0, false, 0.93}, {P::t, 16.0, true, 0.2}, {P::x, 12.0, false, 0.3}, {P::v, 0.0, false, 0.75}}}},
-        {P::s,
-         P::t,
-         false,
-         false,
-         Pair::ts,
-         false,
-         {0.0, 10.0, 0.0, 800.0},
+        {P::s, P::h, false, false, Pair::hs, {5.0, 9.5, 1800.0, 4200.0},
+         {{{P::p, 0.0, false, 0.93}, {P::t, 16.0, true, 0.04}, {P::x, 12.0, false, 0.3}, {P::v, 0.0, false, 0.75}}}},
+        {P::s, P::t, false, false, Pair::ts, {0.0, 10.0, 0.0, 800.0},
          {{{P::p, 0.0, false, 0.93}, {P::h, 22.0, false, 0.1}, {P::x, 10.0, false, 0.4}, {P::v, 0.0, false, 0.8}}}},
-        {P::h,
-         P::p,
-         false,
-         true,
-         Pair::ph,
-         false,
-         {0.0, 4200.0, 0.01, 1000.0},
+        {P::h, P::p, false, true, Pair::ph, {0.0, 4200.0, 0.01, 1000.0},
          {{{P::t, 16.0, false, 0.1}, {P::s, 22.0, false, 0.7}, {P::x, 10.0, false, 0.3}, {P::v, 0.0, false, 0.8}}}},
-        {P::v,
-         P::p,
-         true,
-         true,
-         Pair::pv,
-         false,
-         {0.0005, 500.0, 0.005, 1000.0},
-         {{{P::t, 10.0, false, 0.3}, {P::s, 12.0, false, 0.6}, {P::x, 10.0, false, 0.3}, {P::h, 10.0, false, 0.8}}}},
-        {P::t,
-         P::p,
-         false,
-         true,
-         Pair::pt,
-         false,
-         {0.0, 800.0, 0.006, 1000.0},
-         {{{P::h, 22.0, false, 0.5}, {P::s, 22.0, false, 0.7}, {P::v, 0.0, false, 0.8}, {P::x, 0.0, false, 0.5}}}},
+        {P::v, P::p, true, true, Pair::pv, {0.0005, 500.0, 0.005, 1000.0},
+         {{{P::t, 8.0, false, 0.15}, {P::s, 12.0, false, 0.6}, {P::x, 10.0, false, 0.3}, no_family}}},
+        {P::t, P::p, false, true, Pair::pt, {0.0, 800.0, 0.006, 1000.0},
+         {{{P::h, 22.0, false, 0.5}, {P::s, 22.0, false, 0.7}, {P::v, 0.0, false, 0.8}, no_family}}},
     }};
+    // clang-format on
     return all[std::min(static_cast<std::size_t>(preset), all.size() - 1)];
 }
 
@@ -107,7 +80,7 @@ std::array<Extent, 4> extents(const PresetForm& form, const Window& window) {
         for (int k = 0; k <= cells; ++k) {
             const double x = between(window.left, window.right, static_cast<double>(i) / cells, form.logarithmic_x);
             const double y = between(window.bottom, window.top, static_cast<double>(k) / cells, form.logarithmic_y);
-            const State found = form.x_first ? state(form.pair, x, y) : state(form.pair, y, x);
+            const State found = state(form.pair, y, x);
             if (!found) continue;
             for (std::size_t n = 0; n < all.size(); ++n) all[n].add(found.get(form.families[n].held));
         }
@@ -168,7 +141,7 @@ std::vector<double> family_values(const FamilyForm& form, const Extent& extent, 
     std::vector<double> values;
     if (by_ratio)
         values = ratio_values(low, high);
-    else if (high > low && form.lines > 0.0)
+    else if (high > low)
         values = sequence(
             low, high, form.held == Property::t && high - low > 300.0 ? 50.0 : round_step((high - low) / form.lines));
     for (double& value : values) value = from_unit(value, form.held, system);
@@ -199,6 +172,7 @@ Chart made(const PresetForm& form, const Window& window, System system, double w
     const std::array<Extent, 4> found = extents(form, window);
     for (std::size_t n = 0; n < found.size(); ++n) {
         const FamilyForm& family = form.families[n];
+        if (family.lines < 0.0) continue;
         chart.families.push_back(
             {family.held, family_values(family, found[n], system), family.outside_dome, family.place});
     }

@@ -47,7 +47,9 @@ void add_isobaric(const Point& from, const Point& to, const Frame& frame, double
     trace(stretch_of(way, from.h, to.h, from, to), frame, tolerance, line.pieces);
 }
 
-Line joined(const State& from, const State& to, Step step, const Frame& frame, double tolerance) {
+} // namespace
+
+Line traced_process(const State& from, const State& to, Step step, const Frame& frame, double tolerance) {
     Line line;
     const Point first = frame.point(from), last = frame.point(to);
     switch (step) {
@@ -72,8 +74,6 @@ Line joined(const State& from, const State& to, Step step, const Frame& frame, d
     return line;
 }
 
-} // namespace
-
 State step_end(const State& from, Step step, double pressure, double efficiency) noexcept {
     const FloatEnvironment environment;
     return ended(from, step, pressure, efficiency);
@@ -85,7 +85,7 @@ Line process_line(const State& from, const State& to, Step step, const Axes& axe
     Line line;
     line.fault = fault_of(axes, window, tolerance);
     if (line.fault == Fault::none && (!from || !to)) line.fault = Fault::process_range;
-    return line.fault == Fault::none ? joined(from, to, step, Frame(axes, window), tolerance) : line;
+    return line.fault == Fault::none ? traced_process(from, to, step, Frame(axes, window), tolerance) : line;
 }
 
 } // namespace ktl::diagram

@@ -1,9 +1,10 @@
-// Round values of families, and how values and units are written.
+#include "diagram/values.hpp"
+
 #include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstdio>
-#include <ktl/diagram.hpp>
+#include <cstdlib>
 
 namespace ktl::diagram {
 
@@ -95,12 +96,14 @@ std::vector<double> sequence(double low, double high, double step) {
     return all;
 }
 
-std::string text(double value, Property property, System system) {
+namespace {
+
+std::string digits_of(double value, Property property, System system, int count) {
     const units::Unit* in = unit(system, property);
     if (in == nullptr) return {};
     const double shown = units::Reading{in, false, units::Fault::none}.from_ktl(value, 0.0);
     std::array<char, 40> digits{};
-    std::snprintf(digits.data(), digits.size(), "%.6g", std::fabs(shown) < 1.0e-9 ? 0.0 : shown);
+    std::snprintf(digits.data(), digits.size(), "%.*g", count, std::fabs(shown) < 1.0e-9 ? 0.0 : shown);
     std::string out(digits.data());
     std::replace(out.begin(), out.end(), ',', '.'); // whatever the locale
     const std::size_t e = out.find('e');
@@ -109,6 +112,13 @@ std::string text(double value, Property property, System system) {
     std::size_t rest = e + (out[e + 1] == '-' ? 2 : 1);
     while (rest + 1 < out.size() && (out[rest] == '0' || out[rest] == '+')) out.erase(rest, 1);
     return out;
+}
+
+} // namespace
+
+std::string text(double value, Property property, System system) { return digits_of(value, property, system, 6); }
+std::string rounded_text(double value, Property property, System system) {
+    return digits_of(value, property, system, 4);
 }
 
 } // namespace ktl::diagram
