@@ -20,12 +20,12 @@ State ended(const State& from, Step step, double pressure, double efficiency) no
 }
 
 Stretch stretch_of(const Way& way, double first, double last, const Point& from, const Point& to) {
-    return {way, first, last, from, to, End::range, End::range, detail::nan};
+    return {way, first, last, from, to, End::range, End::range, detail::nan, {}};
 }
 
 /// By the logarithm of the pressure, with h or s held.
 Stretch by_pressure(Pair pair, double held, const Point& from, const Point& to) {
-    return stretch_of({pair, false, true, held}, natural_log(from.p), natural_log(to.p), from, to);
+    return stretch_of({pair, false, Parameter::logarithm, held}, natural_log(from.p), natural_log(to.p), from, to);
 }
 
 void add_isentropic(const State& from, const State& to, const Frame& frame, double tolerance, Line& line) {
@@ -41,7 +41,7 @@ void add_isentropic(const State& from, const State& to, const Frame& frame, doub
 }
 
 void add_isobaric(const Point& from, const Point& to, const Frame& frame, double tolerance, Line& line) {
-    Way way{Pair::ph, true, false, from.p};
+    Way way{Pair::ph, true, Parameter::value, from.p};
     way.origin = from.h;
     if (to.h != from.h) way.drift = (to.p - from.p) / (to.h - from.h);
     trace(stretch_of(way, from.h, to.h, from, to), frame, tolerance, line.pieces);

@@ -21,6 +21,9 @@ constexpr double safety = 0.9;
 /// And the part that the points of a straight part may have to be left out.
 constexpr double straight = 0.05;
 
+/// The two sides of sub-region 3 meet above the critical temperature, where nothing jumps.
+Region kind_of(Region region) { return region == Region::near_critical_water ? Region::near_critical_steam : region; }
+
 struct Node {
     double parameter = 0.0;
     Point point;
@@ -28,7 +31,7 @@ struct Node {
     unsigned outside = 0; // a bit for each edge of the window that it lies beyond
 
     [[nodiscard]] bool same_kind(const Node& other) const {
-        return found == other.found && (!found || point.region == other.point.region);
+        return found == other.found && (!found || kind_of(point.region) == kind_of(other.point.region));
     }
 };
 
@@ -47,17 +50,23 @@ public:
 
     void run() {
         Node before = known(stretch_.from, stretch_.first);
-        for (int i = 1; i <= first_intervals; ++i) {
-            const Node here = i == first_intervals ? known(stretch_.to, stretch_.last) : at(first_parameter(i));
-            walk(before, here, 0);
-            before = here;
-        }
+        for (const double turn : stretch_.turns) before = walk_evenly(before, at(turn));
+        walk_evenly(before, known(stretch_.to, stretch_.last));
         close(stretch_.end);
     }
 
 private:
-    [[nodiscard]] double first_parameter(int i) const {
-        return stretch_.from + (stretch_.to - stretch_.from) * (static_cast<double>(i) / first_intervals);
+    /// Walks in equal intervals to begin with; returns the last node.
+    Node walk_evenly(const Node& first, const Node& last) {
+        Node before = first;
+        for (int i = 1; i <= first_intervals; ++i) {
+            const double part = static_cast<double>(i) / first_intervals;
+            const Node here =
+                i == first_intervals ? last : at(first.parameter + part * (last.parameter - first.parameter));
+            walk(before, here, 0);
+            before = here;
+        }
+        return last;
     }
     [[nodiscard]] unsigned outside(const Point& point) const {
         return (point.x < -on_edge ? 1U : 0U) | (point.x > frame_.width() + on_edge ? 2U : 0U) |

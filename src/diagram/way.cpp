@@ -30,7 +30,7 @@ struct Knot {
 Region wet_region(double t) { return t <= 350.0 ? Region::wet : Region::wet_near_critical; }
 
 Stretch between(const Way& way, const Knot& first, const Knot& last) {
-    return {way, first.parameter, last.parameter, first.point, last.point, first.end, last.end, detail::nan};
+    return {way, first.parameter, last.parameter, first.point, last.point, first.end, last.end, detail::nan, {}};
 }
 
 /// Knots that are nearer to one another are one: a limit that two pairs were asked for, or a crossing in the corner of the range.
@@ -68,7 +68,7 @@ std::vector<Stretch> joined(const Way& way, std::vector<Knot>& knots, const Fram
 
 /// By the enthalpy, which grows with the temperature all along.
 std::vector<Stretch> isobar(double p, const Frame& frame) {
-    const Way way{Pair::ph, true, false, p};
+    const Way way{Pair::ph, true, Parameter::value, p};
     Point cold, hot;
     if (!phase_point(state(Pair::pt, p, least_temperature), 0.0, frame, cold) ||
         !phase_point(state(Pair::pt, p, highest_temperature), 1.0, frame, hot))
@@ -84,7 +84,7 @@ std::vector<Stretch> isobar(double p, const Frame& frame) {
 
 /// By the logarithm of the pressure in one phase, by the quality in two.
 std::vector<Stretch> isotherm(double t, const Frame& frame) {
-    const Way one_phase{Pair::pt, false, true, t};
+    const Way one_phase{Pair::pt, false, Parameter::logarithm, t};
     const Saturation at = saturation_at_temperature(t);
     Point least, most;
     std::vector<Stretch> all;
@@ -103,7 +103,7 @@ std::vector<Stretch> isotherm(double t, const Frame& frame) {
         all.back().side = 1.0;
     }
     if (at.liquid.h() < at.vapour.h()) {
-        all.push_back(between({Pair::tx, true, false, t}, {1.0, steam, End::dome}, {0.0, water, End::dome}));
+        all.push_back(between({Pair::tx, true, Parameter::value, t}, {1.0, steam, End::dome}, {0.0, water, End::dome}));
         all.back().first.region = all.back().last.region = wet_region(t);
     }
     all.push_back(between(one_phase, {saturation, water, End::dome}, high));
@@ -112,11 +112,15 @@ std::vector<Stretch> isotherm(double t, const Frame& frame) {
 }
 
 std::vector<Stretch> quality_line(double x, const Frame& frame) {
-    const Way way{Pair::tx, false, false, x};
-    const State cold = way.at(least_temperature), critical = way.at(critical_temperature);
+    const State cold = state(Pair::tx, least_temperature, x), critical = state(Pair::tx, critical_temperature, x);
     if (!cold || !critical) return {};
-    return {between(way, {least_temperature, frame.point(cold), End::range},
-                    {critical_temperature, frame.point(critical), End::dome})};
+    const double first = std::sqrt(critical_temperature - least_temperature);
+    Stretch line = between({Pair::tx, false, Parameter::root_below_critical, x}, {first, frame.point(cold), End::range},
+                           {0.0, frame.point(critical), End::dome});
+    // In the last 0.2 K the sum of both phases runs back, in the last millikelvin forward again: 374.149 degC is the end of the loop
+    // of the isotherms.
+    line.turns = {1.0, std::sqrt(0.2), std::sqrt(0.001)};
+    return {line};
 }
 
 /// By a pair of the parameter and the held value, from limit to limit. limits: the parameter's own two and those of the states on
@@ -125,9 +129,12 @@ class General {
 public:
     General(Property held, double value, const Frame& frame) : held_(held), value_(value), frame_(frame) {
         if (held == Property::v)
-            way_ = {Pair::tv, false, false, value};
+            way_ = {Pair::tv, false, Parameter::value, value};
         else
-            way_ = {held == Property::h ? Pair::ph : held == Property::s ? Pair::ps : Pair::pu, false, true, value};
+            way_ = {held == Property::h   ? Pair::ph
+                    : held == Property::s ? Pair::ps
+                                          : Pair::pu,
+                    false, Parameter::logarithm, value};
     }
 
     std::vector<Stretch> stretches() {
@@ -174,9 +181,11 @@ private:
 
 } // namespace
 
-State Way::at(double parameter) const {
-    const double other = logarithmic ? exponential(parameter) : parameter;
-    const double kept = held + drift * (parameter - origin);
+State Way::at(double at) const {
+    const double other = parameter == Parameter::logarithm             ? exponential(at)
+                         : parameter == Parameter::root_below_critical ? critical_temperature - at * at
+                                                                       : at;
+    const double kept = held + drift * (at - origin);
     return held_first ? state(pair, kept, other) : state(pair, other, kept);
 }
 
