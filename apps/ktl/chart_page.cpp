@@ -115,7 +115,8 @@ public:
         draw_process();
         draw_labels();
         canvas_.draw(rectangle(), {black, 0.35, {}});
-        canvas_.write({room_.left, 0.55 * top_margin}, page_.title, {title_size, black, Anchor::left, 0.0, true});
+        canvas_.write({room_.left, 0.55 * top_margin}, page_.title,
+                      {fitted(title_size, page_.title), black, Anchor::left, 0.0, true});
         draw_legend();
     }
 
@@ -228,22 +229,37 @@ private:
     }
 
     void draw_legend() {
-        const double sample = 9.0, y = page_.height - 9.5;
-        double x = room_.left;
-        const auto entry = [&](const Stroke& stroke, const std::string& text) {
-            canvas_.draw({{{x, y}, {x + sample, y}}}, stroke);
-            canvas_.write({x + sample + 1.5, y}, text, {small_size, black});
-            x += sample + 5.0 + 0.52 * small_size * static_cast<double>(text.size());
-        };
+        std::vector<std::pair<const Stroke*, std::string>> entries;
         for (const diagram::Family& family : chart_.families) {
             if (family.values.empty()) continue;
             const Look& look = look_of(family.held);
             const std::string_view unit = diagram::unit_name(chart_.system, family.held);
-            entry(look.stroke, std::string(look.name).append(unit.empty() ? "" : " in ").append(unit));
+            entries.emplace_back(&look.stroke, std::string(look.name).append(unit.empty() ? "" : " in ").append(unit));
         }
-        entry(dome_stroke, "saturation");
-        if (!drawing_.process.empty()) entry(process_stroke, "process");
-        canvas_.write({room_.left, page_.height - 4.5}, page_.description, {small_size, grey});
+        entries.emplace_back(&dome_stroke, "saturation");
+        if (!drawing_.process.empty()) entries.emplace_back(&process_stroke, "process");
+        std::string all;
+        for (const auto& entry : entries) all += entry.second + std::string(10, ' '); // the sample and what is beside it
+        const double size = fitted(small_size, all), y = page_.height - 9.5;
+        double x = room_.left;
+        for (const auto& [stroke, text] : entries) {
+            canvas_.draw({{{x, y}, {x + 3.0 * size, y}}}, *stroke);
+            canvas_.write({x + 3.5 * size, y}, text, {size, black});
+            x += width_of(text, size) + 5.0 * size;
+        }
+        canvas_.write({room_.left, page_.height - 4.5}, page_.description,
+                      {fitted(small_size, page_.description), grey});
+    }
+
+    static double width_of(const std::string& text, double size) {
+        constexpr double letter = 0.54; // of its size, with what is usual between thin and broad ones
+        const auto letters = std::count_if(text.begin(), text.end(),
+                                           [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U; });
+        return letter * size * static_cast<double>(letters);
+    }
+    /// The size of letters, or a smaller one with which the text is as wide as the chart.
+    [[nodiscard]] double fitted(double size, const std::string& text) const {
+        return std::min(size, size * room_.width / width_of(text, size));
     }
 
     const diagram::Chart& chart_;

@@ -132,7 +132,8 @@ void check_given_lines(const DiagramArguments& arguments, const diagram::Chart& 
             if (!line.pieces.empty()) ++visible;
             if (line.fault != diagram::Fault::none && line.fault != diagram::Fault::outside_window)
                 refuse(std::string("--lines: ") + text.substr(0, 1) + " = " +
-                           diagram::text(line.value, held, chart.system),
+                           diagram::text(line.value, held, chart.system) + " " +
+                           std::string(diagram::unit_name(chart.system, held)),
                        line.fault);
         }
         if (count != 0 && visible == 0) refuse("--lines: " + in_quotes(text), diagram::Fault::outside_window);

@@ -62,7 +62,8 @@ public:
                             "the state is given, so the step needs no efficiency; give the pair p instead");
             out.state = ktl::state(found->id, first, table_.number(line, second_));
         }
-        if (!out.state) table_.fail(line, first_, ktl::sentence(out.state.status()));
+        if (!out.state)
+            throw UsageError("line " + std::to_string(line.number) + ": " + ktl::sentence(out.state.status()));
         if (before != nullptr) out.step = step.given ? step.step : suggested(before->state, out.state);
         return out;
     }

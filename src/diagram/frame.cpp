@@ -91,7 +91,8 @@ const char* sentence(Fault fault) noexcept {
     case Fault::none: return "no fault";
     case Fault::axis_property: return "the axes have to be two different ones of p, t, v, h, s and u";
     case Fault::axis_length: return "the length of an axis has to be between 1 and 100000 mm";
-    case Fault::empty_window: return "the window is empty: each first limit has to be below the second";
+    case Fault::empty_window:
+        return "the window is empty: its limits have to be finite numbers, the first below the second";
     case Fault::window_not_above_zero: return "the limits of a logarithmic axis have to be above zero";
     case Fault::window_out_of_range:
         return "the window lies outside the range, 0.01 to 800 degC and 0.006112444 to 1000 bar";
