@@ -16,7 +16,6 @@ namespace diagram = ktl::diagram;
 constexpr double left_margin = 20.0, right_margin = 8.0, top_margin = 14.0, bottom_margin = 26.0;
 constexpr double text_size = 3.2, title_size = 4.6, small_size = 2.8;
 constexpr double gap = 2.0;           // between the frame and its numbers
-constexpr double joined = 0.3;        // mm: pieces with ends that near are drawn as one line
 constexpr double digit_height = 0.72; // of the size of letters
 
 constexpr Colour black{}, grey{0x77, 0x77, 0x77}, light{0xdd, 0xdd, 0xdd}, process_colour{0xc0, 0x20, 0x10};
@@ -128,16 +127,11 @@ private:
                  place(0.0, 0.0)}};
     }
 
-    /// Pieces of a line; those that go on where the one before ends are one part.
     [[nodiscard]] Path path_of(const diagram::Line& line) const {
         Path path;
-        for (const diagram::Piece& piece : line.pieces) {
-            const diagram::Point& first = piece.points.front();
-            const Place begin = place(first.x, first.y);
-            const bool goes_on = !path.empty() && std::fabs(path.back().back().x - begin.x) < joined &&
-                                 std::fabs(path.back().back().y - begin.y) < joined;
-            if (!goes_on) path.emplace_back();
-            for (const diagram::Point& point : piece.points) path.back().push_back(place(point.x, point.y));
+        for (const std::vector<diagram::Point>& stroke : diagram::strokes(line)) {
+            path.emplace_back();
+            for (const diagram::Point& point : stroke) path.back().push_back(place(point.x, point.y));
         }
         return path;
     }
@@ -239,7 +233,8 @@ private:
         entries.emplace_back(&dome_stroke, "saturation");
         if (!drawing_.process.empty()) entries.emplace_back(&process_stroke, "process");
         std::string all;
-        for (const auto& entry : entries) all += entry.second + std::string(10, ' '); // the sample and what is beside it
+        for (const auto& entry : entries)
+            all += entry.second + std::string(10, ' '); // the sample and what is beside it
         const double size = fitted(small_size, all), y = page_.height - 9.5;
         double x = room_.left;
         for (const auto& [stroke, text] : entries) {

@@ -107,6 +107,10 @@ struct Line {
 /// pieces.
 [[nodiscard]] Line isoline(Property held, double value, const Axes& axes, const Window& window, double tolerance);
 
+/// The points of a line as they are drawn: pieces that begin where the one before ends, within 0.3 mm, are one stroke. The jumps
+/// at the borders of sub-regions are smaller than that on paper.
+[[nodiscard]] std::vector<std::vector<Point>> strokes(const Line& line);
+
 /// Saturated water (the first line) and saturated steam. Their fault is outside_window if the window does not show them.
 struct Dome {
     Line water, steam;

@@ -76,6 +76,19 @@ Line isoline(Property held, double value, const Axes& axes, const Window& window
     return line.fault == Fault::none ? traced_line(held, value, Frame(axes, window), tolerance) : line;
 }
 
+std::vector<std::vector<Point>> strokes(const Line& line) {
+    constexpr double joined = 0.3; // mm
+    std::vector<std::vector<Point>> all;
+    for (const Piece& piece : line.pieces) {
+        const Point& first = piece.points.front();
+        const bool goes_on = !all.empty() && std::fabs(all.back().back().x - first.x) < joined &&
+                             std::fabs(all.back().back().y - first.y) < joined;
+        if (!goes_on) all.emplace_back();
+        all.back().insert(all.back().end(), piece.points.begin(), piece.points.end());
+    }
+    return all;
+}
+
 Dome dome(const Axes& axes, const Window& window, double tolerance) {
     const FloatEnvironment environment;
     if (const Fault fault = fault_of(axes, window, tolerance); fault != Fault::none) {

@@ -39,7 +39,7 @@ const PresetForm& form(Preset preset) {
         {P::h, P::p, false, true, Pair::ph, {0.0, 4200.0, 0.01, 1000.0},
          {{{P::t, 16.0, false, 0.1}, {P::s, 22.0, false, 0.7}, {P::x, 10.0, false, 0.3}, {P::v, 0.0, false, 0.8}}}},
         {P::v, P::p, true, true, Pair::pv, {0.0005, 500.0, 0.005, 1000.0},
-         {{{P::t, 8.0, false, 0.15}, {P::s, 12.0, false, 0.6}, {P::x, 10.0, false, 0.3}, no_family}}},
+         {{{P::t, 6.0, false, 0.15}, {P::s, 12.0, false, 0.6}, {P::x, 10.0, false, 0.3}, no_family}}},
         {P::t, P::p, false, true, Pair::pt, {0.0, 800.0, 0.006, 1000.0},
          {{{P::h, 22.0, false, 0.5}, {P::s, 22.0, false, 0.7}, {P::v, 0.0, false, 0.8}, no_family}}},
     }};

@@ -12,6 +12,7 @@ and there are
     ktl.state(p=100, h=2800)        a state, or an array of them, with every property
     ktl.saturation(t=200)           a point of the saturation line; ktl.psat(t), ktl.tsat(p)
     ktl.batch("ph", p, h, "t v s")  several columns at once, on all processors
+    ktl.diagram("hs")               a chart, as axes of matplotlib
 
 Units: bar, degC, m3/kg, kJ/kg, kJ/(kg K); ktl.si has Pa, K, J/kg, ktl.us has psi, degF, Btu/lb, and ktl.units
 takes and gives quantities of pint. Valid range: 0.01 to 800 degC, 0.006112444 to 1000 bar, one phase or two.
@@ -21,6 +22,7 @@ import importlib as _importlib
 
 from . import _ktl
 from ._batch import Cancelled
+from ._diagram import diagram
 from ._lists import Status
 from ._namespace import fill as _fill
 from ._state import Phase, Saturation, State
@@ -29,7 +31,7 @@ __version__ = _ktl.version
 
 _modules = ("duckdb", "si", "units", "us")
 
-__all__ = _fill(globals(), "bar") + ["Cancelled", "Phase", "Saturation", "State", "Status"]
+__all__ = _fill(globals(), "bar") + ["Cancelled", "Phase", "Saturation", "State", "Status", "diagram"]
 
 
 def __getattr__(name):

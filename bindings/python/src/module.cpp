@@ -3,6 +3,7 @@
 #include "module.hpp"
 
 #include "batch.hpp"
+#include "chart.hpp"
 #include "functions.hpp"
 #include "states.hpp"
 
@@ -143,6 +144,7 @@ PyMethodDef methods[] = {
     {"solve", solve_states, METH_VARARGS, "solve(system, pair, a, b, number, states)"},
     {"column", column_of_states, METH_VARARGS, "column(system, states, property, phase, out)"},
     {"derivative", derivative_of_states, METH_VARARGS, "derivative(system, states, phase, of, by, at_constant, out)"},
+    {"chart", chart, METH_VARARGS, "chart(preset, system, window, lines, width, height, deviation)"},
     {"status_column", statuses_of_states, METH_VARARGS, "status_column(states, out)"},
     {nullptr, nullptr, 0, nullptr},
 };
