@@ -11,16 +11,32 @@ namespace {
 
 const char* const files = "FILE";
 
-std::string words_of(const Words& words, const std::string& name) {
-    const auto at = words.find(name);
+/// Those of the command itself take precedence.
+std::string words_of(const Words& words, const CLI::App& command, const std::string& name) {
+    auto at = words.find(command.get_name() + " " + name);
+    if (at == words.end()) at = words.find(name);
     return at == words.end() ? std::string() : at->second;
 }
 
 std::vector<const CLI::Option*> arguments(const CLI::App& app) {
     return app.get_options([](const CLI::Option* option) { return option->get_positional(); });
 }
-std::vector<const CLI::Option*> options(const CLI::App& app) {
+std::vector<const CLI::Option*> own_options(const CLI::App& app) {
     return app.get_options([](const CLI::Option* option) { return option->nonpositional(); });
+}
+/// The options of the command, then those that only the commands below it have.
+std::vector<const CLI::Option*> options(const CLI::App& app) {
+    std::vector<const CLI::Option*> out = own_options(app);
+    if (app.get_parent() == nullptr) return out; // the commands of the program have their own
+    for (const CLI::App* below : app.get_subcommands(nullptr)) {
+        for (const CLI::Option* option : own_options(*below)) {
+            const bool is_known = std::any_of(out.begin(), out.end(), [&](const CLI::Option* known) {
+                return known->get_lnames() == option->get_lnames();
+            });
+            if (!is_known) out.push_back(option);
+        }
+    }
+    return out;
 }
 
 /// All spellings of the options, "-o --output".
@@ -53,7 +69,7 @@ std::string option_cases(const CLI::App& app, const Words& words) {
         std::string spelled;
         for (const std::string& name : option->get_snames()) spelled += "|-" + name;
         for (const std::string& name : option->get_lnames()) spelled += "|--" + name;
-        out += "            " + spelled.substr(1) + ") " + reply(words_of(words, option->get_lnames().front())) +
+        out += "            " + spelled.substr(1) + ") " + reply(words_of(words, app, option->get_lnames().front())) +
                "; return ;;\n";
     }
     return out;
@@ -79,8 +95,11 @@ std::string bash(const CLI::App& app, const Words& words) {
         out << "        case $cur in -*) " << reply(spellings(*command)) << "; return ;; esac\n"
             << "        case $place in\n";
         int place = 0;
+        if (arguments(*command).empty() && !commands(*command).empty())
+            out << "            " << place << ") " << reply(commands(*command)) << " ;;\n";
         for (const CLI::Option* argument : arguments(*command))
-            out << "            " << place++ << ") " << reply(words_of(words, argument->get_name(true))) << " ;;\n";
+            out << "            " << place++ << ") " << reply(words_of(words, *command, argument->get_name(true)))
+                << " ;;\n";
         out << "        esac ;;\n";
     }
     out << "    esac\n}\ncomplete -F _ktl ktl\n";
@@ -100,17 +119,19 @@ std::string fish(const CLI::App& app, const Words& words) {
         const std::string seen = "complete -c ktl -n '__fish_seen_subcommand_from " + command->get_name() + "'";
         out << "complete -c ktl -n __fish_use_subcommand -a " << command->get_name() << " -d "
             << quoted(command->get_description()) << "\n";
+        for (const CLI::App* below : command->get_subcommands(nullptr))
+            out << seen << " -a " << below->get_name() << " -d " << quoted(below->get_description()) << "\n";
         for (const CLI::Option* option : options(*command)) {
             out << seen;
             for (const std::string& name : option->get_snames()) out << " -s " << name;
             for (const std::string& name : option->get_lnames()) out << " -l " << name;
-            const std::string value = words_of(words, option->get_lnames().front());
+            const std::string value = words_of(words, *command, option->get_lnames().front());
             if (option->get_items_expected_max() != 0)
                 out << (value == files ? " -r -F" : " -x" + (value.empty() ? value : " -a " + quoted(value)));
             out << " -d " << quoted(option->get_description()) << "\n";
         }
         for (const CLI::Option* argument : arguments(*command)) {
-            const std::string value = words_of(words, argument->get_name(true));
+            const std::string value = words_of(words, *command, argument->get_name(true));
             if (!value.empty()) out << seen << (value == files ? " -F" : " -a " + quoted(value)) << "\n";
         }
     }

@@ -7,8 +7,8 @@
 
 namespace program {
 
-/// The words that may stand for an argument or behind an option, by its name: separated by blanks; "FILE" for the name of
-/// a file. Others are not completed.
+/// The words that may stand for an argument or behind an option, by its name, or by "COMMAND NAME" if they are those of one
+/// command: separated by blanks; "FILE" for the name of a file. Others are not completed.
 using Words = std::map<std::string, std::string>;
 
 /// The script for bash, zsh or fish.

@@ -8,6 +8,8 @@
 #include "number.hpp"
 #include "single.hpp"
 #include "suggestion.hpp"
+#include "table_command.hpp"
+#include "unit_system.hpp"
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
@@ -33,6 +35,7 @@ struct Arguments {
     BatchWishes batch;
     CompareArguments compare;
     DiagramArguments diagram;
+    TableArguments table;
 };
 
 std::string version() {
@@ -155,11 +158,21 @@ void add_completion_command(CLI::App& app, Arguments& arguments) {
 ExitStatus completion(const CLI::App& app, const Arguments& arguments) {
     std::string codes;
     for (const Property& p : properties()) codes += (codes.empty() ? "" : " ") + std::string(p.code);
-    const Words words{
-        {"pair", pair_names() + " auto"}, {"file", "FILE"},         {"properties", codes}, {"format", "csv table json"},
-        {"lines format", "csv json"},     {"preset", preset_names}, {"size", page_sizes},  {"process", "FILE"},
-        {"units", "bar si mpa us"},       {"output", "FILE"},       {"shell", shells},     {"separator", "tab"},
-        {"columns", std::string()}};
+    const Words words{{"pair", pair_names() + " auto"},
+                      {"file", "FILE"},
+                      {"properties", codes},
+                      {"format", "csv table json"},
+                      {"lines format", "csv json"},
+                      {"table format", table_formats},
+                      {"by", "t p"},
+                      {"preset", preset_names},
+                      {"size", page_sizes},
+                      {"process", "FILE"},
+                      {"units", unit_system_names()},
+                      {"output", "FILE"},
+                      {"shell", shells},
+                      {"separator", "tab"},
+                      {"columns", std::string()}};
     OutputFile out(arguments.output);
     out.write(completion_script(app, words, arguments.shell));
     out.finish();
@@ -220,6 +233,7 @@ ExitStatus run(std::vector<std::string> words) {
     add_batch_command(app, arguments);
     add_compare(app, arguments.compare);
     add_diagram(app, arguments.diagram);
+    add_table(app, arguments.table);
     add_completion_command(app, arguments);
     check_words(app, words);
     protect_numbers(words);
@@ -234,6 +248,10 @@ ExitStatus run(std::vector<std::string> words) {
     if (command == "compare") return run_compare(app, arguments.compare) ? all_found : state_missing;
     if (command == "diagram" || command == "lines") {
         command == "lines" ? run_lines(arguments.diagram) : run_diagram(arguments.diagram);
+        return all_found;
+    }
+    if (command == "table") {
+        run_table(app, arguments.table);
         return all_found;
     }
     if (command == "completion") return completion(app, arguments);

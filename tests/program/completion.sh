@@ -15,4 +15,7 @@ check 'ktl batch a' 'auto'
 check 'ktl batch ph --dec' '--decimal-comma'
 check 'ktl batch ph - T --format t' 'table'
 check 'ktl ph 10 3000 RE' 'REGION'
+check 'ktl table s' 'saturation single'
+check 'ktl table saturation --by p --units s' 'si'
+check 'ktl table single --format t' 'text'
 for shell in zsh fish; do "$1" completion $shell | grep -q decimal-comma || { echo $shell; exit 1; }; done
