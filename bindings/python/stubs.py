@@ -121,7 +121,7 @@ def main(include, out):
         'def diagram(chart: str = "hs", *, window: tuple[float, float, float, float] | None = None, lines: Any = None, '
         'units: str = "bar", deviation: float = 0.05, labels: bool = True, ax: Any = None) -> Any: ...\n'
     )
-    modules = "\nfrom . import duckdb as duckdb, si as si, units as units, us as us\n__version__: str\n"
+    modules = "\nfrom . import duckdb as duckdb, si as si, table as table, units as units, us as us\n__version__: str\n"
     shared = classes(properties, statuses(include))
     (out / "__init__.pyi").write_text(PRELUDE + modules + KINDS + shared + chart + own)
     names = "from . import LineUfunc, Phase, PropertyUfunc, Saturation, State, StatusUfunc\n"

@@ -13,6 +13,7 @@ and there are
     ktl.saturation(t=200)           a point of the saturation line; ktl.psat(t), ktl.tsat(p)
     ktl.batch("ph", p, h, "t v s")  several columns at once, on all processors
     ktl.diagram("hs")               a chart, as axes of matplotlib
+    ktl.table.saturation(by="t")    steam tables as DataFrames of pandas
 
 Units: bar, degC, m3/kg, kJ/kg, kJ/(kg K); ktl.si has Pa, K, J/kg, ktl.us has psi, degF, Btu/lb, and ktl.units
 takes and gives quantities of pint. Valid range: 0.01 to 800 degC, 0.006112444 to 1000 bar, one phase or two.
@@ -29,7 +30,7 @@ from ._state import Phase, Saturation, State
 
 __version__ = _ktl.version
 
-_modules = ("duckdb", "si", "units", "us")
+_modules = ("duckdb", "si", "table", "units", "us")
 
 __all__ = _fill(globals(), "bar") + ["Cancelled", "Phase", "Saturation", "State", "Status", "diagram"]
 

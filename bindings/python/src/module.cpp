@@ -6,6 +6,7 @@
 #include "chart.hpp"
 #include "functions.hpp"
 #include "states.hpp"
+#include "table.hpp"
 
 #include <string>
 
@@ -146,6 +147,9 @@ PyMethodDef methods[] = {
     {"derivative", derivative_of_states, METH_VARARGS, "derivative(system, states, phase, of, by, at_constant, out)"},
     {"chart", chart, METH_VARARGS, "chart(preset, system, window, lines, width, height, deviation)"},
     {"status_column", statuses_of_states, METH_VARARGS, "status_column(states, out)"},
+    {"table_steps", table_steps, METH_VARARGS, "table_steps(first, last, step)"},
+    {"table_pressures", table_pressures, METH_VARARGS, "table_pressures(first, last)"},
+    {"convert", convert, METH_VARARGS, "convert(system, property, values, to_library)"},
     {nullptr, nullptr, 0, nullptr},
 };
 
