@@ -1,5 +1,6 @@
 #include "lists.hpp"
 
+#include <ktl/units.hpp>
 #include <string_view>
 #include <vector>
 
@@ -7,44 +8,64 @@ namespace ktl::python {
 
 namespace {
 
-// Exact: a pound is 0.45359237 kg, a foot 0.3048 m, a pound-force 4.4482216152605 N, a Btu (International Table)
-// 1.05505585262 kJ, which makes a Btu/lb 2.326 kJ/kg and a Btu/(lb degF) 4.1868 kJ/(kg K).
-constexpr double square_inch_bar = 64.516; // newtons of a bar on a square inch
-constexpr double pound_force = 4.4482216152605;
-constexpr double cubic_foot = 0.028316846592; // m3
+using units::Dimension;
+using units::Reading;
 
-constexpr Conversion si_units[] = {
-    {"bar", "Pa", 1e5, 1, 0},      {"degC", "K", 1, 1, 273.15},
-    {"kJ/kg", "J/kg", 1000, 1, 0}, {"kJ/(kg K)", "J/(kg K)", 1000, 1, 0},
-    {"1/bar", "1/Pa", 1, 1e5, 0},  {"K/bar", "K/Pa", 1, 1e5, 0},
-    {"bar/K", "Pa/K", 1e5, 1, 0},
+// Values of these, of what is counted for each of one, and of the ratio of two.
+Conversion in(const char* library_unit, const Reading& to) {
+    return {library_unit, to.unit->name.data(), to.unit->over, to.unit->times, to.unit->zero};
+}
+Conversion per(const char* library_unit, const char* name, const Reading& of) {
+    return {library_unit, name, of.unit->times, of.unit->over};
+}
+Conversion ratio(const char* library_unit, const char* name, const Reading& above, const Reading& below) {
+    return {library_unit, name, above.unit->over * below.unit->times, above.unit->times * below.unit->over};
+}
+
+const Reading pascal = units::find(Dimension::pressure, "Pa"), psi = units::find(Dimension::pressure, "psia");
+const Reading kelvin = units::find(Dimension::temperature, "K");
+const Reading fahrenheit = units::find(Dimension::temperature, "degF");
+const Reading cubic_foot = units::find(Dimension::volume, "ft3/lb");
+
+// Exact, as those of ktl/units.hpp: a foot in m, a pound in kg, a Btu of the International Steam Table in J.
+constexpr double foot = 0.3048, pound = 0.45359237, btu = 1055.05585262;
+constexpr double hour = 3600.0, fahrenheit_of_kelvin = 1.8;
+
+const Conversion si_units[] = {
+    in("bar", pascal),
+    in("degC", kelvin),
+    in("kJ/kg", units::find(Dimension::energy, "J/kg")),
+    in("kJ/(kg K)", units::find(Dimension::entropy, "J/(kg K)")),
+    per("1/bar", "1/Pa", pascal),
+    ratio("K/bar", "K/Pa", kelvin, pascal),
+    ratio("bar/K", "Pa/K", pascal, kelvin),
 };
-constexpr Conversion us_units[] = {
-    {"bar", "psi", square_inch_bar, pound_force, 0},
-    {"degC", "degF", 9, 5, 32},
-    {"m3/kg", "ft3/lb", 0.45359237, cubic_foot, 0},
-    {"kg/m3", "lb/ft3", cubic_foot, 0.45359237, 0},
-    {"kJ/kg", "Btu/lb", 1, 2.326, 0},
-    {"kJ/(kg K)", "Btu/(lb degF)", 1, 4.1868, 0},
-    {"m/s", "ft/s", 1, 0.3048, 0},
-    {"1/bar", "1/psi", pound_force, square_inch_bar, 0},
-    {"1/K", "1/degF", 5, 9, 0},
-    {"K/bar", "degF/psi", 9 * pound_force, 5 * square_inch_bar, 0},
-    {"bar/K", "psi/degF", 5 * square_inch_bar, 9 * pound_force, 0},
-    {"Pa s", "lb/(ft s)", 0.3048, 0.45359237, 0},
-    {"m2/s", "ft2/s", 1, 0.3048 * 0.3048, 0},
-    {"W/(m K)", "Btu/(h ft degF)", 3600 * 0.3048 / 1.8, 1055.05585262, 0},
+const Conversion us_units[] = {
+    in("bar", psi),
+    in("degC", fahrenheit),
+    in("m3/kg", cubic_foot),
+    per("kg/m3", "lb/ft3", cubic_foot),
+    in("kJ/kg", units::find(Dimension::energy, "Btu/lb")),
+    in("kJ/(kg K)", units::find(Dimension::entropy, "Btu/(lb degF)")),
+    {"m/s", "ft/s", 1, foot},
+    per("1/bar", "1/psi", psi),
+    per("1/K", "1/degF", fahrenheit),
+    ratio("K/bar", "degF/psi", fahrenheit, psi),
+    ratio("bar/K", "psi/degF", psi, fahrenheit),
+    {"Pa s", "lb/(ft s)", foot, pound},
+    {"m2/s", "ft2/s", 1, foot* foot},
+    {"W/(m K)", "Btu/(h ft degF)", hour* foot / fahrenheit_of_kelvin, btu},
 };
 
 Conversion find(System system, std::string_view library_unit, const char* kept) {
-    const auto in = [&](const auto& table) {
+    const auto row_of = [&](const auto& table) {
         for (const Conversion& row : table)
             if (row.library_unit == library_unit) return row;
         return Conversion{kept, kept};
     };
     switch (system) {
-    case System::si: return in(si_units);
-    case System::us: return in(us_units);
+    case System::si: return row_of(si_units);
+    case System::us: return row_of(us_units);
     default: return {kept, kept};
     }
 }
