@@ -119,6 +119,7 @@ public:
         cairo_pdf_surface_set_metadata(surface(), CAIRO_PDF_METADATA_TITLE, page.title.c_str());
         cairo_pdf_surface_set_metadata(surface(), CAIRO_PDF_METADATA_SUBJECT, page.description.c_str());
     }
+    void next_page() override { cairo_surface_show_page(surface()); }
     std::string finish() override {
         cairo_surface_finish(surface());
         if (const cairo_status_t status = cairo_surface_status(surface()); status != CAIRO_STATUS_SUCCESS) fail(status);

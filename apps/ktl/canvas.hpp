@@ -50,6 +50,8 @@ public:
     virtual void dot(Place middle, double radius, Colour colour) = 0;
     /// The middle of the digits is level with the place.
     virtual void write(Place at, std::string_view text, const Letters& letters) = 0;
+    /// What follows is on another page of the same size, if the format has pages; pictures have one.
+    virtual void next_page() {}
     /// All of the file, in its format. Throws UsageError if it cannot be made.
     virtual std::string finish() = 0;
 };

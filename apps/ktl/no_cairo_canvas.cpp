@@ -7,8 +7,7 @@ namespace program {
 namespace {
 
 [[noreturn]] void refuse() {
-    throw UsageError(
-        "this ktl was built without cairo, so it writes charts as .svg alone; see KTL_PICTURES in its build");
+    throw UsageError("this ktl was built without cairo, which pdf and png need; see KTL_PICTURES in its build");
 }
 
 } // namespace

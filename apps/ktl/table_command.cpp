@@ -202,14 +202,17 @@ std::string written(const Table& table, const TableArguments& arguments) {
     const std::string format = format_of(arguments);
     if (format == "csv" || format == "json") return written(report(table), format);
     const PrintedTable page = pages(table, format);
-    return format == "html" ? html_page(page) : text_pages(page, static_cast<std::size_t>(arguments.page_rows));
+    if (format == "html") return html_page(page);
+    if (format == "pdf") return pdf_pages(page);
+    return text_pages(page, static_cast<std::size_t>(arguments.page_rows));
 }
 
 void add_common(CLI::App& command, TableArguments& arguments) {
     command.add_option("--units", arguments.units, "bar, si, mpa or us")->capture_default_str();
     command
-        .add_option("--format", arguments.format, "text, csv, json, html; if not given, by the ending of FILE, or text")
-        ->check(CLI::IsMember({"text", "csv", "json", "html"}));
+        .add_option("--format", arguments.format,
+                    "text, csv, json, html, pdf; if not given, by the ending of FILE, or text")
+        ->check(CLI::IsMember({"text", "csv", "json", "html", "pdf"}));
     command.add_option("-o,--output", arguments.output, "File to write to in place of standard output")
         ->type_name("FILE");
     command.add_option("--page-rows", arguments.page_rows, "Rows of a page of text")
@@ -244,6 +247,8 @@ void run_table(const CLI::App& app, const TableArguments& arguments) {
     if (table.get_subcommands().empty()) throw UsageError("table: saturation or single is required");
     const UnitSystem& units = unit_system(arguments.units);
     const Reader read(units, atmosphere_of(arguments.atmosphere));
+    if (arguments.output.empty() && format_of(arguments) == "pdf" && is_terminal(1))
+        throw UsageError("--format: pdf is not for a terminal; give -o FILE");
     const std::string text = table.got_subcommand("saturation")
                                  ? written(saturation_of(arguments, units, read), arguments)
                                  : written(single_of(arguments, units, read), arguments);

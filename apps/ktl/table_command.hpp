@@ -12,7 +12,7 @@ struct TableArguments {
     int page_rows = 45;
 };
 
-inline constexpr const char* table_formats = "text csv json html";
+inline constexpr const char* table_formats = "text csv json html pdf";
 
 /// Adds the command; its arguments are filled when the line is parsed.
 void add_table(CLI::App& app, TableArguments& arguments);

@@ -6,8 +6,6 @@ namespace program {
 
 namespace {
 
-constexpr std::size_t block_rows = 5;
-
 // As wide as a digit and as a point where digits have one width.
 constexpr std::string_view figure_space = "\xE2\x80\x87", punctuation_space = "\xE2\x80\x88";
 
@@ -37,33 +35,12 @@ std::string repeated(std::string_view text, std::size_t count) {
     return out;
 }
 
-/// A symbol or unit in the signs of print: degrees, powers, primes.
-std::string signs(std::string_view text) {
-    std::string out;
-    for (std::size_t k = 0; k < text.size(); ++k) {
-        const std::string_view rest = text.substr(k);
-        if (rest.starts_with("degC") || rest.starts_with("degF")) {
-            out += "\xC2\xB0";
-            k += 2;
-        } else if (rest.starts_with("m3/") || rest.starts_with("ft3/")) {
-            out += rest.front() == 'm' ? "m\xC2\xB3" : "ft\xC2\xB3";
-            k += rest.front() == 'm' ? 1 : 2;
-        } else if (rest.starts_with("ts =")) {
-            out += "<i>t</i><sub>s</sub>";
-            k += 1;
-        } else if (rest.starts_with("p =")) {
-            out += "<i>p</i>";
-        } else if (text == "cp") {
-            return "c<sub>p</sub>";
-        } else if (text[k] == '\'') {
-            out += "\xE2\x80\xB2";
-        } else if (text[k] == '"') {
-            out += "\xE2\x80\xB3";
-        } else {
-            out += text[k];
-        }
-    }
-    return out;
+/// A symbol, unit or heading: symbols in italics, with indices.
+std::string marked(std::string_view text) {
+    if (text == "cp") return "c<sub>p</sub>";
+    if (text.starts_with("ts =")) return "<i>t</i><sub>s</sub>" + signs(text.substr(2));
+    if (text.starts_with("p =")) return "<i>p</i>" + signs(text.substr(1));
+    return signs(text);
 }
 
 /// A number padded to its decimal point, so that columns of centred texts align.
@@ -128,7 +105,7 @@ std::string headings(const Sheet& sheet, const Columns& columns) {
         std::size_t column = 0;
         for (const PrintedGroup& group : sheet.groups) {
             const bool has = line < group.heading.size();
-            out += cell("th", columns.start(column), group.symbols.size(), has ? signs(group.heading[line]) : "");
+            out += cell("th", columns.start(column), group.symbols.size(), has ? marked(group.heading[line]) : "");
             column += group.symbols.size();
         }
         out += "</tr>\n";
@@ -137,9 +114,9 @@ std::string headings(const Sheet& sheet, const Columns& columns) {
     std::size_t column = 0, unit_column = 0;
     for (const PrintedGroup& group : sheet.groups) {
         for (const std::string& symbol : group.symbols)
-            symbols += cell("th", columns.start(column++), 1, signs(symbol));
+            symbols += cell("th", columns.start(column++), 1, marked(symbol));
         for (const PrintedUnit& unit : group.units) {
-            units += cell("th", columns.start(unit_column), unit.columns, signs(unit.name));
+            units += cell("th", columns.start(unit_column), unit.columns, marked(unit.name));
             unit_column += unit.columns;
         }
     }
@@ -156,7 +133,7 @@ std::string html_page(const PrintedTable& table) {
                       "<meta name=\"viewport\" content=\"width=device-width\">\n<title>";
     out += table.title + "</title>\n<style>\n" + std::string(style) + "</style>\n</head>\n<body>\n<h1>" + table.title +
            "</h1>\n<p>" + table.source;
-    for (const std::string& note : table.notes) out += "<br>\n" + signs(note);
+    for (const std::string& note : table.notes) out += "<br>\n" + marked(note);
     out += "</p>\n";
     for (const Sheet& sheet : table.sheets) {
         const Columns columns(sheet);

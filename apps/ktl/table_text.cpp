@@ -6,7 +6,6 @@ namespace program {
 
 namespace {
 
-constexpr std::size_t block_rows = 5;
 constexpr std::size_t terminal_width = 80;
 constexpr std::string_view between_groups = " | ";
 
@@ -137,6 +136,29 @@ SplitCell split(std::string_view cell) {
     const std::size_t point = std::min(cell.find('.'), cell.size());
     const bool is_number = !cell.empty() && cell.back() >= '0' && cell.back() <= '9';
     return {cell.substr(0, point), cell.substr(point), is_number};
+}
+
+std::string signs(std::string_view text) {
+    struct Sign {
+        std::string_view plain, printed;
+    };
+    constexpr Sign known[] = {{"degC", "\xC2\xB0"
+                                       "C"},
+                              {"degF", "\xC2\xB0"
+                                       "F"},
+                              {"m3/", "m\xC2\xB3/"},
+                              {"ft3/", "ft\xC2\xB3/"},
+                              {"'", "\xE2\x80\xB2"},
+                              {"\"", "\xE2\x80\xB3"}};
+    std::string out;
+    while (!text.empty()) {
+        const Sign* const sign =
+            std::find_if(std::begin(known), std::end(known), [=](const Sign& s) { return text.starts_with(s.plain); });
+        const bool found = sign != std::end(known);
+        out += found ? sign->printed : text.substr(0, 1);
+        text.remove_prefix(found ? sign->plain.size() : 1);
+    }
+    return out;
 }
 
 std::vector<ColumnRoom> rooms(const Sheet& sheet) {

@@ -23,6 +23,12 @@ struct ColumnRoom {
 /// The room of each column of a sheet, headings included.
 std::vector<ColumnRoom> rooms(const Sheet& sheet);
 
+/// A symbol, unit or sentence in the signs of print: degrees, powers, primes (UTF-8).
+std::string signs(std::string_view text);
+
+/// Rows of a block, which a space separates from the next one.
+inline constexpr std::size_t block_rows = 5;
+
 /// Pages of that many rows, separated by form feeds, each with the headings. Every five rows are a block.
 std::string text_pages(const PrintedTable& table, std::size_t page_rows);
 /// Characters of its widest line.
@@ -30,5 +36,8 @@ std::size_t text_width(const PrintedTable& table);
 
 /// A document whose headings are repeated on every sheet of paper.
 std::string html_page(const PrintedTable& table);
+
+/// Pages of A4. Throws UsageError if the program was built without cairo.
+std::string pdf_pages(const PrintedTable& table);
 
 } // namespace program
