@@ -178,13 +178,13 @@ std::size_t letters(const std::string& text) { // of UTF-8
 
 /// "x = 0.9" where the symbol says it better than the unit, "10 bar" otherwise.
 std::string label_text(const Chart& chart, const Line& line, bool in_full) {
-    const std::string value = text(line.value, line.held, chart.system);
+    std::string value = text(line.value, line.held, chart.system);
     if (!in_full) return value;
     switch (line.held) {
     case Property::s: return std::string("s = ") += value;
     case Property::u: return std::string("u = ") += value;
     case Property::x: return std::string("x = ") += value;
-    default: return std::string(value).append(" ").append(unit_name(chart.system, line.held));
+    default: return value.append(" ").append(unit_name(chart.system, line.held));
     }
 }
 

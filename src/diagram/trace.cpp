@@ -63,7 +63,7 @@ private:
             const double part = static_cast<double>(i) / first_intervals;
             const Node here =
                 i == first_intervals ? last : at(first.parameter + part * (last.parameter - first.parameter));
-            walk(before, here, 0);
+            walk(before, here);
             before = here;
         }
         return last;
@@ -88,16 +88,46 @@ private:
         return m == a.parameter || m == b.parameter;
     }
 
-    /// Follows the line from a to b.
-    void walk(const Node& a, const Node& b, int halvings) {
+    /// What is left to do, the next at the end: an interval to follow; one in the window, with its middle, to be halved until it is
+    /// straight; the end of a piece.
+    struct Task {
+        enum class Kind : unsigned char { follow, halve, end };
+        Kind kind;
+        Node a, m, b;
+        int halvings;
+        End reason = End::window;
+    };
+    void push_follow(const Node& a, const Node& b, int halvings) {
+        tasks_.push_back({Task::Kind::follow, a, {}, b, halvings});
+    }
+    void push_halve(const Node& a, const Node& m, const Node& b, int halvings) {
+        tasks_.push_back({Task::Kind::halve, a, m, b, halvings});
+    }
+    void push_end(End reason) { tasks_.push_back({Task::Kind::end, {}, {}, {}, 0, reason}); }
+
+    /// Walks from a to b.
+    void walk(const Node& a, const Node& b) {
+        push_follow(a, b, 0);
+        while (!tasks_.empty()) {
+            const Task task = tasks_.back();
+            tasks_.pop_back();
+            switch (task.kind) {
+            case Task::Kind::follow: follow(task.a, task.b, task.halvings); break;
+            case Task::Kind::halve: halve(task.a, task.m, task.b, task.halvings); break;
+            case Task::Kind::end: close(task.reason); begin_ = task.reason;
+            }
+        }
+    }
+
+    void follow(const Node& a, const Node& b, int halvings) {
         if (!a.found && !b.found) return;
         if (a.found && b.found && (a.outside & b.outside) != 0 && stays_outside(a, b, halvings)) return;
         if (!a.same_kind(b)) {
             split(a, b, halvings);
         } else if (a.outside != 0 || b.outside != 0) {
-            walk_edge(a, b, halvings);
+            follow_edge(a, b, halvings);
         } else {
-            refine(a, at(middle(a, b)), b, halvings);
+            push_halve(a, at(middle(a, b)), b, halvings);
         }
     }
 
@@ -125,38 +155,31 @@ private:
             const Node m = at(middle(a, b));
             (m.same_kind(first) ? a : b) = m;
         }
-        // A third region lies between: its other border is found as the rest is walked.
-        walk(first, a, halvings + 1);
         const bool dome = a.found && b.found && is_wet(a.point.region) != is_wet(b.point.region);
-        const End end = !a.found || !b.found ? End::range : dome ? End::dome : End::sub_region;
-        close(end);
-        begin_ = end;
-        if (halvings < most_halvings) walk(b, last, halvings + 1);
+        // A third region may lie between first and a, or b and last.
+        if (halvings < most_halvings) push_follow(b, last, halvings + 1);
+        push_end(!a.found || !b.found ? End::range : dome ? End::dome : End::sub_region);
+        if (halvings < most_halvings) push_follow(first, a, halvings + 1);
     }
 
-    void walk_edge(const Node& a, const Node& b, int halvings) {
+    void follow_edge(const Node& a, const Node& b, int halvings) {
         const bool a_in = a.outside == 0, b_in = b.outside == 0;
-        if (neighbours(a, b)) {
-            leave();
-        } else if (a_in != b_in && halvings >= 4) {
+        const bool crosses = a_in != b_in;
+        if (neighbours(a, b) || (!crosses && halvings >= most_halvings_outside)) {
+            push_end(End::window);
+        } else if (crosses && halvings >= 4) {
             const Node edge = crossing(a, b);
-            if (a_in) {
-                inside(a, edge, halvings);
-                leave();
-            } else {
-                leave();
-                inside(edge, b, halvings);
-            }
-        } else if (a_in != b_in || halvings < most_halvings_outside) {
-            const Node m = at(middle(a, b));
-            walk(a, m, halvings + 1);
-            walk(m, b, halvings + 1);
+            if (!a_in) push_inside(edge, b, halvings);
+            push_end(End::window);
+            if (a_in) push_inside(a, edge, halvings);
         } else {
-            leave();
+            const Node m = at(middle(a, b));
+            push_follow(m, b, halvings + 1);
+            push_follow(a, m, halvings + 1);
         }
     }
-    void inside(const Node& a, const Node& b, int halvings) {
-        if (a.same_kind(b) && !neighbours(a, b)) refine(a, at(middle(a, b)), b, halvings);
+    void push_inside(const Node& a, const Node& b, int halvings) {
+        if (a.same_kind(b) && !neighbours(a, b)) push_halve(a, at(middle(a, b)), b, halvings);
     }
 
     /// The point of the line on the edge of the window between a point inside and one outside.
@@ -175,8 +198,8 @@ private:
         return edge.found && edge.outside == 0 ? edge : (a.outside == 0 ? a : b);
     }
 
-    /// Halves an interval of the window until three points between its ends are near enough to their straight line.
-    void refine(const Node& a, const Node& m, const Node& b, int halvings) {
+    /// Halves an interval of the window unless three points between its ends are near enough to their straight line.
+    void halve(const Node& a, const Node& m, const Node& b, int halvings) {
         if (halvings >= most_halvings || neighbours(a, b)) {
             emit(a, b);
             return;
@@ -184,13 +207,13 @@ private:
         const Node q1 = at(middle(a, m)), q3 = at(middle(m, b));
         const bool plain = is_plain(a, q1) && is_plain(a, m) && is_plain(a, q3);
         if (!plain) {
-            walk(a, m, halvings + 1);
-            walk(m, b, halvings + 1);
+            push_follow(m, b, halvings + 1);
+            push_follow(a, m, halvings + 1);
         } else if (is_near(q1, a, b) && is_near(m, a, b) && is_near(q3, a, b)) {
             emit(a, b);
         } else {
-            refine(a, q1, m, halvings + 1);
-            refine(m, q3, b, halvings + 1);
+            push_halve(m, q3, b, halvings + 1);
+            push_halve(a, q1, m, halvings + 1);
         }
     }
     static bool is_plain(const Node& a, const Node& other) { return other.outside == 0 && other.same_kind(a); }
@@ -227,10 +250,6 @@ private:
         if (open_) pieces_.back().end = end;
         open_ = false;
     }
-    void leave() {
-        close(End::window);
-        begin_ = End::window;
-    }
 
     const Stretch& stretch_;
     const Frame& frame_;
@@ -238,6 +257,7 @@ private:
     std::vector<Piece>& pieces_;
     End begin_;
     bool open_ = false;
+    std::vector<Task> tasks_;
     std::vector<Point> left_out_; // between the last two points of the piece
 };
 

@@ -92,7 +92,10 @@ std::vector<double> sequence(double low, double high, double step) {
     // A step below 1 is the inverse of a whole number more often than not: division rounds once.
     const double inverse = std::round(1.0 / step);
     const bool divides = step < 1.0 && std::fabs(inverse * step - 1.0) < 1.0e-12;
-    for (double n = first; n <= last; n += 1.0) all.push_back(divides ? n / inverse : n * step);
+    for (std::size_t i = 0; first + static_cast<double>(i) <= last; ++i) {
+        const double n = first + static_cast<double>(i);
+        all.push_back(divides ? n / inverse : n * step);
+    }
     return all;
 }
 
