@@ -8,6 +8,7 @@
 #include <ktl/derivative.hpp>
 #include <ktl/process.hpp>
 #include <limits>
+#include <vector>
 
 namespace {
 
@@ -34,8 +35,9 @@ TEST(SaturationBy, FindsEveryTemperatureOfAValue) {
     constexpr int steps = 400;
     for (const SaturatedPhase phase : both)
         for (const Property property : four) {
-            std::array<double, steps + 1> walk{};
-            for (int i = 0; i <= steps; ++i) walk[i] = on_line(phase, property, 0.01 + (374.15 - 0.01) * i / steps);
+            std::vector<double> walk;
+            for (int i = 0; i <= steps; ++i)
+                walk.push_back(on_line(phase, property, 0.01 + (374.15 - 0.01) * i / steps));
             for (int i = 0; i < 100; ++i) {
                 const bool at_border = random.below(4) == 0;
                 const double t = at_border ? random.between(349.9, 350.1) : random.between(0.01, 374.15);
@@ -52,7 +54,8 @@ TEST(SaturationBy, FindsEveryTemperatureOfAValue) {
                 EXPECT_TRUE(found) << at;
                 for (std::size_t k = y.count; k < y.t.size(); ++k) EXPECT_TRUE(std::isnan(y.t[k])) << at;
                 std::size_t crossed = 0;
-                for (int k = 0; k < steps; ++k) crossed += (walk[k] < value) != (walk[k + 1] < value) ? 1 : 0;
+                for (std::size_t k = 1; k < walk.size(); ++k)
+                    crossed += (walk[k - 1] < value) != (walk[k] < value) ? 1 : 0;
                 EXPECT_GE(y.count, crossed) << at;
                 if (property == Property::s) {
                     const double x = phase == SaturatedPhase::liquid ? 0.0 : 1.0;

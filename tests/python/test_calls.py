@@ -133,6 +133,27 @@ def test_derivatives_are_those_of_neighbours(system, p, t, of, by, at_constant):
     assert system.derivative(of, by, at_constant, t=t, p=p) == state.derivative(of, by, at_constant)
 
 
+def test_steps_follow_their_equations():
+    start = ktl.state(p=[100, 40], t=500)
+    end = ktl.expand(start, [10, 5], 0.88)
+    ideal = ktl.h_ps([10, 5], start.s)
+    assert np.allclose(end.work, 0.88 * (start.h - ideal)) and np.allclose(end.end.h, start.h - end.work)
+    assert np.allclose(end.lost_work, 288.15 * (end.end.s - start.s)) and (end.status == 0).all()
+    assert ktl.throttle(start[0], [50, 20]).end.h == pytest.approx(start.h[0]) and ktl.throttle(start[0], 50).heat == 0
+    assert ktl.heat_to_t(start[0], 540).heat == pytest.approx(ktl.h_pt(100, 540) - start.h[0])
+    assert ktl.heat_to_x(start, 0.5).end.x == pytest.approx(0.5) and ktl.heat_to_h(start[0], 2000).end.h == pytest.approx(2000)
+    pump = ktl.si.compress(ktl.si.state(p=1e5, t=300), 1e7, 0.8)
+    assert pump and pump.work == pytest.approx((ktl.si.h_pt(1e5, 300) - ktl.si.h_ps(1e7, ktl.si.s_pt(1e5, 300))) / 0.8)
+    assert ktl.expand_polytropic(start[0], 1, 0.9).work > ktl.expand(start[0], 1, 0.9).work
+    refused = ktl.compress_polytropic(start[0], 1, 0.9)
+    assert not refused and refused.status == ktl.Status.wrong_direction and np.isnan(refused.work)
+    assert ktl.expand(start[0], 1, 1.5).status.name == "efficiency_outside"
+    with pytest.raises(TypeError, match="begins at a ktl.State"):
+        ktl.expand(100.0, 10)
+    with pytest.raises(TypeError, match="another unit system"):
+        ktl.si.expand(start, 1e5)
+
+
 def test_derivatives_of_phases_and_mixtures():
     line = ktl.saturation(t=[200.0, 400.0])
     assert line.vapour.saturation_derivative("p", "t")[0] == pytest.approx(line.slope[0], rel=1e-12)

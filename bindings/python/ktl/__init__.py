@@ -14,6 +14,7 @@ and there are
     ktl.batch("ph", p, h, "t v s")  several columns at once, on all processors
     ktl.diagram("hs")               a chart, as axes of matplotlib
     ktl.table.saturation(by="t")    steam tables as DataFrames of pandas
+    ktl.expand(state, 0.05, 0.88)   steps of a turbine cycle, with work and losses: ktl.Step
 
 Units: bar, degC, m3/kg, kJ/kg, kJ/(kg K); ktl.si has Pa, K, J/kg, ktl.us has psi, degF, Btu/lb, and ktl.units
 takes and gives quantities of pint. Valid range: 0.01 to 800 degC, 0.006112444 to 1000 bar, one phase or two.
@@ -26,13 +27,14 @@ from ._batch import Cancelled
 from ._diagram import diagram
 from ._lists import Status
 from ._namespace import fill as _fill
+from ._process import Step
 from ._state import Phase, Saturation, State
 
 __version__ = _ktl.version
 
 _modules = ("duckdb", "si", "table", "units", "us")
 
-__all__ = _fill(globals(), "bar") + ["Cancelled", "Phase", "Saturation", "State", "Status", "diagram"]
+__all__ = _fill(globals(), "bar") + ["Cancelled", "Phase", "Saturation", "State", "Status", "Step", "diagram"]
 
 
 def __getattr__(name):

@@ -146,6 +146,9 @@ PyMethodDef methods[] = {
     {"column", column_of_states, METH_VARARGS, "column(system, states, property, phase, out)"},
     {"derivative", derivative_of_states, METH_VARARGS, "derivative(system, states, phase, of, by, at_constant, out)"},
     {"chart", chart, METH_VARARGS, "chart(preset, system, window, lines, width, height, deviation)"},
+    {"step", steps_of_states, METH_VARARGS,
+     "step(system, process, property, states, to, efficiency, wetness_factor, surroundings_t, ends, work, heat, "
+     "entropy_generated, lost_work, status)"},
     {"status_column", statuses_of_states, METH_VARARGS, "status_column(states, out)"},
     {"table_steps", table_steps, METH_VARARGS, "table_steps(first, last, step)"},
     {"table_pressures", table_pressures, METH_VARARGS, "table_pressures(first, last)"},

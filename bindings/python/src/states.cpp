@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <ktl/derivative.hpp>
+#include <ktl/process.hpp>
 #include <type_traits>
 
 namespace ktl::python {
@@ -124,6 +125,53 @@ PyObject* derivative_of_states(PyObject*, PyObject* arguments) {
         out[row] = to.identity() && per.identity() ? y : y * to.multiplier / to.divisor * per.divisor / per.multiplier;
     }
     Py_END_ALLOW_THREADS;
+    Py_RETURN_NONE;
+}
+
+PyObject* steps_of_states(PyObject*, PyObject* arguments) {
+    int system_number = 0, process_number = 0, to_property = 0;
+    StepOptions options;
+    PyObject *array = nullptr, *to_array = nullptr, *efficiency_array = nullptr, *end_array = nullptr;
+    PyObject *work_array = nullptr, *heat_array = nullptr, *entropy_array = nullptr, *lost_array = nullptr;
+    PyObject* status_array = nullptr;
+    System system;
+    std::span<double> to, efficiency, work, heat, entropy, lost;
+    std::span<unsigned char> status;
+    std::span<char> states, ends;
+    if (!PyArg_ParseTuple(arguments, "iiiOOOddOOOOOO", &system_number, &process_number, &to_property, &array, &to_array,
+                          &efficiency_array, &options.wetness_factor, &options.surroundings_t, &end_array, &work_array,
+                          &heat_array, &entropy_array, &lost_array, &status_array) ||
+        !system_from(system_number, &system) || !elements_of(array, sizeof(State), false, &states) ||
+        !doubles_of(to_array, false, &to) || !doubles_of(efficiency_array, false, &efficiency) ||
+        !elements_of(end_array, sizeof(State), true, &ends) || !doubles_of(work_array, true, &work) ||
+        !doubles_of(heat_array, true, &heat) || !doubles_of(entropy_array, true, &entropy) ||
+        !doubles_of(lost_array, true, &lost) || !bytes_of(status_array, &status))
+        return nullptr;
+    if (process_number < 0 || process_number >= static_cast<int>(process_count) || !is_property(to_property))
+        return refuse("unknown process"), nullptr;
+    const std::size_t rows = states_in(states);
+    for (const std::size_t length : {to.size(), efficiency.size(), states_in(ends), work.size(), heat.size(),
+                                     entropy.size(), lost.size(), status.size()})
+        if (length != rows) return refuse("columns differ in length"), nullptr;
+    const Conversion& to_unit = conversion(system, static_cast<Property>(to_property));
+    const Conversion &h = conversion(system, Property::h), &s = conversion(system, Property::s);
+    for (std::size_t begin = 0; begin < rows; begin += block_rows) {
+        const std::size_t end = std::min(begin + static_cast<std::size_t>(block_rows), rows);
+        Py_BEGIN_ALLOW_THREADS;
+        for (std::size_t row = begin; row < end; ++row) {
+            const double target = to_unit.identity() ? to[row] : to_unit.to_library(to[row]);
+            const Step y =
+                step(static_cast<Process>(process_number), state_at(states, row), target, efficiency[row], options);
+            std::memcpy(ends.data() + row * sizeof y.end, &y.end, sizeof y.end);
+            status[row] = static_cast<unsigned char>(y.status);
+            work[row] = h.from_library(y.work);
+            heat[row] = h.from_library(y.heat);
+            entropy[row] = s.from_library(y.entropy_generated);
+            lost[row] = h.from_library(y.lost_work);
+        }
+        Py_END_ALLOW_THREADS;
+        if (PyErr_CheckSignals() != 0) return nullptr;
+    }
     Py_RETURN_NONE;
 }
 

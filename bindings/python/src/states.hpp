@@ -18,6 +18,10 @@ PyObject* column_of_states(PyObject* module, PyObject* arguments);
 /// derivative(system, states, phase, of, by, at_constant, out): ktl::derivative of the states or of a phase; for the phases
 /// ktl::saturation_derivative if at_constant is -1.
 PyObject* derivative_of_states(PyObject* module, PyObject* arguments);
+/// step(system, process, property, states, to, efficiency, wetness_factor, surroundings_t, ends, work, heat, entropy_generated,
+/// lost_work, status): ktl::step of each row; `property` is what `to` is, surroundings_t in degC. Lets signal handlers run between
+/// blocks.
+PyObject* steps_of_states(PyObject* module, PyObject* arguments);
 /// status_column(states, out): their statuses, a byte each.
 PyObject* statuses_of_states(PyObject* module, PyObject* arguments);
 
