@@ -8,7 +8,7 @@
 // States are those of ktl::state(); a step from a state of another formulation would mix two of them. Pressure in bar,
 // temperature in degC, energies in kJ/kg, entropies in kJ/(kg K), efficiencies as fractions. Efficiencies and Baumann's
 // factor are empirical: they say what a machine was measured to do, and the equations of steam say nothing of them.
-// No call prints, throws or allocates, except that step_batch() starts the threads it is asked for. Any bit
+// No call prints, throws or allocates, except that the calls for columns start the threads they are asked for. Any bit
 // pattern may be given; a status says why there is no result, and all its numbers then are NaN.
 // Equations and sources: docs/process.md.
 #pragma once
@@ -170,7 +170,7 @@ struct SaturationPoints {
 
 /// Columns of results beside properties of the end; each as long as the rows, or empty if it is not wanted.
 struct StepColumns {
-    std::span<double> work, heat, entropy_generated, lost_work;
+    std::span<double> work{}, heat{}, entropy_generated{}, lost_work{};
 };
 
 /// A step of each row: from the state with the values a[i], b[i] of the pair to to[i], by efficiency[i]. outputs[k][i] receives
@@ -185,5 +185,27 @@ KTL_API BatchResult step_batch(Process process, Pair pair, std::span<const doubl
                                const StepOptions& step_options, std::span<const Property> properties,
                                std::span<double* const> outputs, const StepColumns& results, std::span<Status> status,
                                const BatchOptions& options = {}) noexcept;
+
+/// One of the streams of each row: the states with the values a[i], b[i] of the pair, and their mass flows.
+struct StreamColumns {
+    Pair pair;
+    std::span<const double> a, b, flow;
+};
+/// Columns of results beside properties of the mixture; each as long as the rows, or empty if it is not wanted.
+struct MixtureColumns {
+    std::span<double> flow{}, entropy_generated{}, lost_work{};
+};
+
+/// A mixture of each row: row i mixes row i of all streams. All columns have as many rows as status; the bits of mix(). Without a
+/// stream the fault is lengths_differ. Else faults, threads and outputs as in step_batch().
+KTL_API BatchResult mix_batch(std::span<const StreamColumns> streams, double surroundings_t,
+                              std::span<const Property> properties, std::span<double* const> outputs,
+                              const MixtureColumns& results, std::span<Status> status,
+                              const BatchOptions& options = {}) noexcept;
+
+/// The exergy of the state of each row; flow and closed have as many rows, or none if they are not wanted. The bits of exergy().
+KTL_API BatchResult exergy_batch(Pair pair, std::span<const double> a, std::span<const double> b,
+                                 const Surroundings& surroundings, std::span<double> flow, std::span<double> closed,
+                                 std::span<Status> status, const BatchOptions& options = {}) noexcept;
 
 } // namespace ktl

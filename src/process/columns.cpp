@@ -1,6 +1,5 @@
 // Columns of steps: each part of a step is solved for a block of rows in lanes; polytropic lines row by row.
-#include "engine/calls/batch.hpp"
-#include "engine/rows/block.hpp"
+#include "process/blocks.hpp"
 #include "process/rules.hpp"
 
 namespace ktl {
@@ -8,11 +7,6 @@ namespace ktl {
 namespace {
 
 using namespace process;
-
-/// Rows that go through all parts of a step together; few, since their values are kept on the stack.
-constexpr std::size_t rows_together = 128;
-static_assert(engine::block_rows % rows_together == 0);
-using Column = std::array<double, rows_together>;
 
 /// The arguments that a block of rows does not bring along.
 struct Arguments {
@@ -135,21 +129,6 @@ private:
     std::array<Status, rows_together> status_;
 };
 
-/// The properties that the caller wants of the end, with h and s, which the results are made of.
-struct Wanted {
-    std::array<Property, property_count> properties;
-    std::array<double*, property_count> outputs;
-    std::size_t count = 0;
-
-    /// The column that gets the property: the caller's, or the spare one.
-    double* add(Property property, double* spare) {
-        for (std::size_t k = 0; k < count; ++k)
-            if (properties[k] == property) return outputs[k];
-        properties[count] = property;
-        return outputs[count++] = spare;
-    }
-};
-
 std::size_t solve_steps(const void* context, Pair pair, const double* a, const double* b, std::size_t n,
                         std::span<const Property> properties, double* const* outputs, Status* status) noexcept {
     const auto& given = *static_cast<const Arguments*>(context);
@@ -181,15 +160,11 @@ BatchResult step_batch(Process process, Pair pair, std::span<const double> a, st
     if (!exists(process)) return {.fault = BatchResult::Fault::unknown_process};
     const auto one_or_all = [&](std::span<const double> column) { return column.size() == 1 || column.size() == n; };
     const std::array columns{results.work, results.heat, results.entropy_generated, results.lost_work};
-    const bool fit = std::all_of(columns.begin(), columns.end(),
-                                 [&](std::span<double> column) { return column.empty() || column.size() == n; });
-    if (!fit || !one_or_all(to) || !one_or_all(efficiency)) return {.fault = BatchResult::Fault::lengths_differ};
+    if (!fit_rows(columns, n) || !one_or_all(to) || !one_or_all(efficiency))
+        return {.fault = BatchResult::Fault::lengths_differ};
     const Arguments given{process, a.data(), to, efficiency, step_options, results};
     const BatchResult result = run_batch({solve_steps, &given}, {pair, a, b, properties, outputs, status}, options);
-    if (result.cancelled)
-        for (std::size_t i = 0; i < n; ++i)
-            for (const std::span<double> column : columns)
-                if (!column.empty() && status[i] == Status::cancelled) column[i] = quiet_nan;
+    if (result.cancelled) clear_cancelled(status, columns);
     return result;
 }
 

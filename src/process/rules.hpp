@@ -108,6 +108,16 @@ inline Results results(Process process, const Start& start, double h, double s, 
             lost_work(entropy, surroundings_t)};
 }
 
+/// What exergy is made of, beside the state of the surroundings.
+struct ExergyInput {
+    double v, h, s, u;
+};
+inline Exergy exergy_of(const ExergyInput& of, const State& dead) {
+    const double unavailable = (dead.t() - absolute_zero) * (of.s - dead.s());
+    return {Status::solved, of.h - dead.h() - unavailable,
+            of.u - dead.u() + kj_per_bar_m3 * dead.p() * (of.v - dead.v()) - unavailable};
+}
+
 /// Entropy at the end of a polytropic step from a start that refusal() has let pass; NaN with the reason if the step leaves the
 /// valid range.
 struct PolytropicEnd {

@@ -73,9 +73,7 @@ Exergy exergy(const State& of, const Surroundings& surroundings) noexcept {
         if (!of) return {of.status()};
         const State dead = state(Pair::pt, surroundings.p, surroundings.t);
         if (!dead) return {Status::surroundings_outside};
-        const double unavailable = (dead.t() - absolute_zero) * (of.s() - dead.s());
-        return {Status::solved, of.h() - dead.h() - unavailable,
-                of.u() - dead.u() + kj_per_bar_m3 * dead.p() * (of.v() - dead.v()) - unavailable};
+        return exergy_of({of.v(), of.h(), of.s(), of.u()}, dead);
     });
 }
 

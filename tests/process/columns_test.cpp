@@ -121,4 +121,67 @@ TEST(StepColumns, MarkRowsThatWereCancelled) {
     EXPECT_TRUE(std::isnan(columns.work.back()) && std::isnan(columns.lost.back()));
 }
 
+TEST(MixtureColumns, HaveTheBitsOfSingleMixtures) {
+    Random random(43);
+    constexpr std::size_t n = 500;
+    const test::Rows first(random, Pair::pt, n), second(random, Pair::px, n), third(random, Pair::hs, n);
+    std::array<std::vector<double>, 3> flows;
+    for (auto& flow : flows)
+        for (std::size_t i = 0; i < n; ++i) {
+            const double plausible = random.between(0.0, 10.0);
+            const unsigned kind = random.below(10);
+            const std::uint64_t bits = random.bits();
+            flow.push_back(kind < 3 ? 0.0 : kind == 3 ? std::bit_cast<double>(bits) : plausible);
+        }
+    const StreamColumns streams[] = {{Pair::pt, first.a, first.b, flows[0]},
+                                     {Pair::px, second.a, second.b, flows[1]},
+                                     {Pair::hs, third.a, third.b, flows[2]}};
+    std::vector<double> t(n), flow(n), entropy(n), lost(n);
+    std::vector<Status> status(n);
+    const std::array properties{Property::t};
+    const std::array outputs{t.data()};
+    for (const double surroundings : {20.0, -300.0}) {
+        const BatchResult result =
+            mix_batch(streams, surroundings, properties, outputs, {flow, entropy, lost}, status, {.threads = 2});
+        EXPECT_EQ(result.fault, BatchResult::Fault::none);
+        for (std::size_t i = 0; i < n; ++i) {
+            const Stream single[] = {{state(Pair::pt, first.a[i], first.b[i]), flows[0][i]},
+                                     {state(Pair::px, second.a[i], second.b[i]), flows[1][i]},
+                                     {state(Pair::hs, third.a[i], third.b[i]), flows[2][i]}};
+            const Mixture y = mix(single, surroundings);
+            ASSERT_EQ(status[i], y.status) << i;
+            EXPECT_TRUE(same_bits(t[i], y.end.t()) && same_bits(flow[i], y.flow) &&
+                        same_bits(entropy[i], y.entropy_generated) && same_bits(lost[i], y.lost_work))
+                << i;
+        }
+        if (surroundings > 0.0) {
+            EXPECT_GT(result.solved, n / 20);
+        }
+    }
+    using Fault = BatchResult::Fault;
+    EXPECT_EQ(mix_batch({}, 20.0, {}, {}, {}, status).fault, Fault::lengths_differ);
+    EXPECT_EQ(mix_batch(streams, 20.0, {}, {}, {.flow = {flow.data(), 3}}, status).fault, Fault::lengths_differ);
+    EXPECT_EQ(mix_batch(streams, 20.0, properties, {}, {}, status).fault, Fault::columns_differ);
+    const StreamColumns no_pair{static_cast<Pair>(77), first.a, first.b, flows[0]};
+    EXPECT_EQ(mix_batch({&no_pair, 1}, 20.0, {}, {}, {}, status).fault, Fault::unknown_pair);
+}
+
+TEST(ExergyColumns, HaveTheBitsOfSingleCalls) {
+    Random random(47);
+    const test::Rows rows(random, Pair::ph, 300);
+    std::vector<double> flow(300), closed(300);
+    std::vector<Status> status(300);
+    for (const Surroundings& outside : {Surroundings{1.0, 20.0}, Surroundings{1.0, -20.0}}) {
+        exergy_batch(Pair::ph, rows.a, rows.b, outside, flow, closed, status);
+        for (std::size_t i = 0; i < 300; ++i) {
+            const Exergy y = exergy(state(Pair::ph, rows.a[i], rows.b[i]), outside);
+            EXPECT_EQ(status[i], y.status);
+            EXPECT_TRUE(same_bits(flow[i], y.flow) && same_bits(closed[i], y.closed)) << i;
+        }
+    }
+    EXPECT_EQ(exergy_batch(Pair::ph, rows.a, rows.b, {}, {flow.data(), 2}, closed, status).fault,
+              BatchResult::Fault::lengths_differ);
+    EXPECT_EQ(exergy_batch(Pair::ph, rows.a, rows.b, {}, {}, {}, status).fault, BatchResult::Fault::none);
+}
+
 } // namespace
