@@ -4,6 +4,7 @@
 #include "compare.hpp"
 #include "number.hpp"
 #include "process_file.hpp"
+#include "unit_system.hpp"
 
 #include <algorithm>
 #include <array>
@@ -33,14 +34,6 @@ const PresetRow& preset_of(const std::string& text) {
     for (const PresetRow& row : presets)
         if (row.name == name) return row;
     throw UsageError("no chart " + in_quotes(text) + "; the charts are " + preset_names);
-}
-
-diagram::System system_of(const std::string& text) {
-    constexpr std::array<std::string_view, 4> names{"bar", "si", "mpa", "us"};
-    const auto at = std::find(names.begin(), names.end(), lower_case(text));
-    if (at == names.end())
-        throw UsageError("--units: no system " + in_quotes(text) + "; the systems are bar si mpa us");
-    return static_cast<diagram::System>(at - names.begin());
 }
 
 /// The property of a letter, and what follows the equals sign.
@@ -171,13 +164,13 @@ Page page_of(const DiagramArguments& arguments) {
     page.description = std::string("ktl ")
                            .append(ktl::build_info().version)
                            .append(", after the 1967 IFC Formulation for Industrial Use (IFC-67); units: ")
-                           .append(units_text(system_of(arguments.units)));
+                           .append(units_text(unit_system(arguments.units).of_charts));
     return page;
 }
 
 diagram::Chart chart_of(const DiagramArguments& arguments, const Page& page) {
     const PresetRow& row = preset_of(arguments.preset);
-    const diagram::System system = system_of(arguments.units);
+    const diagram::System system = unit_system(arguments.units).of_charts;
     const Room room = room_of(page);
     diagram::Chart chart = diagram::preset(row.preset, system, room.width, room.height);
     if (!arguments.window.empty()) {

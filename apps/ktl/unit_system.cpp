@@ -9,25 +9,21 @@ namespace program {
 
 namespace {
 
-using ktl::units::Dimension;
-
-UnitSystem system(std::string_view name, std::string_view p, std::string_view t, std::string_view v, std::string_view h,
-                  std::string_view s) {
+UnitSystem system(std::string_view name, ktl::diagram::System id) {
+    const auto of = [=](ktl::Property property) {
+        return ktl::units::Reading{ktl::diagram::unit(id, property), false, ktl::units::Fault::none};
+    };
     return {name,
-            ktl::units::find(Dimension::pressure, p),
-            ktl::units::find(Dimension::temperature, t),
-            ktl::units::find(Dimension::volume, v),
-            ktl::units::find(Dimension::energy, h),
-            ktl::units::find(Dimension::entropy, s)};
+            id,
+            of(ktl::Property::p),
+            of(ktl::Property::t),
+            of(ktl::Property::v),
+            of(ktl::Property::h),
+            of(ktl::Property::s)};
 }
 
-/// Every name is one of ktl/units.hpp.
-const std::array systems{
-    system("bar", "bar", "degC", "m3/kg", "kJ/kg", "kJ/(kg K)"),
-    system("si", "Pa", "K", "m3/kg", "J/kg", "J/(kg K)"),
-    system("mpa", "MPa", "K", "m3/kg", "kJ/kg", "kJ/(kg K)"),
-    system("us", "psia", "degF", "ft3/lb", "Btu/lb", "Btu/(lb degF)"),
-};
+const std::array systems{system("bar", ktl::diagram::System::bar), system("si", ktl::diagram::System::si),
+                         system("mpa", ktl::diagram::System::mpa), system("us", ktl::diagram::System::us)};
 
 } // namespace
 

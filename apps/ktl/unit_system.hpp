@@ -3,11 +3,14 @@
 
 #include "tables.hpp"
 
+#include <ktl/diagram.hpp>
+
 namespace program {
 
-/// One unit for each dimension, under the name that --units has for them.
+/// One unit for each dimension, under the name that --units has for them: those of charts.
 struct UnitSystem {
     std::string_view name;
+    ktl::diagram::System of_charts;
     ktl::units::Reading pressure, temperature, volume, energy, entropy;
 
     /// The unit of a quantity, a heat capacity included.
