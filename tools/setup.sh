@@ -2,6 +2,8 @@
 # Installs from Debian what this machine lacks: tools/setup.sh [--for PURPOSE] [PACKAGE ...].
 #   --for program    what building the program and the libraries for C and C++ needs
 #   --for packages   that and what making the Debian packages needs
+#   --for web        what building the page and the npm package needs
+#   --for web-tests  that and what testing them needs
 #   without --for    everything: building, testing and running all of ktl
 # Packages named as arguments are installed besides. Without root or a sudo that needs no password, it prints the one
 # command to give to an administrator.
@@ -9,6 +11,9 @@ set -eu
 
 program="g++ cmake ninja-build libcli11-dev libhwy-dev libcairo2-dev pkg-config"
 packages="$program gfortran file dpkg-dev"
+web="cmake ninja-build emscripten xz-utils"
+command -v npm >/dev/null 2>&1 || web="$web nodejs npm" # some packages of nodejs have npm with them
+web_tests="$web g++ chromium fonts-dejavu-core"
 everything="$packages clang libclang-rt-dev make mandoc libgtest-dev libbenchmark-dev libeigen3-dev python3-dev python3-venv"
 
 wanted=$everything
@@ -16,7 +21,9 @@ if [ "${1:-}" = --for ]; then
     case ${2:-} in
         program) wanted=$program ;;
         packages) wanted=$packages ;;
-        *) echo "tools/setup.sh: --for program or --for packages, not '${2:-}'" >&2; exit 2 ;;
+        web) wanted=$web ;;
+        web-tests) wanted=$web_tests ;;
+        *) echo "tools/setup.sh: --for program, packages, web or web-tests, not '${2:-}'" >&2; exit 2 ;;
     esac
     shift 2
 fi

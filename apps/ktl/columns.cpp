@@ -20,8 +20,9 @@ struct Title {
     explicit Title(std::string_view text) {
         text = trimmed(text);
         const auto end = std::find_if_not(text.begin(), text.end(), letter_or_digit);
-        name = lower_case({text.begin(), end});
-        unit = std::string(end, text.end());
+        const auto size = static_cast<std::size_t>(end - text.begin());
+        name = lower_case(text.substr(0, size));
+        unit = std::string(text.substr(size));
     }
     [[nodiscard]] bool names(const Quantity& q) const { return name == q.symbol || name == q.name; }
 };

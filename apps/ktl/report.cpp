@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <cstdio>
 
 namespace program {
 
@@ -13,6 +14,19 @@ namespace {
 
 /// Digits of numbers in CSV and JSON, which are read by programs.
 constexpr int machine_digits = 10;
+
+/// The number with so many decimals; empty if that is long.
+std::string fixed_text(double number, int decimals) {
+    std::array<char, 64> out;
+#if defined(__cpp_lib_to_chars)
+    const auto end = std::to_chars(out.data(), out.data() + out.size(), number, std::chars_format::fixed, decimals);
+    return end.ec == std::errc{} ? std::string(out.data(), end.ptr) : std::string();
+#else
+    const int size = std::snprintf(out.data(), out.size(), "%.*f", decimals, number);
+    return size < static_cast<int>(out.size()) ? std::string(out.data(), static_cast<std::size_t>(size))
+                                               : std::string();
+#endif
+}
 
 std::string for_machines(const Cell& cell) {
     if (!cell.is_number()) return cell.text;
@@ -212,13 +226,11 @@ std::string Cell::shown() const {
         NumberText as_text;
         return std::string(as_text(number, digits));
     }
-    std::array<char, 64> out;
-    const auto end = std::to_chars(out.data(), out.data() + out.size(), number, std::chars_format::fixed, digits);
-    if (end.ec != std::errc{}) {
+    const std::string plain = fixed_text(number, digits);
+    if (plain.empty()) {
         NumberText as_text;
         return std::string(as_text(number, table_digits));
     }
-    const std::string plain(out.data(), end.ptr);
     const bool zero = plain.find_first_not_of("-0.") == std::string::npos;
     return zero && plain.front() == '-' ? plain.substr(1) : plain;
 }
