@@ -65,6 +65,46 @@ export type Comparison =
 /** The temperature scale on which the 1967 formulation is given its temperatures. */
 export type Scale = 90 | 68 | 48;
 
+/** The charts: enthalpy over entropy, temperature over entropy, pressure over enthalpy, pressure over volume, p over t. */
+export const presets = ['hs', 'ts', 'ph', 'pv', 'pt'] as const;
+export type Preset = (typeof presets)[number];
+/** Limits of a picture in the units of ktl. */
+export type Window = readonly [left: number, right: number, bottom: number, top: number];
+
+/** A part of a line of a chart. */
+export interface ChartLine {
+    /** The property that is constant along it; x with the values 0 and 1 for the dome. */
+    readonly held: PropertyName;
+    readonly value: number;
+    readonly dome: boolean;
+    /** x, y, x, y and so on, in mm from the lower left corner. */
+    readonly points: Float64Array;
+}
+
+/** A text beside a line: its middle in mm, and the direction of reading. */
+export interface ChartLabel {
+    readonly text: string;
+    readonly x: number;
+    readonly y: number;
+    readonly dx: number;
+    readonly dy: number;
+    readonly held: PropertyName;
+}
+
+export interface Chart {
+    readonly x: PropertyName;
+    readonly y: PropertyName;
+    readonly xLog: boolean;
+    readonly yLog: boolean;
+    readonly window: Window;
+    /** Size of the picture, mm. */
+    readonly size: readonly [width: number, height: number];
+    readonly lines: readonly ChartLine[];
+    readonly labels: readonly ChartLabel[];
+}
+
+type RawLabel = Omit<ChartLabel, 'held'> & { held: number };
+
 export class Ktl {
     readonly lists: Lists;
     private readonly block: number;
@@ -163,6 +203,26 @@ export class Ktl {
         this.give(csv);
         this.wasm.ktl_compare(scale === 68 ? 1 : scale === 48 ? 2 : 0);
         return this.answer() as Comparison;
+    }
+
+    /** The lines and labels of a chart of width by height mm, for its own window or the given one. */
+    chart(preset: Preset, width: number, height: number, window?: Window): Chart | { readonly error: string } {
+        const [left, right, bottom, top] = window ?? [NaN, NaN, NaN, NaN];
+        const made = this.wasm.ktl_chart(presets.indexOf(preset), width, height, left, right, bottom, top);
+        const answer = this.answer();
+        if (made === 0) return answer as { error: string };
+        const head = answer as { x: number; y: number; x_log: boolean; y_log: boolean; window: Window; labels: RawLabel[] };
+        const name = (number: number): PropertyName => this.lists.properties[number]!.name;
+        const numbers = new Float64Array(this.wasm.memory.buffer, this.wasm.ktl_numbers(), this.wasm.ktl_numbers_size());
+        const lines: ChartLine[] = [];
+        for (let at = 0; at < numbers.length; ) {
+            const [family, held, value, count] = numbers.subarray(at, at + 4) as unknown as [number, number, number, number];
+            at += 4 + 2 * count;
+            lines.push({ held: name(held), value, dome: family < 0, points: numbers.slice(at - 2 * count, at) });
+        }
+        const labels = head.labels.map((label) => ({ ...label, held: name(label.held) }));
+        const { window: shown, x_log: xLog, y_log: yLog } = head;
+        return { x: name(head.x), y: name(head.y), xLog, yLog, window: shown, size: [width, height], lines, labels };
     }
 
     /** The number of a pair in `lists.pairs`. Throws a RangeError if there is none of that name. */

@@ -19,6 +19,9 @@ export interface Exports {
     ktl_find_columns(pair: number, atmosphere: number): number;
     ktl_convert(rows: number): void;
     ktl_compare(scale: number): number;
+    ktl_chart(preset: number, width: number, height: number, left: number, right: number, bottom: number, top: number): number;
+    ktl_numbers(): number;
+    ktl_numbers_size(): number;
 }
 
 /** The compiled module, which can be sent to workers. */
