@@ -28,6 +28,7 @@ const common = {
     target: 'es2022',
     legalComments: 'none',
     alias: { 'ktl-steam': join(here, 'package/src/index.ts') },
+    loader: { '.csv': 'text' },
     plugins: [embedModule],
 };
 
