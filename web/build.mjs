@@ -27,7 +27,11 @@ const common = {
     charset: 'utf8',
     target: 'es2022',
     legalComments: 'none',
-    alias: { 'ktl-steam': join(here, 'package/src/index.ts') },
+    alias: {
+        'ktl-steam': join(here, 'package/src/index.ts'),
+        'd3-interpolate': join(here, 'page/d3/interpolate.js'),
+        'd3-transition': join(here, 'page/d3/transition.js'),
+    },
     loader: { '.csv': 'text' },
     plugins: [embedModule],
 };

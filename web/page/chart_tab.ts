@@ -1,9 +1,8 @@
 /** The tab of charts: pointing, pinning, zooming, colours. */
 import type { Chart, Ktl, Preset, PropertyName, State } from 'ktl-steam';
 import { pointer, select } from 'd3-selection';
-import { line as path } from 'd3-shape';
 import { ChartView, margin, pixelsPerMm, type Place } from './chart_view.js';
-import { element, make, settled } from './dom.js';
+import { element, make, pathThrough, settled } from './dom.js';
 import { meaning, rowOf, shown, symbol, unitText } from './format.js';
 import type { Jobs } from './jobs.js';
 import { colourOf, coloured, limits } from './colours.js';
@@ -211,7 +210,7 @@ export class ChartTab {
         }
         const at = (state: State): [number, number] => [view.x(state.properties[chart.x]), view.y(state.properties[chart.y])];
         const places = this.process.states.map(at);
-        above.append('path').attr('class', 'process').attr('d', path()(places));
+        above.append('path').attr('class', 'process').attr('d', pathThrough(places));
         places.filter((place) => view.inside(place)).forEach(([x, y]) => {
             const number = places.findIndex((place) => place[0] === x && place[1] === y) + 1;
             above.append('circle').attr('class', 'pin').attr('cx', x).attr('cy', y).attr('r', 4.5);

@@ -57,3 +57,16 @@ export function settled(milliseconds: number, work: () => void): () => void {
         timer = window.setTimeout(work, milliseconds);
     };
 }
+
+/** A polyline of an SVG path through the points; a point that is not finite interrupts it. */
+export function pathThrough(points: readonly (readonly [number, number])[]): string {
+    let joined = false;
+    return points
+        .map(([x, y]) => {
+            const finite = Number.isFinite(x) && Number.isFinite(y);
+            const step = finite ? `${joined ? 'L' : 'M'}${x.toFixed(1)},${y.toFixed(1)}` : '';
+            joined = finite;
+            return step;
+        })
+        .join('');
+}

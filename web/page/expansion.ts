@@ -3,8 +3,7 @@ import type { Cell, Ktl, PairName, ReportTable, State } from 'ktl-steam';
 import { axisBottom, axisLeft } from 'd3-axis';
 import { scaleLinear } from 'd3-scale';
 import { create } from 'd3-selection';
-import { line as path } from 'd3-shape';
-import { make } from './dom.js';
+import { make, pathThrough } from './dom.js';
 import { word } from './words.js';
 
 type Formulation = '1967' | 'IF97';
@@ -32,7 +31,6 @@ function pointsOf(table: ReportTable, formulation: Formulation): Map<string, Tes
 }
 
 const placeOf = (state: State): Place => [state.properties.s, state.properties.h];
-const solved = (place: Place): boolean => Number.isFinite(place[0]) && Number.isFinite(place[1]);
 
 export function expansionPanel(
     ktl: Ktl,
@@ -64,7 +62,7 @@ export function expansionPanel(
     svg.append('clipPath').attr('id', clip).append('rect').attr('x', left).attr('y', 8)
         .attr('width', width - 8 - left).attr('height', height - bottom - 8);
     const inside = svg.append('g').attr('clip-path', `url(#${clip})`);
-    const draw = path<Place>((place) => x(place[0]), (place) => y(place[1])).defined(solved);
+    const draw = (places: readonly Place[]): string => pathThrough(places.map(([s, h]) => [x(s), y(h)]));
     const steps = Array.from({ length: 81 }, (_, k) => k / 80);
     const dome = steps.map((k) => placeOf(state('tx', 0.01 + k * 373.9, 1)));
     inside.append('path').attr('class', 'dome').attr('d', draw(dome));
