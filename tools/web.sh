@@ -25,8 +25,9 @@ fi
 quietly cmake -S web/module -B $out/module -G Ninja -DCMAKE_BUILD_TYPE=Release -DCMAKE_CXX_FLAGS_RELEASE="-O2 -DNDEBUG" \
     -DCMAKE_TOOLCHAIN_FILE=/usr/share/emscripten/cmake/Modules/Platform/Emscripten.cmake
 quietly cmake --build $out/module
-xz --format=lzma -9 --extreme --stdout $out/module/ktl.wasm >$out/ktl.wasm.lzma
-echo "ktl.wasm: $(stat -c %s $out/module/ktl.wasm) bytes, $(stat -c %s $out/ktl.wasm.lzma) as .lzma"
+wasm-opt -Oz --enable-exception-handling $out/module/ktl.wasm -o $out/ktl.wasm
+xz --format=lzma --lzma1=preset=9e,lc=4,pb=0 --stdout $out/ktl.wasm >$out/ktl.wasm.lzma
+echo "ktl.wasm: $(stat -c %s $out/ktl.wasm) bytes, $(stat -c %s $out/ktl.wasm.lzma) as .lzma"
 
 web/node_modules/.bin/tsc -p web/tsconfig.json
 web/node_modules/.bin/tsc -p web/tsconfig.types.json --outDir $out/package/types

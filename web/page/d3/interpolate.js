@@ -4,3 +4,5 @@ export const interpolate = interpolateNumber;
 export const interpolateRound = (a, b) => (share) => Math.round(a * (1 - share) + b * share);
 /** For transitions of the view alone, of which there are none. */
 export const interpolateZoom = undefined;
+/** For scales of colours, which are not used. */
+export const piecewise = undefined;
