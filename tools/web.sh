@@ -34,9 +34,10 @@ web/node_modules/.bin/tsc -p web/tsconfig.types.json --outDir $out/package/types
 node web/build.mjs $out/ktl.wasm.lzma $out
 
 if [ "$task" = test ]; then
+    web/node_modules/.bin/tsc -p web/tsconfig.test.json
     # Rows and what the native library makes of them, with exp and log without FMA, which WebAssembly does not have.
     quietly cmake -S web/test -B $out/native -G Ninja -DCMAKE_BUILD_TYPE=Release
     quietly cmake --build $out/native
     GLIBC_TUNABLES=glibc.cpu.hwcaps=-FMA,-FMA4,-AVX2 $out/native/ktl_native_rows $out/native/rows
-    node --test --test-concurrency=1 web/test/
+    node --test --test-reporter=spec web/test/*.test.mjs
 fi

@@ -1,10 +1,11 @@
 /** The picture of a chart: lines on a canvas, axes and pins above it, zoom and pan. */
 import type { Chart, PropertyName } from 'ktl-steam';
-import { axisBottom, axisLeft } from 'd3-axis';
-import { scaleLinear, scaleLog, type ScaleContinuousNumeric } from 'd3-scale';
+import { axisBottom, axisLeft, type Axis } from 'd3-axis';
+import { scaleLinear, scaleLog, type NumberValue, type ScaleContinuousNumeric } from 'd3-scale';
 import { select, type Selection } from 'd3-selection';
 import { zoom, zoomIdentity, type ZoomBehavior, type ZoomTransform } from 'd3-zoom';
 import { make } from './dom.js';
+import { tick } from './format.js';
 
 type Scale = ScaleContinuousNumeric<number, number>;
 export type Place = readonly [x: number, y: number];
@@ -206,10 +207,18 @@ export class ChartView {
         };
         const few = (log: boolean, scale: Scale, pixels: number): number =>
             log ? Math.max(2, Math.min(8, Math.log10(scale.domain()[1]! / scale.domain()[0]!) * 3)) : pixels / 70;
+        // A logarithmic axis names every value if it has few, otherwise the powers of ten.
+        const named = (axis: Axis<NumberValue>, log: boolean, count: number): Axis<NumberValue> =>
+            axis.ticks(count).tickFormat((value) => {
+                const spread = log ? axis.scale<Scale>().domain() : [1, 1];
+                const power = Math.abs(Math.log10(Number(value)) % 1);
+                const wide = spread[1]! / spread[0]! > 200;
+                return !wide || power < 1e-6 || power > 1 - 1e-6 ? tick(Number(value)) : '';
+            });
         layer('x').attr('transform', `translate(0,${this.height - margin.bottom})`)
-            .call(axisBottom(this.x).ticks(few(chart.xLog, this.x, this.width), chart.xLog ? '~g' : null));
+            .call(named(axisBottom(this.x), chart.xLog, few(chart.xLog, this.x, this.width)));
         layer('y').attr('transform', `translate(${margin.left},0)`)
-            .call(axisLeft(this.y).ticks(few(chart.yLog, this.y, this.height), chart.yLog ? '~g' : null));
+            .call(named(axisLeft(this.y), chart.yLog, few(chart.yLog, this.y, this.height)));
     }
 
     /** The values under a place of the frame, in pixels. */

@@ -4,6 +4,7 @@ import { axisBottom, axisLeft } from 'd3-axis';
 import { scaleLinear } from 'd3-scale';
 import { create } from 'd3-selection';
 import { make, pathThrough } from './dom.js';
+import { tick } from './format.js';
 import { word } from './words.js';
 
 type Formulation = '1967' | 'IF97';
@@ -76,8 +77,8 @@ export function expansionPanel(
     }
     for (const point of shown)
         inside.append('circle').attr('class', 'pin').attr('cx', x(point.s)).attr('cy', y(point.h)).attr('r', 3.5);
-    svg.append('g').attr('transform', `translate(0,${height - bottom})`).call(axisBottom(x).ticks(6));
-    svg.append('g').attr('transform', `translate(${left},0)`).call(axisLeft(y).ticks(7));
+    svg.append('g').attr('transform', `translate(0,${height - bottom})`).call(axisBottom(x).ticks(6).tickFormat((value) => tick(Number(value))));
+    svg.append('g').attr('transform', `translate(${left},0)`).call(axisLeft(y).ticks(7).tickFormat((value) => tick(Number(value))));
     svg.append('text').attr('x', width - 8).attr('y', height - 2).attr('text-anchor', 'end').text('s, kJ/(kg K)');
     svg.append('text').attr('x', left + 6).attr('y', 18).text('h, kJ/kg');
     return make('figure', {}, caption, svg.node()!);

@@ -24,6 +24,12 @@ export function shown(value: number, digits = 7): string {
     return language() === 'de' ? text.replace('.', ',') : text;
 }
 
+/** A number beside an axis. */
+export const tick = (value: number): string => {
+    const text = String(Number(value.toPrecision(10))).replace('-', '−');
+    return language() === 'de' ? text.replace('.', ',') : text;
+};
+
 /** A number for files: the shortest of ten digits. */
 export const plain = (value: number): string => (Number.isFinite(value) ? String(Number(value.toPrecision(10))) : '');
 

@@ -271,13 +271,17 @@ export function numberCell(value: number, digits = 7): HTMLTableCellElement {
     return make('td', { class: 'number' }, make('span', { class: 'whole' }, whole ?? ''), rest.join(''));
 }
 
+/** The name of a given value in a list of pairs, which has little room. */
+const short = (ktl: Ktl, letter: Letter): string =>
+    meaning(rowOf(ktl, letter)).replace(/^(specific internal|specific|spezifische innere|spezifisches?|vapour) /, '');
+
 /** The pairs with the names of both values. */
 export function fillPairs(select: HTMLSelectElement, ktl: Ktl): void {
     const before = select.value;
     select.replaceChildren(
         ...ktl.lists.pairs.map((pair) =>
             make('option', { value: pair.name },
-                `${pair.first}, ${pair.second}: ${meaning(rowOf(ktl, pair.first))}, ${meaning(rowOf(ktl, pair.second))}`),
+                `${pair.first}, ${pair.second}: ${short(ktl, pair.first)}, ${short(ktl, pair.second)}`),
         ),
     );
     if (before) select.value = before;
