@@ -46,12 +46,12 @@ export class ChartView {
     private base: { x: Scale; y: Scale } | null = null;
     private chart: Chart | null = null;
     private paths: { colour: string; width: number; dash: number[]; path: Path2D }[] = [];
+    /** Widths of the labels, as far as they have been drawn. */
+    private rooms: number[] = [];
     private colours: Colours | null = null;
     private palette: Record<string, string> = {};
     private frame = 0;
     private readonly behaviour: ZoomBehavior<HTMLElement, unknown>;
-    /** Milliseconds that each drawing took since the list was emptied, for measurements. */
-    readonly times: number[] = [];
 
     constructor(
         private readonly place: HTMLElement,
@@ -91,6 +91,7 @@ export class ChartView {
     /** Shows lines that were computed for the present window. */
     take(chart: Chart): void {
         this.chart = chart;
+        this.rooms = [];
         this.recolour();
     }
 
@@ -140,9 +141,7 @@ export class ChartView {
         if (this.frame) return;
         this.frame = requestAnimationFrame(() => {
             this.frame = 0;
-            const begin = performance.now();
             this.drawNow();
-            this.times.push(performance.now() - begin);
         });
     }
 
@@ -186,13 +185,15 @@ export class ChartView {
         context.font = '10.5px system-ui, sans-serif';
         context.textAlign = 'center';
         context.textBaseline = 'middle';
-        context.lineWidth = 3;
-        context.strokeStyle = this.palette['--ground']!;
-        for (const label of chart.labels) {
+        for (const [i, label] of chart.labels.entries()) {
+            const room = (this.rooms[i] ??= context.measureText(label.text).width + 4);
             context.save();
             context.translate(this.x(x0) + across * label.x, this.y(y0) + up * label.y);
             context.rotate(Math.atan2(up * label.dy, across * label.dx));
-            context.strokeText(label.text, 0, 0);
+            context.fillStyle = this.palette['--ground']!;
+            context.globalAlpha = this.colours ? 0.6 : 1;
+            context.fillRect(-room / 2, -6, room, 12);
+            context.globalAlpha = 1;
             context.fillStyle = this.palette[lineKinds[label.held] ?? '--quiet']!;
             context.fillText(label.text, 0, 0);
             context.restore();

@@ -81,7 +81,7 @@ class Page {
         const button = element('language');
         button.textContent = to === 'en' ? 'DE' : 'EN';
         button.lang = to === 'en' ? 'de' : 'en';
-        button.setAttribute('aria-label', to === 'en' ? 'Deutsch' : 'English');
+        button.setAttribute('aria-label', to === 'en' ? 'DE, Deutsch' : 'EN, English');
         for (const id of ['pair', 'table-pair']) fillPairs(element<HTMLSelectElement>(id), this.ktl);
         this.state.show();
         this.chart.speak();

@@ -39,10 +39,13 @@ const decimal = /^[+-]?(\d+\.?\d*|\.\d+)([eE][+-]?\d+)?$/;
 
 /** A number of a table; NaN if it is none. Blanks between digits are allowed. */
 export function numberOf(text: string, comma: boolean): number {
+    if (decimal.test(text)) return Number(text);
     let given = text.replace(/(?<=\d)[ \u00a0\u202f](?=\d)/g, '');
     if (comma) given = given.replace(',', '.');
     return decimal.test(given) ? Number(given) : NaN;
 }
+
+const split = (text: string): string[] => (text.includes('\r') ? text.split(/\r\n|\n|\r(?!$)/) : text.split('\n'));
 
 /** Lines of a blob, in runs, without the last line's end. */
 async function* lineRuns(source: Blob, progress: (share: number) => void): AsyncGenerator<string[]> {
@@ -52,7 +55,7 @@ async function* lineRuns(source: Blob, progress: (share: number) => void): Async
     for (let at = 0; at < source.size; at += size) {
         const bytes = await source.slice(at, at + size).arrayBuffer();
         const text = rest + decoder.decode(bytes, { stream: at + size < source.size });
-        const lines = text.split(/\r\n|\n|\r(?!$)/);
+        const lines = split(text);
         rest = lines.pop()!;
         if (rest.length > 1e6) throw new Error('a line is longer than a million characters');
         yield lines;
