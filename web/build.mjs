@@ -29,6 +29,7 @@ const common = {
     legalComments: 'none',
     alias: {
         'ktl-steam': join(here, 'package/src/index.ts'),
+        'd3-format': join(here, 'page/d3/format.js'),
         'd3-interpolate': join(here, 'page/d3/interpolate.js'),
         'd3-transition': join(here, 'page/d3/transition.js'),
     },
