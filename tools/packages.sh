@@ -38,7 +38,7 @@ check() {
 }
 check ktl "libc6 libstdc++6 libcairo2" "/usr/bin/ktl /man1/ktl.1 /completions/ktl /examples/heat_balance.csv"
 check "libktl$soname" "libc6 libstdc++6" "/libktl.so.$soname"
-check libktl-dev "libktl$soname" "/ktl/steam.h /ktl/steam.hpp /ktl/ktlftn.h /libktl.a /libktl.so /ktl.pc /ktl-config.cmake
+check libktl-dev "libktl$soname" "/ktl/steam.h /ktl/steam.hpp /ktl/ktlftn.h /libktl.a /libktl_diagram.a /libktl.so /ktl.pc /ktl-config.cmake
     /examples/c/flash.c /examples/cpp/columns.cpp"
 check "libktl-fortran$soname" "libktl$soname libgfortran5" "/libktl_fortran.so.$soname"
 check libktl-fortran-dev "libktl-dev libktl-fortran$soname" "/ktl.mod /libktl_fortran.a /libktl_fortran.so /ktl_fortran.pc
