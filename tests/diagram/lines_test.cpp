@@ -165,7 +165,9 @@ TEST_P(Lines, AreComplete) {
         SCOPED_TRACE(testing::PrintToString(given));
         const Line line = isoline(given.held, given.value, picture.axes, picture.window, tolerance);
         for (int i = 0; i <= count; ++i) {
-            const double part = static_cast<double>(i) / count;
+            const double even = static_cast<double>(i) / count, rest = 1.0 - even;
+            // Quality lines turn sharply close to the critical point.
+            const double part = given.held == Property::x ? 1.0 - rest * rest * rest * rest : even;
             Point a, b; // of all that state_between() may take
             a.p = 0.006112444, b.p = 1000.0;
             a.t = 0.01, b.t = given.held == Property::x ? 374.15 : 800.0;
@@ -219,12 +221,21 @@ TEST(Splits, LieAtTheDomeAndAtSubRegions) {
         {Property::h, 2790.0, "R-D D=D D-S S-R"}, // two crossings of saturated steam
         {Property::h, 2804.0, "R-S S-R"},         // none: the highest is below 2803 kJ/kg
         {Property::s, 6.0, "R=D D-R"},
-        {Property::x, 0.5, "R=S S=D"}, // 350 degC
+        {Property::x, 0.5, "R=S S=D"},        // 350 degC
+        {Property::u, 1900.0, "R=S S=D D-R"}, // on the dome rounding takes states to its other side and back: one crossing
     };
     const Picture& picture = pictures[3];
     for (const Row& row : rows)
         EXPECT_EQ(shape(isoline(row.held, row.value, picture.axes, picture.window, 0.05)), row.shape)
             << testing::PrintToString(Given{row.held, row.value});
+}
+
+TEST(Splits, LeaveOutPiecesWithoutExtent) {
+    const Axes axes{{Property::t, false, 100.0}, {Property::p, true, 100.0}};
+    const Window window{0.0, 800.0, 0.005, 1000.0};
+    EXPECT_EQ(shape(isoline(Property::p, 1.0, axes, window, 0.05)), "R-D D-R"); // all mixtures have one place
+    EXPECT_EQ(shape(isoline(Property::t, 100.0, axes, window, 0.05)), "R-D D-R");
+    EXPECT_EQ(shape(isoline(Property::x, 0.5, axes, window, 0.05)), "R=S S=D");
 }
 
 TEST(Dome, EndsAtTheCriticalPointAndAtTheTriplePoint) {
