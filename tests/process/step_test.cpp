@@ -2,6 +2,7 @@
 #include "support/compare.hpp"
 #include "support/random.hpp"
 
+#include <bit>
 #include <cmath>
 #include <gtest/gtest.h>
 #include <iterator>
@@ -242,6 +243,38 @@ TEST(Step, RefusesWithAReason) {
         for (const double result : {y.work, y.heat, y.entropy_generated, y.lost_work, y.end.h()})
             EXPECT_EQ(std::isnan(result), !solved) << &row - rows;
     }
+}
+
+/// Any bits in any argument: a status, and numbers exactly if it is solved.
+TEST(Step, BearsAnyValues) {
+    Random random(53);
+    const State starts[] = {state(Pair::pt, 100.0, 500.0),    state(Pair::px, 3.0, 0.9),  state(Pair::pt, 300.0, 380.0),
+                            state(Pair::tv, 374.15, 0.00317), state(Pair::pt, 5.0, 20.0), State{}};
+    const auto any = [&](double plausible) {
+        const unsigned kind = random.below(4);
+        const std::uint64_t bits = random.bits();
+        return kind == 0 ? std::bit_cast<double>(bits) : plausible;
+    };
+    int solved = 0;
+    for (int i = 0; i < 4000; ++i) {
+        const auto process = static_cast<Process>(random.below(process_count + 1));
+        const State& from = starts[random.below(6)];
+        const double to = any(from.p() * random.between(0.0, 2.0));
+        const double efficiency = any(random.between(0.0, 1.0));
+        const double factor = any(random.between(0.0, 3.0));
+        const double surroundings = any(20.0);
+        const Step y = step(process, from, to, efficiency, {factor, surroundings});
+        solved += y ? 1 : 0;
+        EXPECT_EQ(static_cast<bool>(y), std::isfinite(y.work) && std::isfinite(y.heat) && std::isfinite(y.end.h()))
+            << i;
+        EXPECT_EQ(static_cast<bool>(y), static_cast<bool>(y.end)) << i;
+        const Exergy e = exergy(from, {to, surroundings});
+        EXPECT_EQ(static_cast<bool>(e), std::isfinite(e.flow)) << i;
+        const SaturationPoints points =
+            saturation_by(static_cast<SaturatedPhase>(random.below(3)), static_cast<Property>(random.below(30)), to);
+        EXPECT_EQ(points ? points.count > 0 : points.count == 0, true) << i;
+    }
+    EXPECT_GT(solved, 400);
 }
 
 TEST(Mix, KeepsEnergyAndTakesTheLowestPressure) {
