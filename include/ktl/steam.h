@@ -152,6 +152,14 @@ KTL_API struct ktl_batch_result ktl_batch(int pair, const double* a, const doubl
                                           const unsigned char* properties, double* const* outputs, size_t columns,
                                           unsigned char* status, const struct ktl_batch_options* options);
 
+/* Computes first partial derivatives of many rows: outputs[k][i] receives that of the state with the values a[i], b[i], as
+ * ktl_derivative gives it. derivatives has three bytes for each column: of, by and at_constant (enum ktl_property_code). The rest as
+ * in ktl_batch. */
+KTL_API struct ktl_batch_result ktl_derivative_batch(int pair, const double* a, const double* b, size_t rows,
+                                                     const unsigned char* derivatives, double* const* outputs,
+                                                     size_t columns, unsigned char* status,
+                                                     const struct ktl_batch_options* options);
+
 /* What this library is: ktl::BuildInfo of steam.hpp. */
 struct ktl_build_info {
     const char *version, *compiler, *kernels, *kernels_in_use;

@@ -12,6 +12,7 @@
 #include <gtest/gtest.h>
 #include <ktl/derivative.hpp>
 #include <ktl/if97.hpp>
+#include <ktl/steam.h>
 #include <optional>
 
 namespace {
@@ -264,6 +265,16 @@ TEST(Derivative, ColumnsHaveTheBitsOfSingleCalls) {
                     test::same_bits(columns[n][i], derivative(y, wanted[n].of, wanted[n].by, wanted[n].at_constant)))
                     << test::row_of(pair).name << " " << rows.a[i] << " " << rows.b[i] << ", derivative " << n;
         }
+        std::vector<double> from_c(rows.a.size());
+        double* const output = from_c.data();
+        const unsigned char bytes[] = {static_cast<unsigned char>(wanted[0].of),
+                                       static_cast<unsigned char>(wanted[0].by),
+                                       static_cast<unsigned char>(wanted[0].at_constant)};
+        std::vector<unsigned char> c_status(rows.a.size());
+        const ktl_batch_result in_c = ktl_derivative_batch(static_cast<int>(pair), rows.a.data(), rows.b.data(),
+                                                           rows.a.size(), bytes, &output, 1, c_status.data(), nullptr);
+        EXPECT_TRUE(in_c.fault == KTL_FAULT_NONE && in_c.solved == result.solved);
+        for (std::size_t i = 0; i < rows.a.size(); ++i) EXPECT_TRUE(test::same_bits(from_c[i], columns[0][i])) << i;
         outputs.pop_back();
         EXPECT_EQ(derivative_batch(pair, rows.a, rows.b, wanted, outputs, status).fault,
                   BatchResult::Fault::columns_differ);

@@ -127,3 +127,16 @@ ktl_batch_result ktl_batch(int pair, const double* a, const double* b, size_t ro
                                    {reinterpret_cast<const Property*>(properties), columns}, {outputs, columns},
                                    {reinterpret_cast<Status*>(status), rows}, given.options()));
 }
+
+static_assert(sizeof(Derivative) == 3, "three bytes in C");
+
+ktl_batch_result ktl_derivative_batch(int pair, const double* a, const double* b, size_t rows,
+                                      const unsigned char* derivatives, double* const* outputs, size_t columns,
+                                      unsigned char* status, const ktl_batch_options* options) {
+    if (rows != 0 && (a == nullptr || b == nullptr || status == nullptr)) return {KTL_FAULT_LENGTHS_DIFFER, 0, 0};
+    if (columns != 0 && (derivatives == nullptr || outputs == nullptr)) return {KTL_FAULT_COLUMNS_DIFFER, 0, 0};
+    c_form::Options given(options);
+    return c_form::result_of(derivative_batch(
+        enumerator<Pair>(pair), {a, rows}, {b, rows}, {reinterpret_cast<const Derivative*>(derivatives), columns},
+        {outputs, columns}, {reinterpret_cast<Status*>(status), rows}, given.options()));
+}
