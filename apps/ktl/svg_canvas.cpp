@@ -7,7 +7,7 @@ namespace program {
 namespace {
 
 constexpr const char* fonts = "Helvetica, Arial, 'Liberation Sans', 'DejaVu Sans', sans-serif";
-/// From the middle of digits to the line that they stand on, of the size of letters.
+/// From the middle of digits to their lower edge, of the size of letters.
 constexpr double half_digit = 0.36;
 
 /// Hundredths of a millimetre, as short as they can be written, whatever the locale.

@@ -7,7 +7,7 @@
 //         for (const diagram::Piece& piece : line.pieces) draw(piece.points); // x, y in mm from the lower left corner
 //
 // Every point of a line is a state that ktl::state() returns, with the held value to 1e-10. Points are as dense as the stated
-// deviation asks for, and a line is split exactly where it crosses the dome, leaves the range or the window, or goes from one
+// deviation asks for, and a line is split exactly at the dome, at the limits of the range and of the window, and as it goes from one
 // sub-region to another. Nothing is drawn yet: the points are in millimetres of the picture.
 //
 // Link with ktl::diagram. These calls allocate, unlike those of steam.hpp, and throw std::bad_alloc if there is no memory left;
@@ -47,16 +47,16 @@ struct Window {
 /// Why there is no line or no chart.
 enum class Fault : std::uint8_t {
     none,
-    axis_property,         ///< an axis is none of p, t, v, h, s and u, or both are the same
-    axis_length,           ///< a length is not between 1 and 100,000 mm
-    empty_window,          ///< a limit of the window is not a finite number, or the first is not below the second
+    axis_property, ///< an axis is none of p, t, v, h, s and u, or both are the same
+    axis_length,   ///< a length is not between 1 and 100,000 mm
+    empty_window, ///< a limit of the window is not a finite number, or the first is not below the second by 1e-6 of them
     window_not_above_zero, ///< a limit of a logarithmic axis is not above zero
     window_out_of_range,   ///< the window lies outside the range of water and steam
     held_property,         ///< the held property is none of p, t, v, h, s, u and x
     held_value,            ///< the held value is not a finite number
     no_line,               ///< no state of the range has the held value
     outside_window,        ///< the line exists but does not cross the window
-    tolerance,             ///< the deviation is not between 1e-6 and 1000 mm
+    tolerance,             ///< the deviation is not between 1e-7 of the longer axis and 1000 mm
     too_many_lines,        ///< a chart has more than 10,000 lines
     letter_height,         ///< the height of letters is not above 0 to 100 mm
     process_range,         ///< an end of a step is no state, or the step leaves the range of water and steam

@@ -6,6 +6,8 @@ namespace ktl::diagram {
 
 namespace {
 
+constexpr double least_tolerance = 1.0e-7; // of the longer axis
+
 bool is_axis(Property property) {
     switch (property) {
     case Property::p:
@@ -23,7 +25,10 @@ bool is_length(double length) { return length >= 1.0 && length <= 1.0e5; }
 Fault fault_of_limits(const Axis& axis, double low, double high) {
     if (!std::isfinite(low) || !std::isfinite(high) || !(low < high)) return Fault::empty_window;
     if (axis.logarithmic && !(low > 0.0)) return Fault::window_not_above_zero;
-    return std::isfinite(1.0 / (high - low)) ? Fault::none : Fault::empty_window;
+    // Properties have ten digits or more: beyond them a picture shows rounding.
+    constexpr double narrowest = 1.0e-6;
+    const bool wide = high - low >= narrowest * std::fmax(std::fabs(low), std::fabs(high));
+    return wide && std::isfinite(1.0 / (high - low)) ? Fault::none : Fault::empty_window;
 }
 
 /// Values that no state of the range goes beyond.
@@ -83,7 +88,8 @@ Fault fault_of(const Axes& axes, const Window& window) {
 Fault fault_of(const Axes& axes, const Window& window, double tolerance) {
     const Fault fault = fault_of(axes, window);
     if (fault != Fault::none) return fault;
-    return tolerance >= 1.0e-6 && tolerance <= 1000.0 ? Fault::none : Fault::tolerance;
+    const double least = least_tolerance * std::fmax(axes.x.length, axes.y.length);
+    return tolerance >= least && tolerance <= 1000.0 ? Fault::none : Fault::tolerance;
 }
 
 const char* sentence(Fault fault) noexcept {
@@ -92,7 +98,8 @@ const char* sentence(Fault fault) noexcept {
     case Fault::axis_property: return "the axes have to be two different ones of p, t, v, h, s and u";
     case Fault::axis_length: return "the length of an axis has to be between 1 and 100000 mm";
     case Fault::empty_window:
-        return "the window is empty: its limits have to be finite numbers, the first below the second";
+        return "the window is empty: its limits have to be finite numbers, the first below the second by a millionth "
+               "of them";
     case Fault::window_not_above_zero: return "the limits of a logarithmic axis have to be above zero";
     case Fault::window_out_of_range:
         return "the window lies outside the range, 0.01 to 800 degC and 0.006112444 to 1000 bar";
@@ -100,7 +107,8 @@ const char* sentence(Fault fault) noexcept {
     case Fault::held_value: return "the value of a line is not a finite number";
     case Fault::no_line: return "no state of the range has this value";
     case Fault::outside_window: return "the line does not cross the window";
-    case Fault::tolerance: return "the deviation has to be between 1e-6 and 1000 mm";
+    case Fault::tolerance:
+        return "the deviation has to be at least a ten-millionth of the longer axis and at most 1000 mm";
     case Fault::too_many_lines: return "a chart has at most 10000 lines";
     case Fault::letter_height: return "the height of letters has to be above 0 and at most 100 mm";
     case Fault::process_range: return "the step leaves the range of water and steam";

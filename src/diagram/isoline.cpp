@@ -23,7 +23,7 @@ bool is_held(Property property) {
     }
 }
 
-/// Pieces without extent are left out: a mixture where the picture has one point for all of them, or the rounding of a state on the
+/// Pieces without extent are left out: mixtures that share one place in the picture, or the rounding of a state on the
 /// saturation line.
 void drop_points(std::vector<Piece>& pieces) {
     constexpr double extent = 1.0e-6; // mm

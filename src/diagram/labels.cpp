@@ -176,7 +176,7 @@ std::size_t letters(const std::string& text) { // of UTF-8
         text.begin(), text.end(), [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U; }));
 }
 
-/// "x = 0.9" where the symbol says it better than the unit, "10 bar" otherwise.
+/// "x = 0.9" if the symbol says it better than the unit, "10 bar" otherwise.
 std::string label_text(const Chart& chart, const Line& line, bool in_full) {
     std::string value = text(line.value, line.held, chart.system);
     if (!in_full) return value;

@@ -13,15 +13,17 @@ constexpr int first_intervals = 12;
 /// An interval is halved at most so often; neighbouring numbers come first.
 constexpr int most_halvings = 60;
 constexpr std::size_t most_left_out = 64;
-/// Outside the window a line is followed less closely.
-constexpr int most_halvings_outside = 12;
+/// All steps of a stretch, far above what the least deviation asks for: noise in the last digits must not be followed.
+constexpr std::size_t most_steps = 50000;
+/// Outside the window a line is followed less closely, but into windows of a millionth of the range.
+constexpr int most_halvings_outside = 40;
 constexpr double on_edge = 1.0e-7; // mm
 /// Part of the tolerance that the deviations at three points of an interval may have: between them they may be larger.
 constexpr double safety = 0.9;
 /// And the part that the points of a straight part may have to be left out.
 constexpr double straight = 0.05;
 
-/// The two sides of sub-region 3 meet above the critical temperature, where nothing jumps.
+/// The two sides of sub-region 3 meet above the critical temperature without a jump.
 Region kind_of(Region region) { return region == Region::near_critical_water ? Region::near_critical_steam : region; }
 
 struct Node {
@@ -109,6 +111,7 @@ private:
     void walk(const Node& a, const Node& b) {
         push_follow(a, b, 0);
         while (!tasks_.empty()) {
+            ++steps_;
             const Task task = tasks_.back();
             tasks_.pop_back();
             switch (task.kind) {
@@ -200,7 +203,7 @@ private:
 
     /// Halves an interval of the window unless three points between its ends are near enough to their straight line.
     void halve(const Node& a, const Node& m, const Node& b, int halvings) {
-        if (halvings >= most_halvings || neighbours(a, b)) {
+        if (halvings >= most_halvings || steps_ > most_steps || neighbours(a, b)) {
             emit(a, b);
             return;
         }
@@ -258,6 +261,7 @@ private:
     End begin_;
     bool open_ = false;
     std::vector<Task> tasks_;
+    std::size_t steps_ = 0;
     std::vector<Point> left_out_; // between the last two points of the piece
 };
 
@@ -270,7 +274,7 @@ void trace(const Stretch& stretch, const Frame& frame, double tolerance, std::ve
 void trace_straight(const Point& from, const Point& to, const Frame& frame, std::vector<Piece>& pieces) {
     double low = 0.0, high = 1.0;
     const double dx = to.x - from.x, dy = to.y - from.y;
-    const auto cut = [&](double rate, double room) { // where rate * part <= room
+    const auto cut = [&](double rate, double room) { // rate * part <= room
         if (rate > 0.0) high = std::min(high, room / rate);
         if (rate < 0.0) low = std::max(low, room / rate);
         return rate != 0.0 || room >= 0.0;

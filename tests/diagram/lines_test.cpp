@@ -272,6 +272,9 @@ TEST(Faults, AreNamed) {
         {Fault::empty_window, Property::p, 1.0, hs.axes, {5.0, nan, 1800.0, 4200.0}, 0.05},
         {Fault::empty_window, Property::p, 1.0, hs.axes, {5.0, 9.5, -inf, 4200.0}, 0.05},
         {Fault::empty_window, Property::p, 1.0, hs.axes, {5.0, 5.0 + 1.0e-320, 1.0e-320, 2.0e-320}, 0.05},
+        {Fault::empty_window, Property::p, 1.0, hs.axes, {5.0, 9.5, 3000.0, 3000.001}, 0.05},
+        {Fault::tolerance, Property::p, 1.0, hs.axes, hs.window, 3.0e-5},
+        {Fault::tolerance, Property::p, 1.0, hs.axes, hs.window, 1001.0},
         {Fault::window_not_above_zero,
          Property::t,
          1.0,
@@ -305,6 +308,19 @@ TEST(Faults, AreNamed) {
         EXPECT_TRUE(line.pieces.empty());
     }
     EXPECT_STREQ(sentence(static_cast<Fault>(99)), "unknown fault");
+}
+
+TEST(NarrowWindows, GiveAsManyPointsAsTheDeviationAsksFor) {
+    const Axes axes{{Property::s, false, 1000.0}, {Property::h, false, 1000.0}};
+    const State near = state(Pair::pt, 30.0, 300.0);
+    const Window window{near.s() - 4.0e-6, near.s() + 4.0e-6, near.h() - 2.0e-3, near.h() + 2.0e-3};
+    for (const Property held : {Property::p, Property::t, Property::v, Property::h, Property::s, Property::u}) {
+        std::size_t points = 0;
+        for (const Piece& piece : isoline(held, near.get(held), axes, window, 1.0e-4).pieces)
+            points += piece.points.size();
+        EXPECT_LT(points, 100U) << static_cast<int>(held);
+        EXPECT_GE(points, 2U) << static_cast<int>(held);
+    }
 }
 
 } // namespace
