@@ -39,5 +39,5 @@ if [ "$task" = test ]; then
     quietly cmake -S web/test -B $out/native -G Ninja -DCMAKE_BUILD_TYPE=Release
     quietly cmake --build $out/native
     GLIBC_TUNABLES=glibc.cpu.hwcaps=-FMA,-FMA4,-AVX2 $out/native/ktl_native_rows $out/native/rows
-    node --test --test-reporter=spec web/test/*.test.mjs
+    node --test web/test/*.test.mjs
 fi

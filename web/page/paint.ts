@@ -61,9 +61,10 @@ export function paint(ktl: Ktl, job: PaintJob): Float32Array {
     const { pair, xFirst } = pairOf(ktl, job.x, job.y);
     const border = outline(ktl, job);
     const out = new Float32Array((to - from) * width).fill(NaN);
-    const places: number[] = [];
-    const x: number[] = [];
-    const y: number[] = [];
+    const places = new Int32Array(out.length);
+    const x = new Float64Array(out.length);
+    const y = new Float64Array(out.length);
+    let count = 0;
     for (let row = from; row < to; ++row) {
         const share = 1 - (row + 0.5) / height;
         const value = valueAt(share, bottom, top, job.yLog);
@@ -72,15 +73,15 @@ export function paint(ktl: Ktl, job: PaintJob): Float32Array {
             const first = Math.max(0, Math.ceil(cuts[k]! * width - 0.5));
             const last = Math.min(width - 1, Math.floor(cuts[k + 1]! * width - 0.5));
             for (let column = first; column <= last; ++column) {
-                places.push((row - from) * width + column);
-                x.push(valueAt((column + 0.5) / width, left, right, job.xLog));
-                y.push(value);
+                places[count] = (row - from) * width + column;
+                x[count] = valueAt((column + 0.5) / width, left, right, job.xLog);
+                y[count++] = value;
             }
         }
     }
-    const [xs, ys] = [Float64Array.from(x), Float64Array.from(y)];
+    const [xs, ys] = [x.subarray(0, count), y.subarray(0, count)];
     const { columns } = ktl.batch(pair, xFirst ? xs : ys, xFirst ? ys : xs, [job.property]);
     const values = columns[job.property]!;
-    places.forEach((at, i) => (out[at] = values[i]!));
+    for (let i = 0; i < count; ++i) out[places[i]!] = values[i]!;
     return out;
 }
