@@ -95,25 +95,6 @@ void add_csv(std::string& out, const ReportTable& table) {
     }
 }
 
-void add_json_string(std::string& out, std::string_view text) {
-    constexpr std::string_view hex = "0123456789abcdef";
-    out += '"';
-    for (const char c : text) {
-        const auto code = static_cast<unsigned char>(c);
-        if (c == '"' || c == '\\') {
-            out += '\\';
-            out += c;
-        } else if (code < 0x20) {
-            out += "\\u00";
-            out += hex[code >> 4U];
-            out += hex[code & 0xFU];
-        } else {
-            out += c;
-        }
-    }
-    out += '"';
-}
-
 void add_json(std::string& out, const ReportTable& table) {
     add_json_string(out, table.name);
     out += ": [";
@@ -219,6 +200,25 @@ std::string json_of(const Report& report) {
 }
 
 } // namespace
+
+void add_json_string(std::string& out, std::string_view text) {
+    constexpr std::string_view hex = "0123456789abcdef";
+    out += '"';
+    for (const char c : text) {
+        const auto code = static_cast<unsigned char>(c);
+        if (c == '"' || c == '\\') {
+            out += '\\';
+            out += c;
+        } else if (code < 0x20) {
+            out += "\\u00";
+            out += hex[code >> 4U];
+            out += hex[code & 0xFU];
+        } else {
+            out += c;
+        }
+    }
+    out += '"';
+}
 
 std::string Cell::shown() const {
     if (!is_number()) return text;

@@ -44,6 +44,9 @@ struct Report {
     std::vector<std::string> notes; ///< sentences below the tables
 };
 
+/// Appends the text in quotes, as JSON has it.
+void add_json_string(std::string& out, std::string_view text);
+
 /// The whole report in the format "table", "csv", "json" or "html". A column whose cells are all empty is left out of texts.
 std::string written(const Report& report, std::string_view format);
 

@@ -8,18 +8,6 @@ namespace {
 
 constexpr double least_tolerance = 1.0e-7; // of the longer axis
 
-bool is_axis(Property property) {
-    switch (property) {
-    case Property::p:
-    case Property::t:
-    case Property::v:
-    case Property::h:
-    case Property::s:
-    case Property::u: return true;
-    default: return false;
-    }
-}
-
 bool is_length(double length) { return length >= 1.0 && length <= 1.0e5; }
 
 Fault fault_of_limits(const Axis& axis, double low, double high) {
@@ -45,6 +33,18 @@ bool out_of_range(Property property, double low, double high) {
 }
 
 } // namespace
+
+bool is_axis(Property property) {
+    switch (property) {
+    case Property::p:
+    case Property::t:
+    case Property::v:
+    case Property::h:
+    case Property::s:
+    case Property::u: return true;
+    default: return false;
+    }
+}
 
 double Point::get(Property property) const noexcept {
     switch (property) {

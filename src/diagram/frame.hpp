@@ -54,6 +54,8 @@ private:
     Scale x_, y_;
 };
 
+/// True for the properties that an axis may have.
+bool is_axis(Property property);
 /// What is wrong with a picture.
 Fault fault_of(const Axes& axes, const Window& window);
 /// And with lines in it.

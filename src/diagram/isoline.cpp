@@ -10,18 +10,7 @@ namespace ktl::diagram {
 
 namespace {
 
-bool is_held(Property property) {
-    switch (property) {
-    case Property::p:
-    case Property::t:
-    case Property::v:
-    case Property::h:
-    case Property::s:
-    case Property::u:
-    case Property::x: return true;
-    default: return false;
-    }
-}
+bool is_held(Property property) { return property == Property::x || is_axis(property); }
 
 /// Pieces without extent are left out: mixtures that share one place in the picture, or the rounding of a state on the
 /// saturation line.

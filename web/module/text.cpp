@@ -1,5 +1,6 @@
 // Memory shared with JavaScript, and JSON.
 #include "module.hpp"
+#include "report.hpp"
 
 #include <cmath>
 #include <cstdio>
@@ -11,24 +12,7 @@ std::array<Column, column_count> columns;
 std::string given;
 std::string answer;
 
-void add_json(std::string& out, std::string_view text) {
-    constexpr std::string_view hex = "0123456789abcdef";
-    out += '"';
-    for (const char c : text) {
-        const auto code = static_cast<unsigned char>(c);
-        if (c == '"' || c == '\\') {
-            out += '\\';
-            out += c;
-        } else if (code < 0x20) {
-            out += "\\u00";
-            out += hex[code >> 4U];
-            out += hex[code & 0xFU];
-        } else {
-            out += c;
-        }
-    }
-    out += '"';
-}
+void add_json(std::string& out, std::string_view text) { program::add_json_string(out, text); }
 
 void add_json(std::string& out, double number) {
     if (!std::isfinite(number)) {
