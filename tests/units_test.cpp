@@ -12,6 +12,10 @@ namespace {
 using namespace ktl::test;
 using namespace ktl::units;
 
+Reading read(Dimension dimension, std::string_view name) {
+    return dimension < Dimension::density ? find(dimension, name) : find_of_property(dimension, name);
+}
+
 /// 100 of the unit in ktl's, from the definitions of the pound, the inch, the pound-force, the calorie and so on:
 /// exact fractions, rounded. The atmosphere is 1 bar.
 TEST(UnitNames, Factors) {
@@ -79,9 +83,26 @@ TEST(UnitNames, Factors) {
               418.68},
              {D::quality, {"kg/kg", "1"}, 100.0},
              {D::quality, {"%"}, 1.0},
+             {D::density, {"kg/m3"}, 100.0},
+             {D::density, {"lb/ft3", "lbm/ft^3"}, 1601.8463373960140},
+             {D::speed, {"ft/s", "ft s^-1"}, 30.48},
+             {D::compressibility, {"1/Pa"}, 1.0e7},
+             {D::compressibility, {"1/MPa", "1/MPA"}, 10.0},
+             {D::compressibility, {"1/psi"}, 1450.3773773020922},
+             {D::expansion, {"1/K", "1/degC"}, 100.0},
+             {D::expansion, {"1/degF"}, 180.0},
+             {D::joule_thomson, {"K/Pa"}, 1.0e7},
+             {D::joule_thomson, {"K/MPa"}, 10.0},
+             {D::joule_thomson, {"degF/psi"}, 805.76520961227346},
+             {D::viscosity, {"Pa s", "kg/(m s)"}, 100.0},
+             {D::viscosity, {"lb/(ft s)"}, 148.81639435695538},
+             {D::kinematic_viscosity, {"ft2/s"}, 9.290304},
+             {D::conductivity, {"W/(m K)"}, 100.0},
+             {D::conductivity, {"Btu/(h ft degF)", "Btu/(h ft F)"}, 173.07346663713911},
+             {D::surface_tension, {"lbf/ft"}, 1459.3902937206365},
          }) {
         for (const char* const name : row.names) {
-            const Reading unit = find(row.dimension, name);
+            const Reading unit = read(row.dimension, name);
             ASSERT_TRUE(unit) << name << ": " << sentence(unit.fault);
             EXPECT_TRUE(within(named(name), unit.to_ktl(100.0, 1.0), row.value, 4.5e-16 * std::fabs(row.value)));
             EXPECT_TRUE(within(named(name, " back"), unit.from_ktl(unit.to_ktl(100.0, 1.0), 1.0), 100.0, 5e-13));
@@ -114,10 +135,12 @@ TEST(UnitNames, Refused) {
              {D::energy, Fault::letter_case, {"mJ/kg"}},
              {D::energy, Fault::unknown_character, {"\xD0\xBA\xD0\xBA\xD0\xB0\xD0\xBB/\xD0\xBA\xD0\xB3"}},
              {D::entropy, Fault::unknown, {"kJ/kg", "kJ K/kg"}},
+             {D::compressibility, Fault::letter_case, {"1/mPa"}},
+             {D::joule_thomson, Fault::letter_case, {"K/mPa"}},
              {D::quality, Fault::unknown_character, {"\xE2\x80\xB0"}}, // per mille
          }) {
         for (const char* const name : row.names) {
-            const Reading unit = find(row.dimension, name);
+            const Reading unit = read(row.dimension, name);
             EXPECT_FALSE(unit) << name;
             EXPECT_EQ(unit.fault, row.fault) << name << ": " << sentence(unit.fault);
         }
@@ -127,9 +150,13 @@ TEST(UnitNames, Refused) {
 /// Each unit is found by the name that documents print, and no spelling is taken by two units.
 TEST(UnitNames, Table) {
     std::set<std::string> seen;
-    for (const Unit& unit : table) {
+    std::vector<const Unit*> all;
+    for (const Unit& unit : table) all.push_back(&unit);
+    for (const Unit& unit : property_table) all.push_back(&unit);
+    for (const Unit* const row : all) {
+        const Unit& unit = *row;
         const std::string name = std::string(unit.name) + (unit.needs_reference ? "a" : "");
-        EXPECT_EQ(find(unit.dimension, name).unit, &unit) << name;
+        EXPECT_EQ(read(unit.dimension, name).unit, &unit) << name;
         for (std::string_view rest = unit.spellings; !rest.empty();) {
             const std::size_t end = std::min(rest.find(' '), rest.size());
             std::string key = std::to_string(static_cast<int>(unit.dimension));

@@ -157,8 +157,7 @@ Layout layout_of(CsvReader& reader, const Pair* pair, const BatchWishes& wishes)
 Titles titles_of(const std::vector<std::string>& header, const Properties& wanted, bool all_states) {
     Titles titles{header, {}};
     if (all_states) titles.results.emplace_back("state");
-    for (const Property* property : wanted)
-        titles.results.push_back(std::string(property->code) + "_" + std::string(property->unit));
+    for (const Property* property : wanted) titles.results.push_back(title_of(*property));
     titles.results.emplace_back("error");
     return titles;
 }
@@ -188,7 +187,8 @@ Summary run_batch(const Pair* pair, const BatchWishes& wishes, const Properties&
                     layout.columns,
                     wanted,
                     wishes.decimal_comma || layout.separator == ';',
-                    wishes.all_states};
+                    wishes.all_states,
+                    *wishes.units};
     Records records;
     const std::size_t header = read_first(reader, records);
     const auto comments = output->lines();

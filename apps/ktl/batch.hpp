@@ -5,6 +5,7 @@
 #include "output.hpp"
 #include "reasons.hpp"
 #include "tables.hpp"
+#include "unit_system.hpp"
 
 #include <functional>
 
@@ -14,10 +15,11 @@ namespace program {
 struct BatchWishes {
     std::string path; ///< "-" for standard input
     ColumnWishes columns;
-    char separator = '\0';      ///< none given: comma, semicolon or tab, whichever finds the columns
-    bool decimal_comma = false; ///< a file with semicolons may have decimal commas anyway
-    bool all_states = false;    ///< a line for each state of those that the two values have
-    bool stats = false;         ///< tell the rate at the end, as on a terminal
+    const UnitSystem* units = &own_units(); ///< of values without a unit
+    char separator = '\0';                  ///< none given: comma, semicolon or tab, whichever finds the columns
+    bool decimal_comma = false;             ///< a file with semicolons may have decimal commas anyway
+    bool all_states = false;                ///< a line for each state of those that the two values have
+    bool stats = false;                     ///< tell the rate at the end, as on a terminal
 };
 
 /// Makes the output for a file, once its separator is known.

@@ -48,25 +48,19 @@ bool is_derivative(const std::string& column) {
     }
 }
 
-bool is_result(const std::string& column) {
-    return is_derivative(column) || std::any_of(properties().begin(), properties().end(), [&](const Property& p) {
-               return column == std::string(p.code) + "_" + std::string(p.unit);
-           });
-}
-
 /// The first of the result columns right before a last column "error"; the header's size if this program did not write
 /// the file.
-std::size_t first_result(const Header& header) {
+std::size_t first_result(const Header& header, const ColumnWishes& wishes) {
     if (header.empty() || header.back() != "error") return header.size();
     std::size_t first = header.size() - 1;
-    while (first > 0 && is_result(header[first - 1])) --first;
+    while (first > 0 && wishes.is_title(header[first - 1])) --first;
     return first;
 }
 
 /// The only place of the matching ones; those from the first result on take precedence.
 std::size_t only_place(const Header& header, std::vector<std::size_t> places, const std::string& wanted,
-                       const std::string& hint) {
-    const std::size_t results = first_result(header);
+                       const std::string& hint, const ColumnWishes& wishes) {
+    const std::size_t results = first_result(header, wishes);
     if (!places.empty() && places.back() >= results && results < header.size())
         std::erase_if(places, [=](std::size_t place) { return place < results; });
     if (places.size() == 1) return places.front();
@@ -79,13 +73,13 @@ std::size_t only_place(const Header& header, std::vector<std::size_t> places, co
     throw UsageError("more than one column for " + wanted + ": " + list_of(matching));
 }
 
-std::size_t find_named(const Header& header, std::string_view name, bool any_case) {
+std::size_t find_named(const Header& header, std::string_view name, bool any_case, const ColumnWishes& wishes) {
     std::vector<std::size_t> places;
     for (std::size_t i = 0; i < header.size(); ++i) {
         const std::string column(trimmed(header[i]));
         if (any_case ? lower_case(column) == name : column == trimmed(name)) places.push_back(i);
     }
-    return only_place(header, places, in_quotes(name), "");
+    return only_place(header, places, in_quotes(name), "", wishes);
 }
 
 struct Place {
@@ -93,14 +87,14 @@ struct Place {
     Measure measure;
 };
 
-Place find_quantity(const Header& header, const Quantity& q, const Atmosphere& atmosphere) {
+Place find_quantity(const Header& header, const Quantity& q, const Measure& plain, const ColumnWishes& wishes) {
     std::vector<std::size_t> places;
     std::string hint;
     for (std::size_t i = 0; i < header.size(); ++i) {
         const Title title(header[i]);
         if (!title.names(q)) continue;
         try {
-            measure_of(q, title.unit, atmosphere);
+            measure_of(q, title.unit, wishes.atmosphere, plain);
             places.push_back(i);
         } catch (const UsageError& fault) {
             hint = "; column " + in_quotes(trimmed(header[i])) + ": " + fault.what();
@@ -108,8 +102,8 @@ Place find_quantity(const Header& header, const Quantity& q, const Atmosphere& a
     }
     const std::string symbol(q.symbol);
     const std::string wanted = std::string(q.name) + " (" + symbol + " or " + symbol + "_" + std::string(q.unit) + ")";
-    const std::size_t place = only_place(header, places, wanted, hint);
-    return {place, measure_of(q, Title(header[place]).unit, atmosphere)};
+    const std::size_t place = only_place(header, places, wanted, hint, wishes);
+    return {place, measure_of(q, Title(header[place]).unit, wishes.atmosphere, plain)};
 }
 
 /// What the caller chose for one name: the title on its left, the column on its right.
@@ -148,21 +142,22 @@ std::string unit_of_column(const Quantity& q, std::string_view column) {
     return {};
 }
 
-Place chosen_or_found(const Header& header, const Quantity& q, const std::vector<Choice>& choices,
-                      const Atmosphere& atmosphere) {
+Place chosen_or_found(const Header& header, const Quantity& q, const std::vector<Choice>& choices, const Measure& plain,
+                      const ColumnWishes& wishes) {
     for (const Choice& choice : choices) {
         if (!choice.title.names(q)) continue;
-        const std::size_t place = find_named(header, choice.column, false);
+        const std::size_t place = find_named(header, choice.column, false, wishes);
         const std::string unit = choice.title.unit.empty() ? unit_of_column(q, header[place]) : choice.title.unit;
-        return {place, measure_of(q, unit, atmosphere)};
+        return {place, measure_of(q, unit, wishes.atmosphere, plain)};
     }
-    return find_quantity(header, q, atmosphere);
+    return find_quantity(header, q, plain, wishes);
 }
 
-std::size_t chosen_or_named(const Header& header, std::string_view name, const std::vector<Choice>& choices) {
+std::size_t chosen_or_named(const Header& header, std::string_view name, const std::vector<Choice>& choices,
+                            const ColumnWishes& wishes) {
     for (const Choice& choice : choices)
-        if (choice.title.name == name) return find_named(header, choice.column, false);
-    return find_named(header, name, true);
+        if (choice.title.name == name) return find_named(header, choice.column, false, wishes);
+    return find_named(header, name, true, wishes);
 }
 
 void check_names(const std::vector<Choice>& choices, const Pair* pair) {
@@ -177,19 +172,25 @@ void check_names(const std::vector<Choice>& choices, const Pair* pair) {
 
 } // namespace
 
+bool is_own_title(const std::string& column) {
+    return is_derivative(column) || std::any_of(properties().begin(), properties().end(), [&](const Property& p) {
+               return column == std::string(p.code) + "_" + std::string(p.unit);
+           });
+}
+
 Columns find_columns(const std::vector<std::string>& header, const Pair* pair, const ColumnWishes& wishes) {
     const auto choices = choices_of(wishes.chosen);
     check_names(choices, pair);
     Columns found;
-    if (first_result(header) + 1 < header.size()) found.error = header.size() - 1;
+    if (first_result(header, wishes) + 1 < header.size()) found.error = header.size() - 1;
     if (pair == nullptr) {
-        found.first = chosen_or_named(header, "first", choices);
-        found.second = chosen_or_named(header, "second", choices);
-        found.pair = chosen_or_named(header, "pair", choices);
+        found.first = chosen_or_named(header, "first", choices, wishes);
+        found.second = chosen_or_named(header, "second", choices, wishes);
+        found.pair = chosen_or_named(header, "pair", choices, wishes);
         return found;
     }
-    const Place first = chosen_or_found(header, quantity(pair->first), choices, wishes.atmosphere);
-    const Place second = chosen_or_found(header, quantity(pair->second), choices, wishes.atmosphere);
+    const Place first = chosen_or_found(header, quantity(pair->first), choices, wishes.first, wishes);
+    const Place second = chosen_or_found(header, quantity(pair->second), choices, wishes.second, wishes);
     found.first = first.column;
     found.second = second.column;
     found.first_unit = first.measure;

@@ -16,10 +16,15 @@ struct Columns {
     std::optional<std::size_t> error; ///< of a file that this program wrote: the reason why a line has no values
 };
 
+/// True for a heading of results in ktl's own units: "H_kJ/kg".
+bool is_own_title(const std::string& column);
+
 /// How the caller wants columns to be read.
 struct ColumnWishes {
     std::string chosen; ///< "p=P_in,t_K=T in": which column is which, with its unit or without
     Atmosphere atmosphere;
+    Measure first, second;                                      ///< of columns that name no unit
+    bool (*is_title)(const std::string& column) = is_own_title; ///< true for headings of results of this program
 };
 
 /// Finds the columns by their names in the header: the letter or the name of a quantity, alone or with a unit

@@ -37,7 +37,11 @@ std::string unit_help() {
         line.append(15 - line.size(), ' ');
         text += line + unit_names(q) + "\n";
     }
-    return text + "Pressures take abs, a, (a) or g, (g), gauge behind the unit: barg, MPa(a).\n";
+    text +=
+        "Pressures take abs, a, (a) or g, (g), gauge behind the unit: barg, MPa(a).\n"
+        "--units is the system that results are in, derivatives too, and that given values and columns without a unit\n"
+        "are read in: bar (bar, degC, kJ), si (Pa, K, J), mpa (MPa, K, kJ), us (psia, degF, ft3, lb, Btu).\n";
+    return text;
 }
 
 constexpr const char* range_help = "Range: 0.01 to 800 degC, 0.006112444 to 1000 bar.\n";

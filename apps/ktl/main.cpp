@@ -29,6 +29,7 @@ struct Arguments {
     std::string pair, first, second, shell;
     std::string codes = every_state_codes;
     std::string format = "csv";
+    std::string units = "bar";
     std::string output, atmosphere, separator;
     int digits = 0; // none given
     bool json = false;
@@ -50,11 +51,13 @@ std::string quantity_help(ktl::Property id) {
 }
 
 ExitStatus single(const Pair& pair, const Arguments& arguments) {
-    const auto wanted = parse_codes(arguments.codes);
+    const UnitSystem& units = unit_system(arguments.units);
+    const auto wanted = in_units(parse_codes(arguments.codes), units);
     SingleWishes wishes;
+    wishes.units = &units;
     wishes.first = arguments.first;
     wishes.second = arguments.second;
-    wishes.atmosphere = atmosphere_of(arguments.atmosphere);
+    wishes.atmosphere = atmosphere_of(arguments.atmosphere, measure_in(ktl::Property::p, units));
     wishes.digits = arguments.digits != 0 ? arguments.digits : result_digits;
     wishes.json = arguments.json;
     wishes.all_states = arguments.batch.all_states;
@@ -78,9 +81,16 @@ ExitStatus batch(const Arguments& arguments) {
         throw UsageError("no pair " + in_quotes(arguments.pair) + did_you_mean(arguments.pair, pair_names()) +
                          "; the pairs are " + pair_names() + " and auto");
     }
-    const auto wanted = parse_codes(arguments.codes);
+    const UnitSystem& units = unit_system(arguments.units);
+    const auto wanted = in_units(parse_codes(arguments.codes), units);
     BatchWishes wishes = arguments.batch;
-    wishes.columns.atmosphere = atmosphere_of(arguments.atmosphere);
+    wishes.units = &units;
+    if (pair != nullptr) {
+        wishes.columns.first = measure_in(pair->first, units);
+        wishes.columns.second = measure_in(pair->second, units);
+    }
+    wishes.columns.is_title = is_title_of_results;
+    wishes.columns.atmosphere = atmosphere_of(arguments.atmosphere, measure_in(ktl::Property::p, units));
     wishes.separator = separator_of(arguments.separator);
     const std::string format = arguments.json ? "json" : arguments.format;
     const int usual_digits = format == "table" ? table_digits : result_digits;
@@ -107,6 +117,11 @@ void add_output_option(CLI::App& command, Arguments& arguments) {
 /// What single states and files have in common.
 void add_common_options(CLI::App& command, Arguments& arguments) {
     command.add_option("properties", arguments.codes, "Wanted properties")->capture_default_str();
+    command
+        .add_option("--units", arguments.units,
+                    "Units of results, and of given values without a unit: bar, si, mpa or us")
+        ->capture_default_str()
+        ->type_name("SYSTEM");
     command.add_option("--digits", arguments.digits, "Significant digits of results, 1 to 17")
         ->check(CLI::Range(1, all_digits))
         ->type_name("NUMBER");

@@ -21,6 +21,15 @@ bool names_nothing(std::string_view text) { return text.find_first_not_of(" \t_[
 
 } // namespace
 
+double at_limit(ktl::Property id, double value) {
+    constexpr double rounding = 1.0e-9; // of a limit that was copied with ten digits
+    const bool pressure = id == ktl::Property::p;
+    if (!pressure && id != ktl::Property::t) return value;
+    for (const double limit : {pressure ? 0.006112444 : 0.01, pressure ? 221.2 : 374.15, pressure ? 1000.0 : 800.0})
+        if (std::fabs(value - limit) <= rounding * limit) return limit;
+    return value;
+}
+
 std::string unit_names(const Quantity& q) {
     std::string out;
     for (const ktl::units::Unit& unit : ktl::units::table) {
@@ -32,8 +41,8 @@ std::string unit_names(const Quantity& q) {
     return out;
 }
 
-Measure measure_of(const Quantity& q, std::string_view unit, const Atmosphere& atmosphere) {
-    if (names_nothing(unit) || (q.dimension == ktl::units::Dimension::quality && bare(unit) == "-")) return {};
+Measure measure_of(const Quantity& q, std::string_view unit, const Atmosphere& atmosphere, const Measure& plain) {
+    if (names_nothing(unit) || (q.dimension == ktl::units::Dimension::quality && bare(unit) == "-")) return plain;
     const ktl::units::Reading read = ktl::units::find(q.dimension, unit);
     if (!read) {
         const bool unknown = read.fault == ktl::units::Fault::unknown;
@@ -45,6 +54,7 @@ Measure measure_of(const Quantity& q, std::string_view unit, const Atmosphere& a
         throw UsageError(about(q, bare(unit)) +
                          " is a gauge pressure; give that of the atmosphere, as in --atmosphere 1.013bar");
     }
+    if (plain.unit.unit == read.unit && !read.gauge) return plain;
     return {read, atmosphere.value_or(0.0)};
 }
 
@@ -61,22 +71,22 @@ std::optional<double> field_value(const Measure& measure, std::string_view text,
     return std::nullopt;
 }
 
-double argument_value(const Quantity& q, std::string_view text, const Atmosphere& atmosphere) {
+double argument_value(const Quantity& q, std::string_view text, const Atmosphere& atmosphere, const Measure& plain) {
     text = trimmed(text);
     const ReadNumber read = read_number(text);
     if (text.empty()) throw UsageError(std::string(q.name) + " is empty");
     if (!read.is_number) throw UsageError(about(q, text) + " is not a number");
     if (read.too_large) throw UsageError(about(q, text) + " is too large for a number");
-    if (read.rest.empty()) return read.value;
+    if (read.rest.empty()) return plain.to_ktl(read.value);
     const auto fault = ktl::units::find(q.dimension, read.rest).fault;
     if (fault == ktl::units::Fault::unknown)
         throw UsageError(about(q, text) + " is not a number, nor one with a unit, which are " + unit_names(q));
-    return measure_of(q, read.rest, atmosphere).to_ktl(read.value);
+    return measure_of(q, read.rest, atmosphere, plain).to_ktl(read.value);
 }
 
-Atmosphere atmosphere_of(std::string_view text) {
+Atmosphere atmosphere_of(std::string_view text, const Measure& plain) {
     if (text.empty()) return std::nullopt;
-    const double value = argument_value(quantity(ktl::Property::p), text, std::nullopt);
+    const double value = argument_value(quantity(ktl::Property::p), text, std::nullopt, plain);
     if (!std::isfinite(value) || value < 0.0) throw UsageError("atmosphere: " + in_quotes(text) + " is no pressure");
     return value;
 }

@@ -58,8 +58,7 @@ void write_json(const States& states, std::size_t count, const Properties& wante
     const auto output = json_output(file, {.digits = digits});
     Titles titles;
     if (count > 1) titles.results.emplace_back("state");
-    for (const Property* property : wanted)
-        titles.results.push_back(std::string(property->code) + "_" + std::string(property->unit));
+    for (const Property* property : wanted) titles.results.push_back(title_of(*property));
     titles.results.emplace_back("error");
     output->begin(titles);
     const auto lines = output->lines();
@@ -77,8 +76,10 @@ void write_json(const States& states, std::size_t count, const Properties& wante
 
 std::string run_single(const Pair& pair, const Properties& wanted, const SingleWishes& wishes, OutputFile& file) {
     States states(pair, wanted, States::Keep::all);
-    states.add(argument_value(quantity(pair.first), wishes.first, wishes.atmosphere),
-               argument_value(quantity(pair.second), wishes.second, wishes.atmosphere));
+    states.add(
+        argument_value(quantity(pair.first), wishes.first, wishes.atmosphere, measure_in(pair.first, *wishes.units)),
+        argument_value(quantity(pair.second), wishes.second, wishes.atmosphere,
+                       measure_in(pair.second, *wishes.units)));
     states.solve();
     const std::size_t found = states.count(0);
     const bool phases = states.label(0, 0) == "liquid";

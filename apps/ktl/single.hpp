@@ -4,12 +4,14 @@
 #include "measure.hpp"
 #include "output.hpp"
 #include "tables.hpp"
+#include "unit_system.hpp"
 
 namespace program {
 
 struct SingleWishes {
     std::string first, second; ///< numbers, with units or without
     Atmosphere atmosphere;
+    const UnitSystem* units = &own_units(); ///< of values without a unit
     int digits = result_digits;
     bool json = false;
     bool all_states = false;

@@ -20,7 +20,7 @@ bool inner_quality(double x) { return x > 0.0 && x < 1.0; }
 /// has the properties of the one phase that is there: phase(id) gives them.
 template <class Phase>
 double shown(const Property& property, double value, double region, double quality, const Phase& phase) {
-    if (property.derivative) return value;
+    if (property.derivative) return property.factor * value;
     if (property.id == ktl::Property::x && !wet(region)) {
         const bool water = is_region(region, ktl::Region::water) || is_region(region, ktl::Region::near_critical_water);
         return water ? 0.0 : 1.0;
@@ -31,7 +31,8 @@ double shown(const Property& property, double value, double region, double quali
 }
 
 double shown(const Property& property, const ktl::State& state) {
-    if (const auto& d = property.derivative) return ktl::derivative(state, d->of, d->by, d->at_constant);
+    if (const auto& d = property.derivative)
+        return property.factor * ktl::derivative(state, d->of, d->by, d->at_constant);
     const auto phase = [&](ktl::Property id) { return (state.x() == 0.0 ? state.liquid() : state.vapour()).get(id); };
     return shown(property, state.get(property.id), state.get(ktl::Property::region), state.x(), phase);
 }
@@ -39,7 +40,8 @@ double shown(const Property& property, const ktl::State& state) {
 /// A saturated phase.
 double shown(const Property& property, const ktl::Phase& phase) {
     if (property.surface_tension) return ktl::surface_tension(phase.t());
-    if (const auto& d = property.derivative) return ktl::derivative(phase, d->of, d->by, d->at_constant);
+    if (const auto& d = property.derivative)
+        return property.factor * ktl::derivative(phase, d->of, d->by, d->at_constant);
     const double region = phase.get(ktl::Property::region);
     return shown(property, phase.get(property.id), region, none, [](ktl::Property /*id*/) { return none; });
 }
@@ -119,16 +121,16 @@ double States::value(std::size_t row, std::size_t place, std::size_t number) con
     const More* const kept = more(row);
     if (status_[row] == ktl::Status::undetermined && kept != nullptr) {
         const ktl::State& state = found_[kept->begin];
-        return shown(property, number == 0 ? state.liquid() : state.vapour());
+        return property.result(shown(property, number == 0 ? state.liquid() : state.vapour()));
     }
     if (status_[row] != ktl::Status::solved) return none;
-    if (number != 0 && kept != nullptr) return shown(property, found_[kept->begin + number]);
+    if (number != 0 && kept != nullptr) return property.result(shown(property, found_[kept->begin + number]));
     const double region = columns_[wanted_->size()][row];
     const double quality = columns_[wanted_->size() + 1][row];
-    return shown(property, columns_[place][row], region, quality, [&](ktl::Property id) {
+    return property.result(shown(property, columns_[place][row], region, quality, [&](ktl::Property id) {
         const ktl::State state = ktl::state(pair_->id, first_[row], second_[row]);
         return (quality == 0.0 ? state.liquid() : state.vapour()).get(id);
-    });
+    }));
 }
 
 std::string States::error(std::size_t row, std::size_t number) const {

@@ -1,7 +1,5 @@
 #include "steam_table.hpp"
 
-#include <cmath>
-
 namespace program {
 
 namespace {
@@ -27,12 +25,7 @@ bool is_water(ktl::Region region) { return region == ktl::Region::water || regio
 } // namespace
 
 double given_value(const UnitSystem& units, ktl::Property id, double value) {
-    constexpr double rounding = 1.0e-9; // of a limit that was copied with ten digits
-    const double given = units.unit_of(id).to_ktl(value, 0.0);
-    const bool pressure = id == ktl::Property::p;
-    for (const double limit : {pressure ? 0.006112444 : 0.01, pressure ? 221.2 : 374.15, pressure ? 1000.0 : 800.0})
-        if (std::fabs(given - limit) <= rounding * limit) return limit;
-    return given;
+    return at_limit(id, units.unit_of(id).to_ktl(value, 0.0));
 }
 
 SaturationTable saturation_table(const UnitSystem& units, bool by_pressure, std::span<const double> values) {

@@ -49,6 +49,10 @@ struct Property {
     bool one_phase = false;       ///< a mixture does not have it
     bool surface_tension = false; ///< a function of the temperature, which is the id; mixtures alone have it
     std::optional<ktl::Derivative> derivative = std::nullopt; ///< a partial derivative instead of the property
+    ktl::units::Reading result_unit{}; ///< that results are converted to; null: that of the library times the factor
+
+    /// A value of the library, times the factor, in the unit of the results.
+    [[nodiscard]] double result(double value) const { return result_unit ? result_unit.from_ktl(value, 0.0) : value; }
 };
 std::span<const Property> properties();
 

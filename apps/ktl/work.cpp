@@ -36,10 +36,12 @@ Work::Row Work::read(std::size_t record) {
     if (plan_.columns.error && !trimmed(field(row, *plan_.columns.error)).empty()) return {record, Fault::earlier};
     if (row.pair == nullptr) row.pair = find_pair(trimmed(field(row, plan_.columns.pair)));
     if (row.pair == nullptr) return {record, Fault::pair};
-    const auto a = field_value(plan_.columns.first_unit, field(row, plan_.columns.first), plan_.decimal_comma, row.bad);
+    const bool own_pair = plan_.pair == nullptr;
+    const Measure first = own_pair ? measure_in(row.pair->first, plan_.units) : plan_.columns.first_unit;
+    const auto a = field_value(first, field(row, plan_.columns.first), plan_.decimal_comma, row.bad);
     if (!a) return {record, Fault::first, row.pair, 0, row.bad};
-    const auto b =
-        field_value(plan_.columns.second_unit, field(row, plan_.columns.second), plan_.decimal_comma, row.bad);
+    const Measure second = own_pair ? measure_in(row.pair->second, plan_.units) : plan_.columns.second_unit;
+    const auto b = field_value(second, field(row, plan_.columns.second), plan_.decimal_comma, row.bad);
     if (!b) return {record, Fault::second, row.pair, 0, row.bad};
     row.state = states(row).add(*a, *b);
     return row;

@@ -7,6 +7,7 @@
 #include "reasons.hpp"
 #include "states.hpp"
 #include "tables.hpp"
+#include "unit_system.hpp"
 
 namespace program {
 
@@ -18,6 +19,7 @@ struct Plan {
     const Properties& wanted;
     bool decimal_comma; ///< in the file
     bool all_states;
+    const UnitSystem& units; ///< of the values of lines that name their pair
 };
 
 /// A run of lines on its way from record to result.

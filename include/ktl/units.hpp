@@ -1,4 +1,5 @@
-// Units of pressure, temperature, specific volume, energy, entropy and quality, by the names that people write.
+// Units of pressure, temperature, specific volume, energy, entropy and quality, and of the other properties of a state,
+// by the names that people write.
 //
 //     const ktl::units::Reading mpa = ktl::units::find(ktl::units::Dimension::pressure, "MPa");
 //     if (mpa) std::printf("%g bar\n", mpa.to_ktl(16.5, 0.0)); // 165
@@ -18,12 +19,21 @@ namespace units {
 
 /// What a unit measures, and the unit that ktl computes with.
 enum class Dimension : unsigned char {
-    pressure,    ///< bar
-    temperature, ///< degC
-    volume,      ///< specific volume, m3/kg
-    energy,      ///< specific energy, kJ/kg
-    entropy,     ///< specific entropy or heat capacity, kJ/(kg K)
-    quality      ///< kg/kg
+    pressure,            ///< bar
+    temperature,         ///< degC
+    volume,              ///< specific volume, m3/kg
+    energy,              ///< specific energy, kJ/kg
+    entropy,             ///< specific entropy or heat capacity, kJ/(kg K)
+    quality,             ///< kg/kg
+    density,             ///< kg/m3
+    speed,               ///< m/s
+    compressibility,     ///< 1/bar
+    expansion,           ///< 1/K
+    joule_thomson,       ///< K/bar
+    viscosity,           ///< dynamic, Pa s
+    kinematic_viscosity, ///< m2/s
+    conductivity,        ///< W/(m K)
+    surface_tension      ///< N/m
 };
 
 /// A unit: a value in it is (value - zero) * times / over in the unit of ktl.
@@ -32,7 +42,7 @@ struct Unit {
     std::string_view name; ///< as documents print it
     double times, over, zero;
     std::string_view spellings;   ///< separated by blanks, in the form that detail::Normal makes
-    bool exact_first = false;     ///< the first letter must have its case: M is mega, m is milli
+    bool exact_first = false;     ///< the first M or m must have its case: M is mega, m is milli
     bool needs_reference = false; ///< absolute or gauge must be written: psia, psig
 };
 
@@ -70,6 +80,32 @@ inline constexpr std::array<Unit, 31> table{{
      "Btu/lb/degF Btu/lb/F Btu/lb/degR Btu/lb/R Btu/lbm/degF Btu/lbm/F Btu/lbm/degR Btu/lbm/R"},
     {Dimension::quality, "kg/kg", 1.0, 1.0, 0.0, "kg/kg 1 lb/lb"},
     {Dimension::quality, "%", 1.0, 1.0e2, 0.0, "%"},
+}};
+
+/// Units of the properties that no state is given by.
+inline constexpr std::array<Unit, 22> property_table{{
+    {Dimension::density, "kg/m3", 1.0, 1.0, 0.0, "kg/m3"},
+    {Dimension::density, "lb/ft3", 0.45359237, 0.028316846592, 0.0, "lb/ft3 lbm/ft3"},
+    {Dimension::speed, "m/s", 1.0, 1.0, 0.0, "m/s"},
+    {Dimension::speed, "ft/s", 0.3048, 1.0, 0.0, "ft/s"},
+    {Dimension::compressibility, "1/bar", 1.0, 1.0, 0.0, "1/bar"},
+    {Dimension::compressibility, "1/Pa", 1.0e5, 1.0, 0.0, "1/Pa"},
+    {Dimension::compressibility, "1/MPa", 1.0, 10.0, 0.0, "1/MPa", true},
+    {Dimension::compressibility, "1/psi", 64.516, 4.4482216152605, 0.0, "1/psi"},
+    {Dimension::expansion, "1/K", 1.0, 1.0, 0.0, "1/K 1/degC 1/C"},
+    {Dimension::expansion, "1/degF", 9.0, 5.0, 0.0, "1/degF 1/F 1/degR"},
+    {Dimension::joule_thomson, "K/bar", 1.0, 1.0, 0.0, "K/bar degC/bar C/bar"},
+    {Dimension::joule_thomson, "K/Pa", 1.0e5, 1.0, 0.0, "K/Pa degC/Pa C/Pa"},
+    {Dimension::joule_thomson, "K/MPa", 1.0, 10.0, 0.0, "K/MPa degC/MPa C/MPa", true},
+    {Dimension::joule_thomson, "degF/psi", 322.58, 40.0339945373445, 0.0, "degF/psi F/psi degR/psi"},
+    {Dimension::viscosity, "Pa s", 1.0, 1.0, 0.0, "Pa.s kg/m/s"},
+    {Dimension::viscosity, "lb/(ft s)", 0.45359237, 0.3048, 0.0, "lb/ft/s lbm/ft/s"},
+    {Dimension::kinematic_viscosity, "m2/s", 1.0, 1.0, 0.0, "m2/s"},
+    {Dimension::kinematic_viscosity, "ft2/s", 0.09290304, 1.0, 0.0, "ft2/s"},
+    {Dimension::conductivity, "W/(m K)", 1.0, 1.0, 0.0, "W/m/K W/mK W/m/degC W/m/C"},
+    {Dimension::conductivity, "Btu/(h ft degF)", 1055.05585262, 609.6, 0.0, "Btu/h/ft/degF Btu/h/ft/F Btu/h/ft/degR"},
+    {Dimension::surface_tension, "N/m", 1.0, 1.0, 0.0, "N/m"},
+    {Dimension::surface_tension, "lbf/ft", 4.4482216152605, 0.3048, 0.0, "lbf/ft"},
 }};
 
 /// Why a name is no unit.
@@ -233,9 +269,11 @@ private:
     Fault fault_ = Fault::none;
 };
 
-/// Equal but for the case of letters, and the first one's too if it is exact.
+/// Equal but for the case of letters; that of the first M or m of a counts too if it is exact.
 constexpr bool same(std::string_view a, std::string_view b, bool exact_first) noexcept {
-    if (a.size() != b.size() || a.empty() || (exact_first && a.front() != b.front())) return false;
+    if (a.size() != b.size() || a.empty()) return false;
+    const std::size_t first = exact_first ? a.find_first_of("Mm") : std::string_view::npos;
+    if (first != std::string_view::npos && a[first] != b[first]) return false;
     for (std::size_t i = 0; i < a.size(); ++i)
         if (lower(a[i]) != lower(b[i])) return false;
     return true;
@@ -250,9 +288,10 @@ constexpr bool has_spelling(const Unit& unit, std::string_view name, bool exact_
     return false;
 }
 
-constexpr Reading find_normal(Dimension dimension, std::string_view name) noexcept {
+template <std::size_t N>
+constexpr Reading find_normal(const std::array<Unit, N>& units, Dimension dimension, std::string_view name) noexcept {
     Fault fault = Fault::unknown;
-    for (const Unit& unit : table) {
+    for (const Unit& unit : units) {
         if (unit.dimension != dimension) continue;
         if (has_spelling(unit, name, unit.exact_first)) return {&unit, false, Fault::none};
         if (has_spelling(unit, name, false)) fault = Fault::letter_case;
@@ -273,7 +312,7 @@ constexpr Reading find_referred(std::string_view name) noexcept {
     for (const std::string_view ending : {"absolute", "abs", "a", "gauge", "g"}) {
         std::string_view rest = name;
         if (!cut(rest, ending)) continue;
-        Reading reading = find_normal(Dimension::pressure, rest);
+        Reading reading = find_normal(table, Dimension::pressure, rest);
         reading.gauge = reading && ending.front() == 'g';
         return reading;
     }
@@ -288,11 +327,18 @@ constexpr Reading find_referred(std::string_view name) noexcept {
 constexpr Reading find(Dimension dimension, std::string_view name) noexcept {
     const detail::Normal normal(name);
     if (normal.fault() != Fault::none) return {nullptr, false, normal.fault()};
-    const Reading plain = detail::find_normal(dimension, normal.text());
+    const Reading plain = detail::find_normal(table, dimension, normal.text());
     if (plain && plain.unit->needs_reference) return {nullptr, false, Fault::reference};
     if (plain || dimension != Dimension::pressure) return plain;
     const Reading referred = detail::find_referred(normal.text());
     return referred || referred.fault == Fault::letter_case ? referred : plain;
+}
+
+/// The same for units of density, speed and the dimensions after it: "lb/ft3", "K/MPa", "W/(m K)".
+constexpr Reading find_of_property(Dimension dimension, std::string_view name) noexcept {
+    const detail::Normal normal(name);
+    if (normal.fault() != Fault::none) return {nullptr, false, normal.fault()};
+    return detail::find_normal(property_table, dimension, normal.text());
 }
 
 } // namespace units
