@@ -24,6 +24,7 @@ NAMES = {
     "One property": "value({0}), {1}",
     "Saturation line": "{0}",
     "Named routines": "{0}",
+    "Charts": "chart/{0}",
     "IF97": "if97 columns, {0}, {1}/min_time:0.200",
 }
 
@@ -33,6 +34,8 @@ def least(files):
     out = {}
     for file in files:
         for run in json.loads(pathlib.Path(file).read_text())["benchmarks"]:
+            if "points" in run:
+                run["ns"] = 1.0e6 * run["real_time"]  # of a chart, whose time is in ms
             if run["name"] not in out or run["ns"] < out[run["name"]]["ns"]:
                 out[run["name"]] = run
     return out
@@ -59,11 +62,14 @@ def rewritten(text, runs, plain):
         if title in NAMES and cells and not set(line) <= set("|- "):
             if cells[0] == "goal":
                 pass
-            elif cells[0] in ("task", "call"):
+            elif cells[0] in ("task", "call", "chart"):
                 columns = cells[1:]
             elif columns == ["ns", "yardsticks"]:
                 run = runs[NAMES[title].format(cells[0])]
                 cells[1:] = [shown(run["ns"]), f"{run['ns'] / yardstick:.1f}"]
+            elif columns == ["ms", "points"]:
+                run = runs[NAMES[title].format(cells[0])]
+                cells[1:] = [f"{run['ns'] * 1.0e-6:.1f}", f"{run['points']:.0f}"]
             elif columns:
                 for k, column in enumerate(columns, 1):
                     if cells[k] == "-":

@@ -246,7 +246,7 @@ void run_table(const CLI::App& app, const TableArguments& arguments) {
     const CLI::App& table = *app.get_subcommand("table");
     if (table.get_subcommands().empty()) throw UsageError("table: saturation or single is required");
     const UnitSystem& units = unit_system(arguments.units);
-    const Reader read(units, atmosphere_of(arguments.atmosphere));
+    const Reader read(units, atmosphere_of(arguments.atmosphere, measure_in(ktl::Property::p, units)));
     if (arguments.output.empty() && format_of(arguments) == "pdf" && is_terminal(1))
         throw UsageError("--format: pdf is not for a terminal; give -o FILE");
     const std::string text = table.got_subcommand("saturation")

@@ -197,7 +197,8 @@ def test_bad_batches(arguments, error):
 
 
 N = 300_000
-SLOW = np.full(N, 4500.0), np.full(N, 1.0)  # h, s without a state: the slowest rows
+# The slowest rows: h, s next to the critical point.
+SLOW = np.full(N, ktl.h(t=374.12, x=0.5)), np.full(N, ktl.s(t=374.12, x=0.5))
 
 
 def test_progress_and_cancelling(capsys, monkeypatch):
