@@ -86,7 +86,8 @@ const std::vector<Kind>& rounded_kinds() {
     return all;
 }
 
-/// Water at the border of sub-region 3, and steam whose second value is doubled: no state has both.
+/// Water at the border of sub-region 3; steam whose second value is doubled, so that no state has both; rows in other orders than
+/// one kind at random.
 const std::vector<Kind>& edge_kinds() {
     static const std::vector<Kind> all = [] {
         std::vector<Kind> out;
@@ -101,6 +102,18 @@ const std::vector<Kind>& edge_kinds() {
         out.push_back(kinds()[1]);
         out.back().name = "no state";
         out.back().factor = 2.0;
+        ktl::test::Random random(1967);
+        Kind shuffled{"all kinds, shuffled", false, {}};
+        for (std::size_t i = 0; i < rows; ++i)
+            shuffled.states.push_back(kinds()[random.below(static_cast<unsigned>(kinds().size()))].states[i]);
+        out.push_back(std::move(shuffled));
+        Kind series{"time series near the critical point", true, {}};
+        for (std::size_t i = 0; i < rows; ++i) {
+            const double phase = 1.0e-3 * static_cast<double>(i);
+            series.states.push_back(
+                ktl::state(Pair::pt, 235.0 + 10.0 * std::sin(phase), 385.0 + 5.0 * std::sin(1.7 * phase)));
+        }
+        out.push_back(std::move(series));
         return out;
     }();
     return all;

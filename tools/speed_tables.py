@@ -20,6 +20,7 @@ NAMES = {
     "Columns, two threads": "{0}, {1}, threads 2/real_time",
     "Rounded saturated states": "7 digits, {0}, {1}/real_time",
     "Borders, and no state": "edge, {0}, {1}/real_time",
+    "Orders of rows": "edge, {0}, {1}/real_time",
     "Single calls": "state({0}), {1}",
     "One property": "value({0}), {1}",
     "Saturation line": "{0}",
