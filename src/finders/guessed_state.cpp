@@ -11,8 +11,8 @@ namespace ktl::finders {
 
 namespace {
 
-/// Relative distance from a border below which the enclosing searches decide between its sides: more than the 1e-8 to which
-/// the finders have their values makes of it.
+/// Relative distance from a border below which the enclosing searches decide between its sides. The finders have their values to
+/// 1e-8, which moves a state by less than this.
 constexpr double beside_border = 1.0e-5;
 /// The same for water above the saturation line, bar: energies and entropy fix its pressure badly, and u, s hardly at all.
 constexpr double above_line = 0.1;
