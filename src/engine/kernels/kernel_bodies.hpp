@@ -108,8 +108,13 @@ PhaseProperties<T> cut(const PhaseProperties<T>& y) {
 template <class T>
 void deliver(const PhaseProperties<T>& y, const T& x, std::size_t i, const Property* wanted, std::size_t count,
              double* const* outputs) {
+    const PhaseProperties<T>* from = &y;
     for (std::size_t k = 0; k < count; ++k) {
-        const T value = wanted[k] == Property::x ? x : derived(wanted[k], y);
+#if defined(__clang__)
+        // Otherwise it computes every property before the loop, wanted or not.
+        __asm__ volatile("" : "+r"(from) : : "memory");
+#endif
+        const T value = wanted[k] == Property::x ? x : derived(wanted[k], *from);
         value.store(outputs[k] + i);
     }
 }
