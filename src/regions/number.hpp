@@ -73,12 +73,16 @@ struct Fit {
     double middle, slope;
     double c[n];
 
+    /// Even and odd powers apart, so that two chains of operations run side by side.
     template <class T>
     constexpr T operator()(const T& x) const {
         const T u = (x - middle) * slope;
-        T sum(c[n - 1]);
-        for (std::size_t i = n - 1; i-- > 0;) sum = c[i] + u * sum;
-        return sum;
+        const T u2 = u * u;
+        T even(c[n - 1 - (n + 1) % 2]);
+        T odd(c[n - 1 - n % 2]);
+        for (std::size_t i = n - 1 - (n + 1) % 2; i >= 2; i -= 2) even = c[i - 2] + u2 * even;
+        for (std::size_t i = n - 1 - n % 2; i >= 3; i -= 2) odd = c[i - 2] + u2 * odd;
+        return even + u * odd;
     }
 };
 
