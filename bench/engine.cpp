@@ -1,4 +1,5 @@
 // Time of the ktl:: calls, per state: columns by kind of state on one and on two threads, single calls, saturation line.
+#include "engine/rows/block.hpp"
 #include "support/pairs.hpp"
 #include "timing.hpp"
 
@@ -175,6 +176,33 @@ void batch(benchmark::State& bench, const Task& task, const Kind& of, unsigned t
     run_rows(bench, rows, [&] { ktl::batch(task.pair, c.a, c.b, task.wanted, c.outputs, c.status, options); });
 }
 
+/// Calls of a few rows each: the time of a call.
+void calls(benchmark::State& bench, const Task& task, const Kind& of, std::size_t length) {
+    Columns c(task, of);
+    std::vector<double*> outputs(task.wanted.size());
+    run_rows(bench, rows / length, [&] {
+        for (std::size_t i = 0; i + length <= rows; i += length) {
+            for (std::size_t k = 0; k < outputs.size(); ++k) outputs[k] = c.outputs[k] + i;
+            ktl::batch(task.pair, std::span(c.a).subspan(i, length), std::span(c.b).subspan(i, length), task.wanted,
+                       outputs, std::span(c.status).subspan(i, length));
+        }
+    });
+}
+
+/// The kernels of one instruction set, whatever the machine has beside it.
+void columns_by(benchmark::State& bench, const Task& task, const Kind& of, const ktl::engine::Kernels& kernels) {
+    Columns c(task, of);
+    std::vector<double*> outputs(task.wanted.size());
+    run_rows(bench, rows, [&] {
+        for (std::size_t i = 0; i < rows; i += ktl::engine::block_rows) {
+            for (std::size_t k = 0; k < outputs.size(); ++k) outputs[k] = c.outputs[k] + i;
+            ktl::engine::solve_block(kernels, task.pair, c.a.data() + i, c.b.data() + i,
+                                     std::min(ktl::engine::block_rows, rows - i), task.wanted, outputs.data(),
+                                     c.status.data() + i);
+        }
+    });
+}
+
 /// One call after the other, each with every property that is computed when asked for.
 void single(benchmark::State& bench, const Task& task, const Kind& of) {
     const Columns c(task, of);
@@ -224,6 +252,16 @@ void yardstick_of(benchmark::State& bench, decltype(&yardstick_lanes) kernel) {
     });
 }
 
+/// Those that this machine runs.
+std::vector<const ktl::engine::Kernels*> sets_of_kernels() {
+    using namespace ktl::engine;
+    std::vector<const Kernels*> out{&scalar_kernels()};
+    const std::string best = kernels().name;
+    if (best == "avx512") out.push_back(avx2_kernels());
+    if (best != "scalar") out.push_back(&kernels());
+    return out;
+}
+
 /// Whether states of that kind have both values, and one state alone.
 bool fits(const Task& task, const Kind& of) {
     const bool of_quality = task.b == Property::x;
@@ -242,6 +280,20 @@ bool fits(const Task& task, const Kind& of) {
             for (const unsigned threads : {1U, 2U}) {
                 const std::string name = task.name + ", " + of.name + ", threads " + std::to_string(threads);
                 benchmark::RegisterBenchmark(name.c_str(), batch, task, std::cref(of), threads)->UseRealTime();
+            }
+        }
+    }
+    for (const Task& task : tasks()) {
+        if (task.wanted.size() < 3 && task.pair != Pair::hs) continue;
+        for (const Kind& of : kinds()) {
+            if (!fits(task, of)) continue;
+            for (const std::size_t length : {1U, 10U, 100U}) {
+                const std::string name = task.name + ", " + of.name + ", " + std::to_string(length) + " rows a call";
+                benchmark::RegisterBenchmark(name.c_str(), calls, task, std::cref(of), length);
+            }
+            for (const ktl::engine::Kernels* kernels : sets_of_kernels()) {
+                const std::string name = task.name + ", " + of.name + ", " + kernels->name;
+                benchmark::RegisterBenchmark(name.c_str(), columns_by, task, std::cref(of), std::cref(*kernels));
             }
         }
     }

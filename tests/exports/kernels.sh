@@ -5,6 +5,6 @@ set -eu
 nm=$1
 shift
 left=$(for object; do
-    case $object in *kernels_avx*) "$nm" --defined-only "$object" | awk '$2 == "W" && $3 !~ /5Lanes/ { print $3 }' ;; esac
+    case $object in *kernels_avx*) "$nm" --defined-only "$object" | awk '$2 == "W" && $3 !~ /(5|11Double)Lanes/ { print $3 }' ;; esac
 done)
 [ -z "$left" ] || { echo "left in the kernels: $left"; exit 1; }

@@ -137,8 +137,10 @@ constexpr std::size_t most_threads = 256;
 
 /// The calling thread is one of the threads. What cannot be started is done without.
 void run_on_threads(Run& run, unsigned wanted) noexcept {
+    if (run.chunks() == 1) return run.work();
     if (wanted == 0) wanted = std::max(1U, std::thread::hardware_concurrency());
     const std::size_t helpers = std::min({std::size_t{wanted}, most_threads, run.chunks()}) - 1;
+    if (helpers == 0) return run.work();
     std::array<std::thread, most_threads> threads;
     try {
         for (std::size_t i = 0; i < helpers; ++i) threads[i] = std::thread(&Run::work, &run);

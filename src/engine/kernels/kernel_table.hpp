@@ -3,6 +3,7 @@
 
 #include "engine/kernels/kernel_bodies.hpp"
 
+#include <type_traits>
 #include <utility>
 
 namespace ktl::engine {
@@ -36,36 +37,40 @@ void line_temperature(const double* p, std::size_t n, double* t) {
 
 // ---- The table -------------------------------------------------------------------------------------------------------
 
+// T is the number type of one vector, Wide that of two, which hides latency: one is computed while the other waits for a division, a
+// root or a step of a polynomial. That costs registers, so Wide is used for what has few values at a time, by measurement.
+
 /// The pairs that programs ask most have searches of their own.
-template <Pair pair, SubRegion sub_region, class T>
+template <Pair pair, SubRegion sub_region, class T, class Wide>
 constexpr Kernels::Solve solve_kernel() {
     constexpr bool often = pair == Pair::pt || pair == Pair::ph || pair == Pair::ps;
     if constexpr (pair == Pair::pt && sub_region != SubRegion::near_critical)
         return nullptr;
     else if constexpr (often)
-        return solve_pair<pair, sub_region, T>;
+        return solve_pair<pair, sub_region, std::conditional_t<sub_region == SubRegion::near_critical, T, Wide>>;
     else
         return solve_any<sub_region, T>;
 }
 
-template <Pair pair, class T>
+template <Pair pair, class T, class Wide>
 constexpr std::array<Kernels::Solve, kind_count> solve_kernels() {
+    using Either = std::conditional_t<pair == Pair::sx, Wide, T>;
     if constexpr (has_quality(pair) && pair != Pair::sx)
-        return {nullptr, nullptr, nullptr, solve_mixture_at_p_or_t<false, T>, solve_mixture_at_p_or_t<true, T>};
+        return {nullptr, nullptr, nullptr, solve_mixture_at_p_or_t<false, Wide>, solve_mixture_at_p_or_t<true, Wide>};
     else if constexpr (has_pressure(pair) || has_temperature(pair))
-        return {solve_kernel<pair, SubRegion::water, T>(), solve_kernel<pair, SubRegion::steam, T>(),
-                solve_kernel<pair, SubRegion::near_critical, T>(), solve_mixture_at_p_or_t<false, T>,
-                solve_mixture_at_p_or_t<true, T>};
+        return {solve_kernel<pair, SubRegion::water, T, Wide>(), solve_kernel<pair, SubRegion::steam, T, Wide>(),
+                solve_kernel<pair, SubRegion::near_critical, T, Wide>(), solve_mixture_at_p_or_t<false, Wide>,
+                solve_mixture_at_p_or_t<true, Wide>};
     else
-        return {solve_kernel<pair, SubRegion::water, T>(), solve_kernel<pair, SubRegion::steam, T>(),
-                solve_kernel<pair, SubRegion::near_critical, T>(), solve_mixture_search<false, T>,
-                solve_mixture_search<true, T>};
+        return {solve_kernel<pair, SubRegion::water, T, Wide>(), solve_kernel<pair, SubRegion::steam, T, Wide>(),
+                solve_kernel<pair, SubRegion::near_critical, T, Wide>(), solve_mixture_search<false, Either>,
+                solve_mixture_search<true, Either>};
 }
 
-template <PhaseKind kind, class T>
+template <PhaseKind kind, class T, class Wide>
 constexpr std::array<Kernels::Evaluate, level_count> evaluate_kernels() {
-    return {evaluate<kind, PropertyLevel::variables, T>, evaluate<kind, PropertyLevel::volume, T>,
-            evaluate<kind, PropertyLevel::energies, T>, evaluate<kind, PropertyLevel::heat_capacity, T>,
+    return {evaluate<kind, PropertyLevel::variables, Wide>, evaluate<kind, PropertyLevel::volume, Wide>,
+            evaluate<kind, PropertyLevel::energies, Wide>, evaluate<kind, PropertyLevel::heat_capacity, T>,
             evaluate<kind, PropertyLevel::everything, T>};
 }
 
@@ -75,25 +80,25 @@ constexpr std::array<Kernels::Mix, 3> mix_kernels() {
             mix_and_evaluate<high, PropertyLevel::energies, T>};
 }
 
-template <class T, std::size_t... pair>
+template <class T, class Wide, std::size_t... pair>
 constexpr Kernels table_of(const char* name, std::index_sequence<pair...>) {
     return {name,
-            T::count,
-            {classify<static_cast<Pair>(pair), T>...},
+            Wide::count,
+            {classify<static_cast<Pair>(pair), Wide>...},
             {guess<static_cast<Pair>(pair), T>...},
-            {solve_kernels<static_cast<Pair>(pair), T>()...},
-            {evaluate_kernels<PhaseKind::water, T>(), evaluate_kernels<PhaseKind::steam, T>(),
-             evaluate_kernels<PhaseKind::near_critical, T>(), evaluate_kernels<PhaseKind::wet, T>(),
-             evaluate_kernels<PhaseKind::wet_near_critical, T>()},
-            {mix_kernels<false, T>(), mix_kernels<true, T>()},
-            line_pressure<T>,
+            {solve_kernels<static_cast<Pair>(pair), T, Wide>()...},
+            {evaluate_kernels<PhaseKind::water, Wide, Wide>(), evaluate_kernels<PhaseKind::steam, T, Wide>(),
+             evaluate_kernels<PhaseKind::near_critical, T, T>(), evaluate_kernels<PhaseKind::wet, T, Wide>(),
+             evaluate_kernels<PhaseKind::wet_near_critical, T, Wide>()},
+            {mix_kernels<false, Wide>(), mix_kernels<true, T>()},
+            line_pressure<Wide>,
             line_slope<T>,
-            line_temperature<T>};
+            line_temperature<Wide>};
 }
 
-template <class T>
+template <class T, class Wide>
 constexpr Kernels table(const char* name) {
-    return table_of<T>(name, std::make_index_sequence<pair_count>());
+    return table_of<T, Wide>(name, std::make_index_sequence<pair_count>());
 }
 
 } // namespace ktl::engine

@@ -14,8 +14,8 @@ enum class PhaseKind : std::uint8_t { water, steam, near_critical, wet, wet_near
 inline constexpr std::size_t kind_count = 5;
 inline constexpr std::size_t level_count = 5;
 
-/// SolutionColumns end at a whole number of these: the lanes of the widest registers.
-inline constexpr std::size_t widest = 8;
+/// The most lanes that any of them has; columns have room for a whole number of these.
+inline constexpr std::size_t widest = 16;
 
 /// SolutionColumns of states in the variables of their regions, as in Solution. accepted is 1 if the search came to a state of
 /// its kind, else 0. liquid and vapour belong to two phases.
@@ -25,7 +25,7 @@ struct SolutionColumns {
 
 struct Kernels {
     const char* name;  ///< the instruction set
-    std::size_t lanes; ///< doubles in a register
+    std::size_t lanes; ///< rows that are computed at once
 
     using Classify = void (*)(const double* a, const double* b, std::size_t n, double* patches);
     using Guess = void (*)(guesses::GuessPatch c, const double* a, const double* b, std::size_t n,

@@ -1,12 +1,12 @@
 #include "engine/kernels/kernel_table.hpp"
-#include "engine/lanes/lanes.hpp"
+#include "engine/lanes/double_lanes.hpp"
 
 namespace ktl::engine {
 
 static_assert(HWY_NAMESPACE::Lanes::count == 4, "the flags of the instruction set have no effect");
 
 const Kernels* avx2_kernels() noexcept {
-    static constexpr Kernels of_lanes = table<HWY_NAMESPACE::Lanes>("avx2");
+    static constexpr Kernels of_lanes = table<HWY_NAMESPACE::Lanes, HWY_NAMESPACE::DoubleLanes>("avx2");
     return &of_lanes;
 }
 

@@ -1,12 +1,12 @@
 #include "engine/kernels/kernel_table.hpp"
-#include "engine/lanes/lanes.hpp"
+#include "engine/lanes/double_lanes.hpp"
 
 namespace ktl::engine {
 
 static_assert(HWY_NAMESPACE::Lanes::count == 8, "the flags of the instruction set have no effect");
 
 const Kernels* avx512_kernels() noexcept {
-    static constexpr Kernels of_lanes = table<HWY_NAMESPACE::Lanes>("avx512");
+    static constexpr Kernels of_lanes = table<HWY_NAMESPACE::Lanes, HWY_NAMESPACE::DoubleLanes>("avx512");
     return &of_lanes;
 }
 

@@ -4,7 +4,7 @@
 namespace ktl::engine {
 
 const Kernels& scalar_kernels() noexcept {
-    static constexpr Kernels of_scalars = table<Scalar>("scalar");
+    static constexpr Kernels of_scalars = table<Scalar, Scalar>("scalar");
     return of_scalars;
 }
 

@@ -15,21 +15,20 @@ using guesses::GuessPatch;
 constexpr auto wet_kind = static_cast<std::size_t>(PhaseKind::wet);
 constexpr std::size_t search_patch = static_cast<std::size_t>(GuessPatch::search);
 
-constexpr std::size_t padded(std::size_t n) { return (n + widest - 1) / widest * widest; }
-static_assert(padded(block_rows) == block_rows);
+static_assert(block_rows % widest == 0);
 
 /// Up to so many rows take less time one at a time than a block does.
 constexpr std::size_t few_rows = 2;
 
 using Column = std::array<double, block_rows + widest>;
 
-/// Room for the results of a block, so that it does not outgrow the stack of a small thread: whole blocks of up to four
+/// Room for the results of a block, so that it does not outgrow the stack of a small thread: whole blocks of up to six
 /// properties, fewer rows of more.
-constexpr std::size_t result_room = 4 * block_rows;
+constexpr std::size_t result_room = 6 * block_rows;
 constexpr std::size_t rows_with(std::size_t properties) {
     return std::min(block_rows, result_room / std::max<std::size_t>(1, properties) / widest * widest);
 }
-static_assert(rows_with(property_count) >= 8 * widest);
+static_assert(rows_with(property_count) >= 4 * widest);
 
 /// Rows of one kind, brought together.
 struct Rows {
@@ -100,8 +99,13 @@ private:
         }
     }
 
+    /// n, rounded up to a whole number of lanes.
+    [[nodiscard]] std::size_t padded(std::size_t n) const {
+        return (n + kernels_.lanes - 1) / kernels_.lanes * kernels_.lanes;
+    }
+
     /// Repeats the last row up to a whole number of lanes.
-    static void pad(Column& column, std::size_t n) {
+    void pad(Column& column, std::size_t n) const {
         for (std::size_t i = n; i < padded(n); ++i) column[i] = column[n - 1];
     }
 

@@ -5,7 +5,7 @@
 
 namespace ktl::engine {
 
-inline constexpr std::size_t block_rows = 384;
+inline constexpr std::size_t block_rows = 256;
 
 /// The states of rows (a[i], b[i]), i < n <= block_rows; outputs[k][i] gets properties[k]. Returns how many are solved.
 /// The pair and the properties must be of their enumerations, the properties at most property_count.
