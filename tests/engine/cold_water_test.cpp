@@ -1,5 +1,7 @@
 // Enthalpy and entropy of cold water next to saturation, which mixtures slightly colder have, too; and saturated water
 // next to 350 degC, beside which sub-region 3 has states.
+#include "engine/solution.hpp"
+#include "searches/saturated_water.hpp"
 #include "searches/state.hpp"
 #include "support/random.hpp"
 #include "sweep/fold_scan.hpp"
@@ -71,6 +73,17 @@ TEST(ColdWater, SaturatedWaterComesBackByEnthalpyAndEntropy) {
         EXPECT_NEAR(state.v(), expected[i], 1e-6 * expected[i]) << h[i] << ", " << s[i];
         EXPECT_EQ(v[i], state.v()) << h[i] << ", " << s[i];
         EXPECT_TRUE(std::isnan(x[i]) && region[i] == 1.0) << h[i] << ", " << s[i];
+    }
+}
+
+// The lanes take such mixtures without asking for water.
+TEST(ColdWater, MixturesAboveTheDoubtfulQualityAreNoWater) {
+    for (double t = 14.0; t < 350.0; t += t < 20.0 ? 0.0137 : 0.47) {
+        for (const double share : {1.0, 1.4, 3.0, 20.0}) {
+            const State mixture = ktl::state(Pair::tx, t, share * ktl::searches::doubtful_quality(t));
+            EXPECT_EQ(ktl::engine::search(Pair::hs, mixture.h(), mixture.s(), 0).region, Region::wet)
+                << t << ", " << share;
+        }
     }
 }
 

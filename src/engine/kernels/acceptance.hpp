@@ -17,15 +17,15 @@ using searches::NewtonResult;
 /// Measured by ktl_constants: 1.392 K and 0.246 K by u, s; 0.607 K by h, s; 0.072 K and 0.02 K by other pairs; 0.0006.
 struct Margin {
     double one_phase, mixture, least_mixture, pressure;
-    /// Qualities up to which water may take precedence over a mixture: below searches::folded_below, and above.
-    double cold_quality = 0.0, quality = 0.0;
+    bool doubtful_quality =
+        false; ///< mixtures of up to searches::doubtful_quality() are rejected: water may take precedence
 };
 inline constexpr Margin no_margin{0.0, 0.0, 0.0, 0.0};
 
 /// Margin of the first search of a pair. p, t and p or t with x name one state.
 constexpr Margin margin_of(Pair pair) {
     if (pair == Pair::pt || pair == Pair::px || pair == Pair::tx) return no_margin;
-    if (pair == Pair::hs) return {0.65, 0.65, 0.015, 0.001, searches::folded_quality, searches::doubtful_quality};
+    if (pair == Pair::hs) return {0.65, 0.65, 0.015, 0.001, true};
     if (pair == Pair::us) return {1.45, 0.27, 0.015, 0.001};
     return {0.1, 0.03, 0.015, 0.001};
 }

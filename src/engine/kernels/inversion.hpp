@@ -157,8 +157,7 @@ template <bool high, class T>
 T accept(Pair pair, const TwoPhaseIterate<T>& m, const Margin& margin) {
     const bool may_be_water = pair == Pair::pv || pair == Pair::th || pair == Pair::ts || pair == Pair::tu;
     T least(may_be_water ? hardly_steam : 0.0);
-    if (!high && pair == Pair::hs)
-        least = select(m.t < searches::folded_below, T(margin.cold_quality), T(margin.quality));
+    if (!high && pair == Pair::hs && margin.doubtful_quality) least = searches::doubtful_quality(m.t);
     T in = searches::in_two_phases<high>(m.x, m.t, searches::strict) * zero_unless(m.x >= least, m.converged);
     if constexpr (high) {
         // At a given temperature the search begins next to the outermost volumes.

@@ -53,6 +53,56 @@ public:
             return solved_;
         }
         sort();
+        const std::size_t classified = solve_kinds(properties, outputs, status);
+        for (std::size_t i = classified; i < n_; ++i) search_row(order_[i], {}, properties, outputs, status);
+        if (open_count_ != 0) {
+            sort_open();
+            solve_kinds(properties, outputs, status);
+        }
+        return solved_;
+    }
+
+private:
+    /// A row that its own patch left open, where the search ended, and the patch across the saturation line.
+    struct Open {
+        EndOfSearch ended;
+        std::uint16_t row;
+        GuessPatch across;
+    };
+
+    /// Orders the rows by patch; rows keep their order within one. A block of one patch is in order already.
+    void sort() {
+        std::copy_n(a_, n_, rows_.a.begin());
+        std::copy_n(b_, n_, rows_.b.begin());
+        pad(rows_.a, n_);
+        pad(rows_.b, n_);
+        kernels_.classify[index_](rows_.a.data(), rows_.b.data(), padded(n_), rows_.primary.data());
+        unsigned present = 0;
+        for (std::size_t i = 0; i < n_; ++i) {
+            const auto c = static_cast<unsigned>(static_cast<int>(rows_.primary[i]));
+            patches_[i] = static_cast<std::uint8_t>(c);
+            present |= 1U << c;
+        }
+        in_order_ = (present & (present - 1U)) == 0;
+        std::size_t end = 0;
+        for (std::size_t c = 0; c < guesses::patch_count; ++c) {
+            if ((present >> c & 1U) == 0) continue;
+            const std::size_t begin = end;
+            for (std::size_t i = 0; i < n_; ++i) {
+                order_[end] = static_cast<std::uint16_t>(i);
+                end += patches_[i] == c ? 1 : 0;
+            }
+            counts_[c] = end - begin;
+        }
+    }
+
+    /// n, rounded up to a whole number of lanes.
+    [[nodiscard]] std::size_t padded(std::size_t n) const {
+        return (n + kernels_.lanes - 1) / kernels_.lanes * kernels_.lanes;
+    }
+
+    /// Solves the rows in the order of their kinds, each kind in lanes. Returns how many rows have one.
+    std::size_t solve_kinds(std::span<const Property> properties, double* const* outputs, Status* status) {
         std::size_t begin = 0;
         for (std::size_t c = 0; c < search_patch;) {
             std::size_t end_patch = c;
@@ -67,41 +117,23 @@ public:
             begin += count;
             c = end_patch;
         }
-        for (std::size_t i = begin; i < n_; ++i) search_row(order_[i], {}, properties, outputs, status);
-        return solved_;
+        return begin;
     }
 
-private:
-    /// Orders the rows by patch; rows keep their order within one. A block of one patch is in order already.
-    void sort() {
-        std::copy_n(a_, n_, rows_.a.begin());
-        std::copy_n(b_, n_, rows_.b.begin());
-        pad(rows_.a, n_);
-        pad(rows_.b, n_);
-        kernels_.classify[index_](rows_.a.data(), rows_.b.data(), padded(n_), rows_.primary.data());
-        std::array<std::uint8_t, block_rows> patches;
-        unsigned present = 0;
-        for (std::size_t i = 0; i < n_; ++i) {
-            const auto c = static_cast<unsigned>(static_cast<int>(rows_.primary[i]));
-            patches[i] = static_cast<std::uint8_t>(c);
-            present |= 1U << c;
-        }
-        in_order_ = (present & (present - 1U)) == 0;
+    /// Orders the rows that their own patches left open by the patches across the saturation line.
+    void sort_open() {
+        in_order_ = false;
+        across_ = true;
         std::size_t end = 0;
         for (std::size_t c = 0; c < guesses::patch_count; ++c) {
-            if ((present >> c & 1U) == 0) continue;
             const std::size_t begin = end;
-            for (std::size_t i = 0; i < n_; ++i) {
-                order_[end] = static_cast<std::uint16_t>(i);
-                end += patches[i] == c ? 1 : 0;
+            for (std::size_t i = 0; i < open_count_; ++i) {
+                place_[end] = static_cast<std::uint16_t>(i);
+                order_[end] = open_[i].row;
+                end += static_cast<std::size_t>(open_[i].across) == c ? 1 : 0;
             }
             counts_[c] = end - begin;
         }
-    }
-
-    /// n, rounded up to a whole number of lanes.
-    [[nodiscard]] std::size_t padded(std::size_t n) const {
-        return (n + kernels_.lanes - 1) / kernels_.lanes * kernels_.lanes;
     }
 
     /// Repeats the last row up to a whole number of lanes.
@@ -185,7 +217,8 @@ private:
             for (std::size_t i = 0; i < count; ++i) output[order_[begin + i]] = column[i];
     }
 
-    /// Gives the rows of one kind their status; those that the lanes left open go to the exact search.
+    /// Gives the rows of one kind their status; those that the lanes left open go across the line, then to the
+    /// exact search.
     void close(std::size_t begin, std::size_t count, std::span<const Property> properties, double* const* outputs,
                Status* status) {
         std::size_t accepted = 0;
@@ -196,9 +229,30 @@ private:
         else
             for (std::size_t i = 0; i < count; ++i) status[order_[begin + i]] = Status::solved;
         if (accepted == count) return;
-        for (std::size_t i = 0; i < count; ++i)
-            if (!(rows_.accepted[i] > 0.5))
-                search_row(order_[begin + i], {rows_.primary[i], rows_.t[i]}, properties, outputs, status);
+        for (std::size_t i = 0; i < count; ++i) {
+            if (rows_.accepted[i] > 0.5) continue;
+            const EndOfSearch ended{rows_.primary[i], rows_.t[i]};
+            if (across_)
+                search_across(open_[place_[begin + i]], ended, properties, outputs, status);
+            else
+                leave_open(order_[begin + i], ended, properties, outputs, status);
+        }
+    }
+
+    /// Keeps a row for the patch across the saturation line, if there is one.
+    void leave_open(std::uint16_t row, const EndOfSearch& ended, std::span<const Property> properties,
+                    double* const* outputs, Status* status) {
+        const GuessPatch across = patch_across(pair_, static_cast<GuessPatch>(patches_[row]), a_[row], ended);
+        if (across == GuessPatch::search) return search_row(row, ended, properties, outputs, status);
+        open_[open_count_++] = {ended, row, across};
+    }
+
+    /// Searches a row that the patch across the line did not have either.
+    void search_across(const Open& open, const EndOfSearch& ended, std::span<const Property> properties,
+                       double* const* outputs, Status* status) {
+        const AcrossLine tried{open.across, ended};
+        deliver(solve_row_again(pair_, a_[open.row], b_[open.row], open.ended, &tried), open.row, properties, outputs,
+                status);
     }
 
     void search_row(std::size_t row, const EndOfSearch& ended, std::span<const Property> properties,
@@ -222,6 +276,12 @@ private:
     bool in_order_ = false;
     std::array<std::size_t, guesses::patch_count> counts_{};
     std::array<std::uint16_t, block_rows + 1> order_;
+    std::array<std::uint8_t, block_rows> patches_;
+    // The second round: its rows, and which of them each place of order_ has.
+    std::array<Open, block_rows> open_;
+    std::array<std::uint16_t, block_rows + 1> place_;
+    std::size_t open_count_ = 0;
+    bool across_ = false;
     Rows rows_;
     alignas(64) std::array<double, result_room> results_;
 };

@@ -1,4 +1,5 @@
 #include "engine/rows/row.hpp"
+#include "engine/rows/neighbours.hpp"
 
 #include "engine/kernels/inversion.hpp"
 
@@ -173,71 +174,6 @@ constexpr std::array<PairSolver, pair_count> solvers_of(std::index_sequence<pair
 }
 constexpr auto solvers = solvers_of(std::make_index_sequence<pair_count>());
 
-/// True if two values name one state at most, so that whichever patch finds a state has found it.
-constexpr bool names_one_state(Pair pair) {
-    return pair == Pair::ph || pair == Pair::ps || pair == Pair::pu || pair == Pair::tv || pair >= Pair::hs;
-}
-
-/// The order in which sub-regions claim a state: 1 and 2, their mixtures, then sub-region 3.
-constexpr std::array precedence{GuessPatch::water,
-                                GuessPatch::steam_thin,
-                                GuessPatch::steam,
-                                GuessPatch::steam_dense,
-                                GuessPatch::wet_low_s,
-                                GuessPatch::wet,
-                                GuessPatch::wet_near_critical,
-                                GuessPatch::liquid_like,
-                                GuessPatch::vapour_like};
-
-/// The patches across the saturation line: a row belongs to one of them, as a rule, if its own patch has no state for it. Border
-/// curves are fits, so half of the rows on the line, and more of those rounded to a few digits, begin on the wrong side.
-std::span<const GuessPatch> across_line(GuessPatch patch, const EndOfSearch& ended, const Margin& margin) {
-    static constexpr std::array water{GuessPatch::water};
-    static constexpr std::array steam{GuessPatch::steam_thin, GuessPatch::steam, GuessPatch::steam_dense};
-    static constexpr std::array mixtures{GuessPatch::wet_low_s, GuessPatch::wet};
-    static constexpr std::array liquid_like{GuessPatch::liquid_like};
-    static constexpr std::array vapour_like{GuessPatch::vapour_like};
-    static constexpr std::array dense_mixtures{GuessPatch::wet_near_critical};
-    using Patches = std::span<const GuessPatch>;
-    const double x = ended.primary;
-    const auto beside_mixture = [x](Patches liquid, Patches vapour) {
-        return x < 0.5 ? liquid : x > 0.5 ? vapour : Patches{};
-    };
-    const bool above_350 = ended.t > ktl_lc.t3min + margin.one_phase && ended.t < ktl_lc.tc;
-    switch (kind_of[static_cast<std::size_t>(patch)]) {
-    case PhaseKind::water:
-    case PhaseKind::steam: return mixtures;
-    case PhaseKind::near_critical: return above_350 ? Patches(dense_mixtures) : Patches{};
-    case PhaseKind::wet: return beside_mixture(water, steam);
-    case PhaseKind::wet_near_critical: return beside_mixture(liquid_like, vapour_like);
-    }
-    return {};
-}
-
-/// The patches on both sides of the saturation line up to 350 degC, by precedence, if a search ended beside it: of others no state
-/// is near. Otherwise all.
-std::span<const GuessPatch> candidates(GuessPatch patch, const EndOfSearch& ended) {
-    static constexpr std::array beside_water{GuessPatch::water, GuessPatch::wet_low_s, GuessPatch::wet};
-    static constexpr std::array beside_steam{GuessPatch::steam_thin, GuessPatch::steam, GuessPatch::steam_dense,
-                                             GuessPatch::wet_low_s, GuessPatch::wet};
-    constexpr double beside = 1.0e-4;         // of the pressure, or quality
-    constexpr double away_from_border = 10.0; // K below 350 degC
-    if (!(ended.t < ktl_lc.t3min - away_from_border)) return precedence;
-    const auto on_line = [&] {
-        const double ps = saturation::terms(Scalar(ended.t)).p.value;
-        return std::fabs(ended.primary - ps) < beside * ps;
-    };
-    switch (kind_of[static_cast<std::size_t>(patch)]) {
-    case PhaseKind::water: return on_line() ? std::span<const GuessPatch>(beside_water) : precedence;
-    case PhaseKind::steam: return on_line() ? std::span<const GuessPatch>(beside_steam) : precedence;
-    case PhaseKind::wet:
-        if (std::fabs(ended.primary) < beside) return beside_water;
-        if (std::fabs(ended.primary - 1.0) < beside) return beside_steam;
-        return precedence;
-    default: return precedence;
-    }
-}
-
 /// Limits of the states of sub-region 3 that share values with saturated water of sub-region 1, at 348.36 to 350 degC:
 /// measured down to 0.001709 m3/kg in one phase, and up to x = 2.1e-6 in two.
 constexpr double overlapping_volume = 0.00169;
@@ -249,8 +185,7 @@ bool in_doubt(Pair pair, const RowState& found) noexcept {
     if (pair < Pair::hs) return false;
     const Margin margin = margin_of(pair);
     const double t = found.bulk.t.value;
-    if (found.region == Region::wet)
-        return found.x < (t < searches::folded_below ? margin.cold_quality : margin.quality);
+    if (found.region == Region::wet) return margin.doubtful_quality && found.x < searches::doubtful_quality(t);
     if (!(t < ktl_lc.t3min + margin.one_phase)) return false;
     if (found.region == Region::wet_near_critical) return found.x < overlapping_quality;
     return found.region == Region::near_critical_water && found.bulk.v.value > overlapping_volume;
@@ -330,7 +265,7 @@ double value_of_row(Pair pair, double a, double b, Property property) noexcept {
     return value(property, row.bulk, row.x, row.region);
 }
 
-RowState solve_row_again(Pair pair, double a, double b, const EndOfSearch& ended) noexcept {
+RowState solve_row_again(Pair pair, double a, double b, const EndOfSearch& ended, const AcrossLine* tried) noexcept {
     const PairSolver& solver = solvers[static_cast<std::size_t>(pair)];
     const GuessPatch own = solver.classify(a, b);
     const bool by_patches = names_one_state(pair) && own != GuessPatch::search;
@@ -339,17 +274,22 @@ RowState solve_row_again(Pair pair, double a, double b, const EndOfSearch& ended
         return std::any_of(patches.begin(), patches.end(),
                            [&](GuessPatch patch) { return solver.solve(patch, a, b, margin, out); });
     };
-    // What looks no further than across the line costs less than to ask for the ends of lines, but not if the search went astray.
-    const bool astray = !(ended.t > ktl_lc.tmin - 1.0 && ended.t < ktl_lc.tmax + 1.0);
-    // Away from the border of sub-region 3 by the margin, no patch of precedence claims the state, too.
-    bool found = by_patches && !astray && solved(across_line(own, ended, margin_of(pair)), margin_of(pair));
+    AcrossLine across{patch_across(pair, own, a, ended), {}};
+    if (tried != nullptr) {
+        across = *tried;
+    } else if (across.patch != GuessPatch::search) {
+        if (solver.solve(across.patch, a, b, margin_of(pair), out)) return out;
+        across.ended = {out.x, out.bulk.t.value};
+    }
+    const Candidates others = by_patches ? candidates(own, ended, across) : Candidates{};
+    bool found = others.beside_border && solved(others.patches, no_margin);
     if (!found) {
         if (const Status beyond = status_beyond(pair, a, b); beyond != Status::solved) {
             out = {};
             out.status = beyond;
             return out;
         }
-        found = by_patches && solved(candidates(own, ended), no_margin);
+        found = !others.beside_border && solved(others.patches, no_margin);
     }
     if (!found) return evaluated(search(pair, a, b, 0));
     return in_doubt(pair, out) ? water_or(pair, a, b, out) : out;

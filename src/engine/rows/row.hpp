@@ -2,29 +2,11 @@
 #pragma once
 
 #include "engine/derived.hpp"
-#include "engine/guesses/guess_form.hpp"
-#include "engine/kernels/kernels.hpp"
 #include "engine/lanes/scalar.hpp"
+#include "engine/rows/neighbours.hpp"
 #include "engine/solution.hpp"
 
-#include <algorithm>
-
 namespace ktl::engine {
-
-/// The kind of phase of each patch; the patches of one kind follow one another. GuessPatch::search has none.
-inline constexpr std::array<PhaseKind, guesses::patch_count - 1> kind_of{PhaseKind::water,
-                                                                         PhaseKind::steam,
-                                                                         PhaseKind::steam,
-                                                                         PhaseKind::steam,
-                                                                         PhaseKind::near_critical,
-                                                                         PhaseKind::near_critical,
-                                                                         PhaseKind::near_critical,
-                                                                         PhaseKind::wet,
-                                                                         PhaseKind::wet,
-                                                                         PhaseKind::wet,
-                                                                         PhaseKind::wet_near_critical,
-                                                                         PhaseKind::wet_near_critical};
-static_assert(std::is_sorted(kind_of.begin(), kind_of.end()));
 
 /// The region of a state of that kind in its own variables.
 Region region_of(PhaseKind kind, double primary, double t) noexcept;
@@ -34,11 +16,6 @@ inline constexpr auto no_phase = [] {
     const Scalar n(quiet_nan);
     return PhaseProperties<Scalar>{n, n, n, n, n, n, n, n, n, n};
 }();
-
-/// Where the search of a patch ended: primary variable, of a mixture its quality, and t.
-struct EndOfSearch {
-    double primary = quiet_nan, t = quiet_nan;
-};
 
 /// A row after its search. Each phase is evaluated once; liquid and vapour exist in two phases only.
 struct RowState {
@@ -51,9 +28,10 @@ static_assert(sizeof(RowState) <= 256, "compilers copy more than that by an inst
 
 /// The preferred state that has both values.
 RowState solve_row(Pair pair, double a, double b) noexcept;
-/// The same for a row whose patch did not lead to a state: by the other patches, then by the exact search. ended: of the search in
-/// its patch.
-RowState solve_row_again(Pair pair, double a, double b, const EndOfSearch& ended) noexcept;
+/// The same for a row whose patch did not lead to a state: by the patch across the line, by the others, then by the exact search. ended:
+/// of the search in its patch; tried: of the one across the line, if that was made.
+RowState solve_row_again(Pair pair, double a, double b, const EndOfSearch& ended,
+                         const AcrossLine* tried = nullptr) noexcept;
 /// One property of the state of solve_row, with the same bits.
 double value_of_row(Pair pair, double a, double b, Property property) noexcept;
 /// The state of a solution of the exact search.
