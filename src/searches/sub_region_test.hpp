@@ -14,10 +14,15 @@ T is_between(const T& z, const Low& low, const High& high) {
     return zero_unless(z >= low, zero_unless(z <= high, T(1.0)));
 }
 
+/// A pressure above all of the saturation line up to 350 degC, where it is 165.351 bar.
+inline constexpr double above_the_line = 166.0;
+
 /// Sub-region 1: water from the saturation pressure to 1000 bar, up to 350 degC.
 template <class T>
 T in_water(const T& p, const T& t, const BorderSlack& slack) {
-    const T least = saturation::terms(t).p * (1.0 - slack.water_line) - slack.water_absolute;
+    const T least = select_lazy(
+        p > above_the_line, [&] { return p; },
+        [&] { return saturation::terms(t).p * (1.0 - slack.water_line) - slack.water_absolute; });
     T greatest(ktl_lc.pmax * (1.0 + slack.range));
     if (slack.p_beyond_1000 > 0.0)
         greatest = select(t > ktl_lc.t1max, T(ktl_lc.pmax * (1.0 + slack.p_beyond_1000)), greatest);
@@ -27,9 +32,12 @@ T in_water(const T& p, const T& t, const BorderSlack& slack) {
 /// Sub-region 2: steam up to the saturation pressure, above 350 degC up to the 2/3 boundary and above 590 degC to 1000 bar.
 template <class T>
 T in_steam(const T& p, const T& t, const BorderSlack& slack) {
-    const T hot = select(t < ktl_lc.t3max, boundary_pressure(t) * (1.0 + (slack.range + slack.p_beyond_boundary)),
-                         T(ktl_lc.pmax * (1.0 + slack.range)));
-    const T greatest = select(t > ktl_lc.t1max, hot, saturation::terms(t).p * (1.0 + slack.steam_line));
+    const auto hot = [&] {
+        return select(t < ktl_lc.t3max, boundary_pressure(t) * (1.0 + (slack.range + slack.p_beyond_boundary)),
+                      T(ktl_lc.pmax * (1.0 + slack.range)));
+    };
+    const T greatest =
+        select_lazy(t > ktl_lc.t1max, hot, [&] { return saturation::terms(t).p * (1.0 + slack.steam_line); });
     const T in_range = is_between(p, ktl_lc.pmin * (1.0 - slack.range), ktl_lc.pmax * (1.0 + slack.range)) *
                        is_between(t, ktl_lc.tmin - slack.range, ktl_lc.tmax + slack.range);
     return zero_unless(p <= greatest, in_range);

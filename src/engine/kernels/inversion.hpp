@@ -25,8 +25,6 @@ using searches::line_at;
 using searches::LinePoint;
 using searches::TwoPhaseIterate;
 
-/// A pressure above all of the saturation line up to 350 degC, where it is 165.351 bar.
-inline constexpr double above_the_line = 166.0;
 /// Larger values belong to no state (the largest is that of h, 4160 kJ/kg) and would only overflow.
 inline constexpr double largest_value = 1.0e9;
 /// Temperature, degC, below which water is handled by the exact search in pairs that may name two states there. Measured by
@@ -51,7 +49,9 @@ T classify_pt(const T& p, const T& t) {
     };
     const auto water = [&] { return is(GuessPatch::water); };
     const auto steam = [&] { return is(GuessPatch::steam); };
-    const auto low = [&] { return select_lazy(p > above_the_line, water, [&] { return beside_line(water, steam); }); };
+    const auto low = [&] {
+        return select_lazy(p > searches::above_the_line, water, [&] { return beside_line(water, steam); });
+    };
     const auto dense = [&](GuessPatch c) {
         return [&p, &t, is, c] { return select(p <= boundary_pressure(t), is(GuessPatch::steam), is(c)); };
     };
