@@ -60,13 +60,13 @@ bool is_clear(Pair pair, const engine::Solution& state) {
 
 } // namespace
 
-FoundState guessed_state(Pair pair, const searches::Given& given) {
+FoundState<double> guessed_state(Pair pair, const searches::Given& given) {
     const engine::Solution found =
         in_float_environment([&] { return engine::find_by_patch(pair, given.a_value, given.b_value); });
     if (found.status != Status::solved || !is_clear(pair, found)) return {};
     if (found.region == Region::wet)
-        return searches::confirmed(mixture(saturated_at(found.t, given.model), found.primary), given);
-    return searches::confirmed({static_cast<int>(found.region), found.primary, found.t, {}}, given);
+        return searches::confirmed(mixture(saturated_at<double>(found.t, given.model), found.primary), given);
+    return searches::confirmed(FoundState<double>{static_cast<int>(found.region), found.primary, found.t, {}}, given);
 }
 
 } // namespace ktl::finders

@@ -9,6 +9,6 @@ namespace ktl::finders {
 
 /// The state that has both given values, confirmed, its saturated phases those of the entry. None if the guess does not lead to
 /// a state away from every border, or leads to a mixture above 350 degC: the entry has saturated volumes of its own there.
-FoundState guessed_state(Pair pair, const searches::Given& given);
+FoundState<double> guessed_state(Pair pair, const searches::Given& given);
 
 } // namespace ktl::finders

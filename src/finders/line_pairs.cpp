@@ -29,29 +29,29 @@ bool beyond_isochore(Quantity y, ktl_property_eps of_end, double value, double v
     return ends_there && beyond(value, of_end(ktl_lc.pmax, v, eps), y);
 }
 
-FoundState on_isentrope(Quantity y, ktl_property_eps of_end, const Given& given, double eps) {
+FoundState<double> on_isentrope(Quantity y, ktl_property_eps of_end, const Given& given, double eps) {
     const double value = given.a_value;
     const double s = given.b_value;
     if (!searches::finite(value, s) || beyond_isentrope(y, of_end, value, s, eps)) return {};
-    return searches::confirmed(searches::on_isentrope(y, value, s, SaturationModel::entry_compatible), given);
+    return searches::confirmed(searches::on_isentrope<double>(y, value, s, SaturationModel::entry_compatible), given);
 }
 
 int on_entropy(Pair pair, Quantity y, ktl_property_eps of_end, double& value, double& s, double eps) {
     const Given given{y, value, Quantity::entropy, s};
-    const FoundState guessed = finders::guessed_state(pair, given);
+    const FoundState<double> guessed = finders::guessed_state(pair, given);
     return finders::return_state(guessed.found() ? guessed : on_isentrope(y, of_end, given, eps), value, s);
 }
 
-FoundState on_isochore(Quantity y, ktl_property_eps of_end, const Given& given, double eps) {
+FoundState<double> on_isochore(Quantity y, ktl_property_eps of_end, const Given& given, double eps) {
     const double v = given.a_value;
     const double value = given.b_value;
     if (!searches::finite(v, value) || beyond_isochore(y, of_end, value, v, eps)) return {};
-    return searches::confirmed(searches::on_isochore(y, value, v, SaturationModel::entry_compatible), given);
+    return searches::confirmed(searches::on_isochore<double>(y, value, v, SaturationModel::entry_compatible), given);
 }
 
 int on_volume(Pair pair, Quantity y, ktl_property_eps of_end, double& v, double& value, double eps) {
     const Given given{Quantity::volume, v, y, value};
-    const FoundState guessed = finders::guessed_state(pair, given);
+    const FoundState<double> guessed = finders::guessed_state(pair, given);
     return finders::return_state(guessed.found() ? guessed : on_isochore(y, of_end, given, eps), v, value);
 }
 

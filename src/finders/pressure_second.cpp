@@ -9,16 +9,16 @@ namespace {
 using namespace ktl;
 using searches::Given;
 
-FoundState on_pressure(Quantity y, const Given& given) {
+FoundState<double> on_pressure(Quantity y, const Given& given) {
     double p_in = given.a_value;
     if (!searches::finite(p_in, given.b_value) || !searches::bring_within(p_in, ktl_lc.pmin, ktl_lc.pmax)) return {};
-    return searches::confirmed(on_isobar(y, p_in, given.b_value, SaturationModel::entry_compatible), given);
+    return searches::confirmed(on_isobar<double>(y, p_in, given.b_value, SaturationModel::entry_compatible), given);
 }
 
 /// From the engine's guess, or else by the enclosing search.
 int guessed_on_pressure(Pair pair, Quantity y, double& p, double& value) {
     const Given given{Quantity::pressure, p, y, value};
-    const FoundState guessed = finders::guessed_state(pair, given);
+    const FoundState<double> guessed = finders::guessed_state(pair, given);
     return finders::return_state(guessed.found() ? guessed : on_pressure(y, given), p, value);
 }
 

@@ -6,7 +6,7 @@
 namespace ktl::finders {
 
 /// Overwrites the two given values with the state; KTL_NO_STATE and both unchanged without one.
-inline int return_state(const FoundState& state, double& first, double& second) {
+inline int return_state(const FoundState<double>& state, double& first, double& second) {
     if (!state.found()) return KTL_NO_STATE;
     first = state.primary;
     second = state.t;

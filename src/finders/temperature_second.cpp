@@ -15,7 +15,7 @@ int on_temperature(Quantity y, double& t, double& value) {
     if (!searches::finite(t, value) || !searches::bring_within(t_in, ktl_lc.tmin, ktl_lc.tmax)) return KTL_NO_STATE;
     const Given given{Quantity::temperature, t, y, value};
     return finders::return_state(
-        searches::confirmed(on_isotherm(y, t_in, value, SaturationModel::entry_compatible), given), t, value);
+        searches::confirmed(on_isotherm<double>(y, t_in, value, SaturationModel::entry_compatible), given), t, value);
 }
 
 } // namespace

@@ -10,7 +10,7 @@ using namespace ktl;
 using reports::Case;
 
 /// True if the state has the value that it was searched for, within what the finders promise.
-bool has(const FoundState& state, Quantity y, double value) {
+bool has(const FoundState<double>& state, Quantity y, double value) {
     return state.found() && std::fabs(state.value(y) - value) <= 1.0e-8 * (std::fabs(value) + (y == Quantity::entropy));
 }
 
@@ -18,7 +18,7 @@ bool has(const FoundState& state, Quantity y, double value) {
 double from_pressure_volume(Quantity y, double p, double v) {
     if (std::isnan(p) || std::isnan(v)) return p + v;
     if (p >= ktl_lc.pmin && p <= ktl_lc.pmax && std::isfinite(v)) {
-        const FoundState state = on_isobar(Quantity::volume, p, v, SaturationModel::entry_compatible);
+        const FoundState<double> state = on_isobar<double>(Quantity::volume, p, v, SaturationModel::entry_compatible);
         if (has(state, Quantity::volume, v)) return state.value(y);
     }
     reports::report("KTL_PV", Case::pressure_volume_out_of_range, p, v);
@@ -29,7 +29,8 @@ double from_pressure_volume(Quantity y, double p, double v) {
 double from_temperature_entropy(Quantity y, double t, double s) {
     if (std::isnan(t) || std::isnan(s)) return t + s;
     if (t >= ktl_lc.tmin && t <= ktl_lc.tmax && std::isfinite(s)) {
-        const FoundState state = on_isotherm(Quantity::entropy, t, s, SaturationModel::entry_compatible);
+        const FoundState<double> state =
+            on_isotherm<double>(Quantity::entropy, t, s, SaturationModel::entry_compatible);
         if (has(state, Quantity::entropy, s)) return state.value(y);
     }
     reports::report("KTL_TS", Case::temperature_entropy_out_of_range, t, s);

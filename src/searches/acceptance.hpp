@@ -32,17 +32,20 @@ double allowance(Quantity y, double value, int region, SaturationModel model);
 
 /// The state, brought to a limit of the range that it passes by a hair (1e-6); no state where it lies further out
 /// or where its properties are not the given values to the given share of what is allowed.
-FoundState confirmed(FoundState state, const Given& given, double share = 1.0);
+template <class T>
+FoundState<T> confirmed(FoundState<T> state, const Given& given, double share = 1.0);
 
 /// Newton steps from start, which is near the state that has the given values, in the equations of its region. Whether they
 /// arrive is for confirmed() to say. No state for a mixture above 350 degC, whose phases have the entry's volumes.
-FoundState corrected(const FoundState& start, const Given& given);
+template <class T>
+FoundState<T> corrected(const FoundState<T>& start, const Given& given);
 
 /// How a state lies in the region that it names.
 enum class Place { outside, beside, inside };
 
 /// beside: outside by what a gap between sub-regions may need (0.5 K past 350 degC, 1 % of the pressure past the
 /// 2/3 boundary).
-Place place_of(const FoundState& state, SaturationModel model);
+template <class T>
+Place place_of(const FoundState<T>& state, SaturationModel model);
 
 } // namespace ktl::searches

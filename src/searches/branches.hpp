@@ -14,8 +14,8 @@ struct Branches {
 
 /// The states on both sides; f(z) is the residual at z, at(z) the state. Residuals up to the tolerance are rounding, those
 /// up to the allowed one what a state may have.
-template <class Residual, class At>
-BothSides both_sides(const Branches& line, Residual&& f, At&& at, double tolerance, double allowed, bool wet) {
+template <class T, class Residual, class At>
+BothSides<T> both_sides(const Branches& line, Residual&& f, At&& at, double tolerance, double allowed, bool wet) {
     const double f_saturated = f(line.saturated);
     const double f_turn = f(line.turn);
     const double f_end = f(line.end);
@@ -23,7 +23,7 @@ BothSides both_sides(const Branches& line, Residual&& f, At&& at, double toleran
     const auto between = [&](double a, double fa, double b, double fb) {
         return at(solvers::enclose(f, a, fa, b, fb, tolerance).x);
     };
-    BothSides found;
+    BothSides<T> found;
     if (is_zero(f_saturated) || is_zero(f_turn) || f_saturated * f_turn < 0.0)
         found.preferred = between(line.saturated, f_saturated, line.turn, f_turn);
     if (line.turn != line.end && !is_zero(f_turn)) {

@@ -13,14 +13,14 @@ inline constexpr std::size_t most_on_quality_line = 11;
 
 /// The states of entropy s, kJ/(kg K), and quality x, 0 to 1, by rising temperature, with the outermost phases; out takes
 /// as many as it has room for. Returns how many it took.
-int on_quality_line(double s, double x, std::span<FoundState> out);
+template <class T>
+int on_quality_line(double s, double x, std::span<FoundState<T>> out);
 
 /// The state of lowest temperature up to 350 degC, or none.
-FoundState first_up_to_350(double s, double x, SaturationModel model);
+template <class T>
+FoundState<T> first_up_to_350(double s, double x, SaturationModel model);
 /// The state on the line of sub-regions 1 and 2 continued past 350 degC, by up to 0.5 K, or none.
-FoundState first_past_350(double s, double x, SaturationModel model);
-
-/// The state that the finder of entropy and quality gives: with the phases of the entry, the one of lowest temperature.
-FoundState on_entry_quality_line(double s, double x);
+template <class T>
+FoundState<T> first_past_350(double s, double x, SaturationModel model);
 
 } // namespace ktl::searches

@@ -29,18 +29,22 @@ inline constexpr double rounding_share = 0.1;
 
 /// Saturated water up to 350 degC that has both values, to the given share of what is allowed; no state if it misses
 /// one. The second value must be an enthalpy, entropy or internal energy.
-FoundState saturated_water(const Given& given, double share = 1.0);
+template <class T>
+FoundState<T> saturated_water(const Given& given, double share = 1.0);
 
 /// Water that takes precedence over the mixture found, for given h and s; no state if it has other values, or the
 /// quality is above folded_quality. Below folded_below water must have both values to 1e-10, elsewhere to a tenth of
 /// that: there it differs from the mixture by rounding alone.
-FoundState water_before(const FoundState& found, const Given& given);
+template <class T>
+FoundState<T> water_before(const FoundState<T>& found, const Given& given);
 
 /// The mixtures that have the enthalpy and entropy of the water found below folded_below; the one of more steam first.
 /// Where saturated water has both values to 1e-10, the one of less steam is that water and is left out.
+template <class T>
 struct FoldedMixtures {
-    FoundState more_steam, less_steam;
+    FoundState<T> more_steam, less_steam;
 };
-FoldedMixtures folded_mixtures(const FoundState& water, const Given& given);
+template <class T>
+FoldedMixtures<T> folded_mixtures(const FoundState<T>& water, const Given& given);
 
 } // namespace ktl::searches

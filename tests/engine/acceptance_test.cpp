@@ -159,10 +159,10 @@ State drawn(Random& random, PhaseKind kind) {
 TEST(Acceptance, ARootTakesPrecedenceOverTheEndsOfItsBranch) {
     constexpr double allowed = 1e-3;
     const auto sides = [](double root) {
-        return both_sides(
+        return both_sides<double>(
             Branches{0.0, 1.0, 2.0}, [=](double z) { return 1e-4 * (z - root); },
             [](double z) {
-                return FoundState{KTL_WATER, z, 0.0, {}};
+                return FoundState<double>{KTL_WATER, z, 0.0, {}};
             },
             1e-12, allowed, false);
     };

@@ -190,9 +190,9 @@ TEST(ColdWater, OnlyEnthalpyAndEntropyFold) {
     for (const auto& [a, b] : pairs) {
         const auto determinant = [a = a, b = b](double x, double t) {
             constexpr double step = 2e-3;
-            const ktl::Saturated at = ktl::saturated_at(t, ktl::SaturationModel::outermost_roots);
-            const ktl::Saturated below = ktl::saturated_at(t - step, ktl::SaturationModel::outermost_roots);
-            const ktl::Saturated above = ktl::saturated_at(t + step, ktl::SaturationModel::outermost_roots);
+            const auto at = ktl::saturated_at<ktl::engine::Scalar>(t, ktl::SaturationModel::outermost_roots);
+            const auto below = ktl::saturated_at<ktl::engine::Scalar>(t - step, ktl::SaturationModel::outermost_roots);
+            const auto above = ktl::saturated_at<ktl::engine::Scalar>(t + step, ktl::SaturationModel::outermost_roots);
             const auto by_t = [&](Quantity y) { return above.mixture(y, x) - below.mixture(y, x); };
             const auto by_x = [&](Quantity y) { return at.of_vapour(y) - at.of_liquid(y); };
             return by_x(a) * by_t(b) - by_t(a) * by_x(b);

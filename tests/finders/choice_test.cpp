@@ -124,7 +124,7 @@ TEST(Choice, QualityLinesIncludeTheirLimits) {
 /// The saturated volumes of the entry are other roots of the pressure from 373.117 degC on, and from 374.14966 degC on the
 /// critical volume: the search ends its parts there.
 TEST(Choice, EntryPhasesChangeRoot) {
-    const auto at = [](double t) { return ktl::saturated_at(t, ktl::SaturationModel::entry_compatible); };
+    const auto at = [](double t) { return ktl::saturated_at<double>(t, ktl::SaturationModel::entry_compatible); };
     const double steam = 373.1170218536476;
     EXPECT_GT(at(steam).vapour - at(std::nextafter(steam, 400.0)).vapour, 7e-4);
     const double both = 374.14965914868071;

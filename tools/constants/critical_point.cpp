@@ -39,7 +39,7 @@ bool has_both_volumes(double t) {
 
 /// Deviation of the pressure from that of saturation at the outermost volumes, relative.
 double pressure_miss(double t) {
-    const auto y = ktl::saturated_at(t, ktl::SaturationModel::outermost_roots);
+    const auto y = ktl::saturated_at<double>(t, ktl::SaturationModel::outermost_roots);
     return std::max(std::fabs(pressure3(y.liquid, t) / y.p - 1.0), std::fabs(pressure3(y.vapour, t) / y.p - 1.0));
 }
 
@@ -81,7 +81,7 @@ double next_volume(double t) {
 /// Just below the critical point: how far the isobar of the saturation pressure passes the saturated phases by, relative in
 /// volume. Its enthalpy at their volume differs, as their pressure does.
 double past_phases(double t) {
-    const auto phases = ktl::saturated_at(t, ktl::SaturationModel::outermost_roots);
+    const auto phases = ktl::saturated_at<double>(t, ktl::SaturationModel::outermost_roots);
     const auto at = [&](double v) {
         const auto y = ktl::helmholtz_properties(v, t);
         const auto h = ktl::slopes(ktl::Quantity::enthalpy, y);
@@ -110,8 +110,9 @@ void critical_point(Table& table) {
     table.covers("past_saturation: isobar past the phases",
                  ktl::past_saturation(ktl::SaturationModel::outermost_roots) - 1.0,
                  largest(past_phases, 374.149, ktl_lc.tc - 1.0e-6, n));
-    const auto root = ktl::saturated_at(374.149, ktl::SaturationModel::outermost_roots);
-    const auto drawn = ktl::saturated_at(std::nextafter(374.149, ktl_lc.tc), ktl::SaturationModel::outermost_roots);
+    const auto root = ktl::saturated_at<double>(374.149, ktl::SaturationModel::outermost_roots);
+    const auto drawn =
+        ktl::saturated_at<double>(std::nextafter(374.149, ktl_lc.tc), ktl::SaturationModel::outermost_roots);
     table.equal("v_outermost_liquid, m3/kg", drawn.liquid, root.liquid, 5.0e-10 * ktl_lc.vca);
     table.equal("v_outermost_steam, m3/kg", drawn.vapour, root.vapour, 5.0e-10 * ktl_lc.vca);
     table.shown("fitted saturated densities: error", largest(density_miss, just_above, first_guesses::last_loop, n));

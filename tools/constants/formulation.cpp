@@ -60,8 +60,8 @@ void named_routines(Table& table) {
 
     // The bracket of saturated volumes in ktlftn ends on the wrong side of the root from these temperatures on.
     const auto off = [](double at, bool steam) {
-        const auto entry = ktl::saturated_at(at, ktl::SaturationModel::entry_compatible);
-        const auto outermost = ktl::saturated_at(at, ktl::SaturationModel::outermost_roots);
+        const auto entry = ktl::saturated_at<double>(at, ktl::SaturationModel::entry_compatible);
+        const auto outermost = ktl::saturated_at<double>(at, ktl::SaturationModel::outermost_roots);
         return steam ? std::fabs(entry.vapour / outermost.vapour - 1.0)
                      : std::fabs(entry.liquid / outermost.liquid - 1.0);
     };
@@ -71,7 +71,7 @@ void named_routines(Table& table) {
     table.shown("ktlftn: last saturated volumes, degC",
                 last_point(
                     [](double x) {
-                        const auto y = ktl::saturated_at(x, ktl::SaturationModel::entry_compatible);
+                        const auto y = ktl::saturated_at<double>(x, ktl::SaturationModel::entry_compatible);
                         return y.liquid < y.vapour;
                     },
                     374.1, ktl_lc.tc));

@@ -44,7 +44,7 @@ Values wet(int region, double x, double t, SaturationModel model) {
     if (region == KTL_WET) return mixed(water(ps, t), steam(ps, t), ps, x);
     if (model == SaturationModel::entry_compatible)
         return mixed(near_critical(entry_water_volume(t, ps), t), near_critical(entry_steam_volume(t, ps), t), ps, x);
-    const ktl::Saturated phases = ktl::saturated_at(t, model);
+    const auto phases = ktl::saturated_at<double>(t, model);
     Values values = mixed(near_critical(phases.liquid, t), near_critical(phases.vapour, t), ps, x);
     values.u = values.h - 100.0 * ps * values.v;
     return values;

@@ -38,7 +38,7 @@ void add_point(QualityScan::Part& part, double t, bool low) {
         part.liquid.push_back(ktl::property(Quantity::entropy, KTL_WATER, p, t));
         part.vapour.push_back(ktl::property(Quantity::entropy, KTL_STEAM, p, t));
     } else {
-        const ktl::Saturated phases = ktl::saturated_at(t, ktl::SaturationModel::outermost_roots);
+        const auto phases = ktl::saturated_at<double>(t, ktl::SaturationModel::outermost_roots);
         part.liquid.push_back(phases.of_liquid(Quantity::entropy));
         part.vapour.push_back(phases.of_vapour(Quantity::entropy));
     }

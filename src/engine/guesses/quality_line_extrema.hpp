@@ -4,7 +4,7 @@
 // At constant quality x, up to last_turning, s(t) falls to a minimum below widest_turning, rises to a maximum and falls
 // again; a second minimum may follow above 369 degC. The quality whose entropy has an extremum at t is 0.366 at 0.01 degC,
 // 0.567 at 244, 0.481 at 350, 0.430 at 369 degC, and rises from there: above 0.568 s falls throughout, below 0.366 it rises.
-// The extrema from 350 to 352 degC and above last_turning are handled by the exact search (searches/quality_line.cpp).
+// The extrema from 350 to 352 degC and above last_turning are handled by the exact search (searches/quality_line_bodies.hpp).
 //
 // These numbers follow from the equations; ktl_constants measures them and compares the constants below.
 #pragma once

@@ -25,6 +25,8 @@ namespace ktl::engine {
 namespace {
 
 using searches::Given;
+/// The searches evaluated in the number type of the engine: exp and log are its own.
+using FoundState = ktl::FoundState<Scalar>;
 constexpr SaturationModel outermost = SaturationModel::outermost_roots;
 
 /// How a pair is searched for.
@@ -79,15 +81,13 @@ Solution at_pressure_temperature(double p, double t) {
     if (const Status status = pressure_within(p); status != Status::solved) return failed(status);
     if (const Status status = temperature_within(t); status != Status::solved) return failed(status);
     const bool subcritical = t <= ktl_lc.tc;
-    // The engine's own exp, so that an undetermined state has the bits of saturation_pressure(t) with every C library.
-    const double ps = subcritical ? saturation::terms(Scalar(t)).p.value : ktl_lc.pca;
+    const double ps = subcritical ? saturation_pressure_in<Scalar>(t) : ktl_lc.pca;
     if (subcritical && std::fabs(p - ps) <= searches::on_saturation_line * p) {
-        Solution out = solution(mixture(saturated_at(t, outermost), quiet_nan));
-        if (out.region == Region::wet) out.liquid = out.vapour = ps;
+        Solution out = solution(mixture(saturated_at<Scalar>(t, outermost), quiet_nan));
         out.status = Status::undetermined;
         return out;
     }
-    return solution(searches::confirmed(single_phase_at(p, t, outermost),
+    return solution(searches::confirmed(single_phase_at<Scalar>(p, t, outermost),
                                         {Quantity::pressure, p, Quantity::temperature, t, outermost}));
 }
 
@@ -99,23 +99,24 @@ Solution of_quality(Quantity line, double value, double x) {
         status != Status::solved)
         return failed(status);
     if (const Status status = quality_within(x); status != Status::solved) return failed(status);
-    return solution(mixture(by_pressure ? saturated_under(value, outermost) : saturated_at(value, outermost), x));
+    return solution(
+        mixture(by_pressure ? saturated_under<Scalar>(value, outermost) : saturated_at<Scalar>(value, outermost), x));
 }
 
 /// A property of water with its slopes by pressure and by temperature.
-Slopes<double> slopes_of_water(Quantity y, double p, double t) {
-    return slopes(y, properties_at<SubRegion::water>(p, t));
+Slopes<Scalar> slopes_of_water(Quantity y, double p, double t) {
+    return slopes(y, properties_at<SubRegion::water>(Scalar(p), Scalar(t)));
 }
 
 /// The end of the isobar beyond which the value lies. The least volume of cold water is no end.
 Status past_end_of_isobar(Quantity y, double p, double value) {
-    if (value > property(y, KTL_STEAM, p, ktl_lc.tmax)) return Status::temperature_high;
-    const Slopes<double> coldest = slopes_of_water(y, p, ktl_lc.tmin);
+    if (value > property_in<Scalar>(y, KTL_STEAM, p, ktl_lc.tmax)) return Status::temperature_high;
+    const Slopes<Scalar> coldest = slopes_of_water(y, p, ktl_lc.tmin);
     return coldest.d_t > 0.0 && value < coldest.y ? Status::temperature_low : Status::no_state;
 }
 /// The end of the isotherm beyond which the value lies. Where a property of water turns its least value is no end.
 Status past_end_of_isotherm(Quantity y, double t, double value) {
-    if (value > property(y, KTL_STEAM, ktl_lc.pmin, t)) return Status::pressure_low;
+    if (value > property_in<Scalar>(y, KTL_STEAM, ktl_lc.pmin, t)) return Status::pressure_low;
     const bool least = t > ktl_lc.t1max || slopes_of_water(y, ktl_lc.pmax, t).d_primary < 0.0;
     return least ? Status::pressure_high : Status::no_state;
 }
@@ -132,8 +133,8 @@ double at_end(Quantity y, Pair pair, double end, double line, Pair other, double
     Solution found = find_by_patch(pair, end, line);
     if (found.status != Status::solved) found = find_by_patch(other, other_end, line);
     if (found.status != Status::solved) return quiet_nan;
-    if (!found.two_phase()) return property(y, static_cast<int>(found.region), found.primary, found.t);
-    return mixture(saturated_at(found.t, outermost), found.primary).value(y);
+    if (!found.two_phase()) return property_in<Scalar>(y, static_cast<int>(found.region), found.primary, found.t);
+    return mixture(saturated_at<Scalar>(found.t, outermost), found.primary).value(y);
 }
 
 /// True if y is clearly beyond its values at the ends of its line.
@@ -148,26 +149,27 @@ Status line_within(Quantity line, double& value) {
 /// Whether y is clearly beyond its values at the ends of a line that lies in the range itself.
 bool is_beyond_isobar(Quantity line, Quantity y, double p, double value) {
     if (line_within(line, p) != Status::solved) return false;
-    return is_beyond(y, value, property(y, KTL_WATER, p, ktl_lc.tmin), property(y, KTL_STEAM, p, ktl_lc.tmax));
+    return is_beyond(y, value, property_in<Scalar>(y, KTL_WATER, p, ktl_lc.tmin),
+                     property_in<Scalar>(y, KTL_STEAM, p, ktl_lc.tmax));
 }
 bool is_beyond_isotherm(Quantity line, Quantity y, double t, double value) {
     if (line_within(line, t) != Status::solved) return false;
     // Of the properties only the volume falls with pressure everywhere.
     const double densest = y == Quantity::volume ? value_of_row(Pair::pt, ktl_lc.pmax, t, Property::v) : -infinity;
-    return is_beyond(y, value, densest, property(y, KTL_STEAM, ktl_lc.pmin, t));
+    return is_beyond(y, value, densest, property_in<Scalar>(y, KTL_STEAM, ktl_lc.pmin, t));
 }
 /// Enthalpy and internal energy rise with pressure along an isentrope.
 bool is_beyond_isentrope(Quantity y, double value, double s) {
-    const double least = std::fmin(0.0, property(Quantity::entropy, KTL_WATER, ktl_lc.pmax, ktl_lc.tmin));
-    const double greatest = property(Quantity::entropy, KTL_STEAM, ktl_lc.pmin, ktl_lc.tmax);
+    const double least = std::fmin(0.0, property_in<Scalar>(Quantity::entropy, KTL_WATER, ktl_lc.pmax, ktl_lc.tmin));
+    const double greatest = property_in<Scalar>(Quantity::entropy, KTL_STEAM, ktl_lc.pmin, ktl_lc.tmax);
     return is_beyond(Quantity::entropy, s, least, greatest) ||
            is_beyond(y, value, at_end(y, Pair::ps, ktl_lc.pmin, s, Pair::ts, ktl_lc.tmin), infinity) ||
            is_beyond(y, value, -infinity, at_end(y, Pair::ps, ktl_lc.pmax, s, Pair::ts, ktl_lc.tmax));
 }
 /// Enthalpy, entropy and internal energy rise with temperature along an isochore.
 bool is_beyond_isochore(Quantity y, double v, double value) {
-    const double least = property(Quantity::volume, KTL_WATER, ktl_lc.pmax, ktl_lc.tmin);
-    const double greatest = property(Quantity::volume, KTL_STEAM, ktl_lc.pmin, ktl_lc.tmax);
+    const double least = property_in<Scalar>(Quantity::volume, KTL_WATER, ktl_lc.pmax, ktl_lc.tmin);
+    const double greatest = property_in<Scalar>(Quantity::volume, KTL_STEAM, ktl_lc.pmin, ktl_lc.tmax);
     return is_beyond(Quantity::volume, v, least, greatest) ||
            is_beyond(y, value, at_end(y, Pair::tv, ktl_lc.tmin, v, Pair::pv, ktl_lc.pmin), infinity) ||
            is_beyond(y, value, -infinity, at_end(y, Pair::pv, ktl_lc.pmax, v, Pair::tv, ktl_lc.tmax));
@@ -176,7 +178,7 @@ bool is_beyond_isochore(Quantity y, double v, double value) {
 Solution on_line(const PairPlan& plan, double a, double b) {
     double line = a;
     if (const Status status = line_within(plan.a, line); status != Status::solved) return failed(status);
-    const FoundState found = searches::on_line(line, {plan.a, a, plan.b, b, outermost});
+    const FoundState found = searches::on_line<Scalar>(line, {plan.a, a, plan.b, b, outermost});
     if (found.found()) return solution(found);
     return failed(plan.method == SearchMethod::isobar ? past_end_of_isobar(plan.b, line, b)
                                                       : past_end_of_isotherm(plan.b, line, b));
@@ -185,9 +187,9 @@ Solution on_line(const PairPlan& plan, double a, double b) {
 Solution on_quality_line(double s, double x) {
     if (const Status status = quality_within(x); status != Status::solved) return failed(status);
     FoundState found;
-    if (searches::on_quality_line(s, x, {&found, 1}) > 0) return solution(found);
+    if (searches::on_quality_line<Scalar>(s, x, {&found, 1}) > 0) return solution(found);
     // Both are zero for water at 0.01 degC: rounding may put them past what any mixture has.
-    const FoundState coldest = mixture(saturated_at(ktl_lc.tmin, outermost), x);
+    const FoundState coldest = mixture(saturated_at<Scalar>(ktl_lc.tmin, outermost), x);
     return solution(searches::confirmed(coldest, {Quantity::entropy, s, Quantity::quality, x, outermost}));
 }
 
@@ -199,10 +201,10 @@ Solution first_state(const PairPlan& plan, double a, double b) {
     case SearchMethod::isobar:
     case SearchMethod::isotherm: return on_line(plan, a, b);
     case SearchMethod::quality_line: return on_quality_line(a, b);
-    case SearchMethod::isentrope: return solution(searches::on_isentrope(plan.a, a, b, outermost));
+    case SearchMethod::isentrope: return solution(searches::on_isentrope<Scalar>(plan.a, a, b, outermost));
     case SearchMethod::isochore: break;
     }
-    return solution(searches::on_isochore(plan.b, b, a, outermost));
+    return solution(searches::on_isochore<Scalar>(plan.b, b, a, outermost));
 }
 
 /// The states of a pair, that of the rule first.
@@ -230,8 +232,8 @@ FoundState mixture_on_line(const Given& given) {
     const bool isobar = given.a == Quantity::pressure;
     const double a = given.a_value;
     const double b = given.b_value;
-    if (isobar && a > last_low_pressure(outermost)) return {};
-    const Saturated phases = isobar ? saturated_under(a, outermost) : saturated_at(a, outermost);
+    if (isobar && a > last_low_pressure<Scalar>(outermost)) return {};
+    const auto phases = isobar ? saturated_under<Scalar>(a, outermost) : saturated_at<Scalar>(a, outermost);
     const double liquid = phases.of_liquid(given.b);
     const double x = (b - liquid) / (phases.of_vapour(given.b) - liquid);
     // Beside saturated water a mixture of nearly no steam differs from it by rounding alone.
@@ -247,8 +249,8 @@ Several states_through_water(const Given& given, const FoundState& first) {
     const auto& [line, a, y, b, source] = given;
     found.add(mixture_on_line(given));
     const bool wet = found.count == 1;
-    const BothSides water =
-        line == Quantity::pressure ? water_on_isobar(a, b, source, wet) : water_on_isotherm(y, a, b, source, wet);
+    const BothSides<Scalar> water = line == Quantity::pressure ? water_on_isobar<Scalar>(a, b, source, wet)
+                                                               : water_on_isotherm<Scalar>(y, a, b, source, wet);
     found.add(searches::confirmed(water.preferred, given));
     found.add(searches::confirmed(water.other, given));
     if (found.count == 0) {
@@ -259,7 +261,7 @@ Several states_through_water(const Given& given, const FoundState& first) {
     const auto apart = [&](const FoundState& state) {
         const double p = state.value(Quantity::pressure) / first.value(Quantity::pressure);
         const double phase = state.wet() == first.wet() ? 0.0 : ktl_lc.tmax;
-        return std::fabs(state.t - first.t) + std::fabs(std::log(p)) + phase;
+        return std::fabs(state.t - first.t) + std::fabs(log(Scalar(p)).value) + phase;
     };
     const auto begin = found.states.begin();
     const auto nearest = std::min_element(
@@ -272,10 +274,10 @@ Several states_through_water(const Given& given, const FoundState& first) {
 /// By h, s: the mixtures of a fold of cold water beside the first state.
 Several states_of_isentrope(const PairPlan& plan, double a, double b) {
     const Given given{plan.a, a, plan.b, b, outermost};
-    const FoundState first = searches::on_isentrope(plan.a, a, b, outermost);
+    const FoundState first = searches::on_isentrope<Scalar>(plan.a, a, b, outermost);
     Several found;
     found.add(first);
-    const searches::FoldedMixtures mixtures = searches::folded_mixtures(first, given);
+    const searches::FoldedMixtures<Scalar> mixtures = searches::folded_mixtures(first, given);
     found.add(mixtures.more_steam);
     found.add(mixtures.less_steam);
     return found;
@@ -285,14 +287,14 @@ Several all_states(const PairPlan& plan, double a, double b) {
     if (plan.method == SearchMethod::isentrope && plan.a == Quantity::enthalpy) return states_of_isentrope(plan, a, b);
     Several found;
     if (plan.method == SearchMethod::quality_line) {
-        if (quality_within(b) == Status::solved) found.count = searches::on_quality_line(a, b, found.states);
+        if (quality_within(b) == Status::solved) found.count = searches::on_quality_line<Scalar>(a, b, found.states);
         return found;
     }
     const bool isobar = plan.method == SearchMethod::isobar;
     if (!isobar && plan.method != SearchMethod::isotherm) return found;
     double line = a;
     if (line_within(plan.a, line) != Status::solved) return found;
-    const FoundState first = searches::on_line(line, {plan.a, a, plan.b, b, outermost});
+    const FoundState first = searches::on_line<Scalar>(line, {plan.a, a, plan.b, b, outermost});
     const bool may_turn = isobar == (plan.b == Quantity::volume) &&
                           (first.region == KTL_WATER || first.region == KTL_WET) && (isobar || line <= ktl_lc.t1max);
     if (may_turn) return states_through_water({plan.a, line, plan.b, b, outermost}, first);
@@ -316,7 +318,7 @@ Solution water_before(Pair pair, double a, double b, const Solution& found) noex
     const Given given{plan.a, a, plan.b, b, outermost};
     const FoundState mixture{static_cast<int>(found.region), found.primary, found.t, {}};
     return solution(found.region == Region::wet ? searches::water_before(mixture, given)
-                                                : searches::saturated_water(given, searches::rounding_share));
+                                                : searches::saturated_water<Scalar>(given, searches::rounding_share));
 }
 
 Status status_beyond(Pair pair, double a, double b) noexcept {

@@ -1,6 +1,8 @@
 // The search along a line of constant quality with the saturated phases of the entry ktlftn. Up to 350 degC they are
 // those of every search. Above, their volumes are found to 1e-8 of the pressure only and scatter from one temperature to
 // the next, so that slopes tell nothing: each part is looked at interval by interval, with a closer look at extrema.
+#include "finders/entry_quality_line.hpp"
+
 #include "searches/acceptance.hpp"
 #include "searches/enclosure.hpp"
 #include "searches/quality_line.hpp"
@@ -9,7 +11,7 @@
 #include <array>
 #include <cmath>
 
-namespace ktl::searches {
+namespace ktl::finders {
 
 namespace {
 
@@ -21,18 +23,19 @@ constexpr double neighbour = 1.0e-8;
 struct EntryLine {
     double s, x;
 
-    [[nodiscard]] FoundState at(double t) const {
-        return mixture(saturated_at(t, SaturationModel::entry_compatible), x);
+    [[nodiscard]] FoundState<double> at(double t) const {
+        return mixture(saturated_at<double>(t, SaturationModel::entry_compatible), x);
     }
     [[nodiscard]] double residual(double t) const { return at(t).value(Quantity::entropy) - s; }
-    [[nodiscard]] FoundState checked(double t) const {
-        return confirmed(at(t), {Quantity::entropy, s, Quantity::entropy, s, SaturationModel::entry_compatible});
+    [[nodiscard]] FoundState<double> checked(double t) const {
+        return searches::confirmed(at(t),
+                                   {Quantity::entropy, s, Quantity::entropy, s, SaturationModel::entry_compatible});
     }
     /// The root between a and b, or that of one of its neighbours.
-    [[nodiscard]] FoundState root(double a, double fa, double b, double fb) const {
+    [[nodiscard]] FoundState<double> root(double a, double fa, double b, double fb) const {
         const auto f = [&](double t) { return residual(t); };
         const double t = solvers::enclose(f, a, fa, b, fb, search_tolerance(s)).x;
-        FoundState state = checked(t);
+        FoundState<double> state = checked(t);
         for (int n = 1; n <= most_neighbours && !state.found(); ++n)
             state = checked(t + (n % 2 == 0 ? n : -n) * neighbour);
         return state;
@@ -97,8 +100,8 @@ struct Looks {
 };
 
 /// The first state of a part: a root between two looks, or between a look and an extremum; without any an end.
-FoundState look(const EntryLine& line, const Part& part, const Looks& looks) {
-    FoundState state;
+FoundState<double> look(const EntryLine& line, const Part& part, const Looks& looks) {
+    FoundState<double> state;
     for (std::size_t n = 0; n < steps && !state.found(); ++n) {
         const double a = looks.t[n];
         const double b = looks.t[n + 1];
@@ -119,8 +122,8 @@ FoundState look(const EntryLine& line, const Part& part, const Looks& looks) {
 /// A closer look at the intervals of a part that come near the entropy without a root, and once more at those of the
 /// closer look: volumes that jump by a little may hide an extremum.
 // NOLINTNEXTLINE(misc-no-recursion): closer_looks bounds it
-FoundState look_closely(const EntryLine& line, const Looks& looks, double near, int closer_looks) {
-    FoundState state;
+FoundState<double> look_closely(const EntryLine& line, const Looks& looks, double near, int closer_looks) {
+    FoundState<double> state;
     for (std::size_t n = 0; n < steps && !state.found(); ++n) {
         if (std::min(std::fabs(looks.f[n]), std::fabs(looks.f[n + 1])) > near) continue;
         const Part closer{looks.t[n], looks.t[n + 1]};
@@ -133,8 +136,8 @@ FoundState look_closely(const EntryLine& line, const Looks& looks, double near, 
 
 } // namespace
 
-FoundState on_entry_quality_line(double s, double x) {
-    FoundState state = first_up_to_350(s, x, SaturationModel::entry_compatible);
+FoundState<double> on_entry_quality_line(double s, double x) {
+    FoundState<double> state = searches::first_up_to_350<double>(s, x, SaturationModel::entry_compatible);
     const EntryLine line{s, x};
     // Without any state the ends count with all that the finder allows.
     for (const double end : {ktl_lc.tmin, ktl_lc.t1max})
@@ -145,7 +148,7 @@ FoundState on_entry_quality_line(double s, double x) {
         state = look(line, part, looks);
         if (!state.found()) state = look_closely(line, looks, 0.002, 2);
     }
-    return state.found() ? state : first_past_350(s, x, SaturationModel::entry_compatible);
+    return state.found() ? state : searches::first_past_350<double>(s, x, SaturationModel::entry_compatible);
 }
 
-} // namespace ktl::searches
+} // namespace ktl::finders

@@ -8,10 +8,11 @@
 // s has an extremum at the temperatures where x* equals x. It is a convex function of w if x* rises, a concave one if x*
 // falls. So between two nodes with x* monotonic between them s has one extremum at most, and the tangents at both nodes
 // bound it. The table of the nodes tells, without another evaluation, which intervals may contain a state.
-#include "searches/quality_line.hpp"
+#pragma once
 
 #include "searches/acceptance.hpp"
 #include "searches/enclosure.hpp"
+#include "searches/quality_line.hpp"
 #include "searches/two_phase.hpp"
 
 #include <algorithm>
@@ -20,7 +21,7 @@
 
 namespace ktl::searches {
 
-namespace {
+namespace quality_lines {
 
 /// A point of the saturation line, degC and kJ/(kg K); x* on its cold and on its warm side, which differ at a bend.
 struct Node {
@@ -35,50 +36,52 @@ struct Node {
 using Along = LineDerivative<double>;
 
 /// Entropy of saturated liquid or vapour of sub-region 1 or 2, or of its continuation.
-template <SubRegion sub_region>
-Along along_line(const LinePoint<double>& line, double t) {
-    return SaturatedPhaseIterate<sub_region, double>(line, line.p, t).property(Quantity::entropy);
+template <SubRegion sub_region, class T>
+Along along_line(const LinePoint<T>& line, double t) {
+    const auto s = SaturatedPhaseIterate<sub_region, T>(line, line.p, T(t)).property(Quantity::entropy);
+    return {plain(s.y), plain(s.slope)};
 }
 /// The same of sub-region 3. Up to last_outermost the volume follows the saturation pressure, then the square root of the
 /// distance from the critical temperature.
-Along along_line_near_critical(double v, const LinePoint<double>& line, double t) {
-    const auto phase = helmholtz_properties(v, t);
-    const Slopes<double> s = slopes(Quantity::entropy, phase);
-    const double dvdt =
-        t > last_outermost ? (v - ktl_lc.vca) / (2.0 * (t - ktl_lc.tc)) : (line.slope - phase.dpdt) / phase.dpdv;
-    return {s.y, s.d_t + s.d_primary * dvdt};
+template <class T>
+Along along_line_near_critical(double v, const LinePoint<T>& line, double t) {
+    const auto phase = helmholtz_properties(T(v), T(t));
+    const Slopes<T> s = slopes(Quantity::entropy, phase);
+    const T dvdt =
+        t > last_outermost ? T((v - ktl_lc.vca) / (2.0 * (t - ktl_lc.tc))) : (line.slope - phase.dpdt) / phase.dpdv;
+    return {plain(s.y), plain(s.d_t + s.d_primary * dvdt)};
 }
 
-Node node(const Along& liquid, const Along& vapour, double t) {
+inline Node node(const Along& liquid, const Along& vapour, double t) {
     const double extremum = liquid.slope / (liquid.slope - vapour.slope);
     return {t, liquid.y, liquid.y - vapour.y, extremum, extremum};
 }
 
 /// The point at t: of sub-regions 1 and 2 (region KTL_WET), or of sub-region 3 with the outermost phases.
+template <class T>
 Node node_at(double t, int region) {
-    const LinePoint<double> line = line_at(t);
+    const LinePoint<T> line = line_at(T(t));
     if (region == KTL_WET) return node(along_line<SubRegion::water>(line, t), along_line<SubRegion::steam>(line, t), t);
     if (!(t < ktl_lc.tc)) {
         // Both phases are one. Next to it their volumes go with the same square root: x* tends to the quality at which a
         // mixture has the critical volume.
-        const Saturated last =
-            saturated_at(std::nextafter(last_outermost, ktl_lc.tc), SaturationModel::outermost_roots);
+        const auto last = saturated_at<T>(std::nextafter(last_outermost, ktl_lc.tc), SaturationModel::outermost_roots);
         const double extremum = (ktl_lc.vca - last.liquid) / (last.vapour - last.liquid);
-        return {t, saturated_at(t, SaturationModel::outermost_roots).of_liquid(Quantity::entropy), 0.0, extremum,
+        return {t, saturated_at<T>(t, SaturationModel::outermost_roots).of_liquid(Quantity::entropy), 0.0, extremum,
                 extremum};
     }
-    const Saturated phases = saturated_at(t, SaturationModel::outermost_roots);
+    const auto phases = saturated_at<T>(t, SaturationModel::outermost_roots);
     return node(along_line_near_critical(phases.liquid, line, t), along_line_near_critical(phases.vapour, line, t), t);
 }
 
 /// Intervals from one of the given temperatures to the next. Any number gives the same states; with sixteen the search takes
 /// 10 to 40 % less time than with four.
-constexpr std::size_t intervals = 16;
+inline constexpr std::size_t intervals = 16;
 template <std::size_t count>
 using Nodes = std::array<Node, (count - 1) * intervals + 1>;
 
 /// Nodes evenly spaced by the square root of the distance from the critical temperature.
-template <std::size_t count>
+template <class T, std::size_t count>
 Nodes<count> nodes_between(const std::array<double, count>& t, int region) {
     Nodes<count> out{};
     for (std::size_t n = 0; n < out.size(); ++n) {
@@ -87,50 +90,52 @@ Nodes<count> nodes_between(const std::array<double, count>& t, int region) {
         const double from = std::sqrt(ktl_lc.tc - t[k]);
         const double root = from + share * (std::sqrt(ktl_lc.tc - t[k + 1]) - from);
         const bool given = n % intervals == 0;
-        out[n] = node_at(given ? t[n / intervals] : ktl_lc.tc - root * root, region);
+        out[n] = node_at<T>(given ? t[n / intervals] : ktl_lc.tc - root * root, region);
     }
     return out;
 }
 
 /// The temperatures at which x* has its extrema, and the ends of each part of the line. `ktl_engine_sweep quality` prints
 /// the extrema, from difference quotients, to 0.003 K. x* is 0.3657 at 0.01 degC, 0.5674, 0.4806 at 350 degC.
-constexpr std::array low_part{ktl_lc.tmin, 244.177, ktl_lc.t1max};
+inline constexpr std::array low_part{ktl_lc.tmin, 244.177, ktl_lc.t1max};
 /// 0.4770 just above 350 degC, 0.4895, 0.4296, 0.6184, 0.4763 at last_outermost and 0.5804 just above, where the volumes
 /// bend, 0.5759 at the critical point.
-constexpr std::array high_part{350.00000000000006, 351.2876, 369.2345, 374.10879, last_outermost, ktl_lc.tc};
+inline constexpr std::array high_part{350.00000000000006, 351.2876, 369.2345, 374.10879, last_outermost, ktl_lc.tc};
 /// Up to where sub-regions 1 and 2 cover the gap to sub-region 3. x* falls.
-constexpr std::array continued_part{ktl_lc.t1max, ktl_lc.t1max + 0.5};
+inline constexpr std::array continued_part{ktl_lc.t1max, ktl_lc.t1max + 0.5};
 
 struct Line {
     Nodes<low_part.size()> low;
     Nodes<high_part.size()> high;
     Nodes<continued_part.size()> continued;
 };
+template <class T>
 const Line& saturation_line() {
     static const Line line = [] {
-        Line made{nodes_between(low_part, KTL_WET), nodes_between(high_part, KTL_WET_NEAR_CRITICAL),
-                  nodes_between(continued_part, KTL_WET)};
+        Line made{nodes_between<T>(low_part, KTL_WET), nodes_between<T>(high_part, KTL_WET_NEAR_CRITICAL),
+                  nodes_between<T>(continued_part, KTL_WET)};
         made.high[4 * intervals].after =
-            node_at(std::nextafter(last_outermost, ktl_lc.tc), KTL_WET_NEAR_CRITICAL).after;
+            node_at<T>(std::nextafter(last_outermost, ktl_lc.tc), KTL_WET_NEAR_CRITICAL).after;
         return made;
     }();
     return line;
 }
 
 /// The states found so far, by rising temperature.
+template <class T>
 class States {
 public:
-    explicit States(std::span<FoundState> out) : out_(out) {}
+    explicit States(std::span<FoundState<T>> out) : out_(out) {}
 
     [[nodiscard]] bool has_room() const { return count_ < out_.size(); }
     [[nodiscard]] int count() const { return static_cast<int>(count_); }
     /// Takes a state warmer than those before unless it is none.
-    void add(const FoundState& state) {
+    void add(const FoundState<T>& state) {
         const bool again = count_ > 0 && out_[count_ - 1].t == state.t;
         if (state.found() && has_room() && !again) out_[count_++] = state;
     }
     /// Takes a state in its order; with no room left the warmest goes.
-    void insert(const FoundState& state) {
+    void insert(const FoundState<T>& state) {
         if (!state.found()) return;
         std::size_t n = has_room() ? count_++ : count_;
         while (n > 0 && out_[n - 1].t > state.t) {
@@ -141,7 +146,7 @@ public:
     }
 
 private:
-    std::span<FoundState> out_;
+    std::span<FoundState<T>> out_;
     std::size_t count_ = 0;
 };
 
@@ -155,9 +160,11 @@ struct Target {
 };
 
 /// The search along one smooth part of the line.
+template <class T>
 class PartSearch {
 public:
-    PartSearch(const Target& target, int region, States& states) : target_(target), region_(region), states_(states) {}
+    PartSearch(const Target& target, int region, States<T>& states)
+        : target_(target), region_(region), states_(states) {}
 
     /// Takes the states between the first and the last node.
     void along(std::span<const Node> nodes);
@@ -168,18 +175,20 @@ public:
 
 private:
     [[nodiscard]] bool falls(double extremum) const { return extremum < target_.x; }
-    [[nodiscard]] FoundState at(double t) const {
-        if (region_ != KTL_WET) return mixture(saturated_at(t, target_.model), target_.x);
-        const double p = saturation::terms(t).p;
-        return mixture({t, p, KTL_WET, p, p, target_.model}, target_.x);
+    [[nodiscard]] FoundState<T> at(double t) const {
+        if (region_ != KTL_WET) return mixture(saturated_at<T>(t, target_.model), target_.x);
+        const double p = saturation_pressure_in<T>(t);
+        return mixture(Saturated<T>{t, p, KTL_WET, p, p, target_.model}, target_.x);
     }
-    [[nodiscard]] double residual(const FoundState& state) const { return state.value(Quantity::entropy) - target_.s; }
-    [[nodiscard]] FoundState checked(const FoundState& state, double share) const {
+    [[nodiscard]] double residual(const FoundState<T>& state) const {
+        return state.value(Quantity::entropy) - target_.s;
+    }
+    [[nodiscard]] FoundState<T> checked(const FoundState<T>& state, double share) const {
         const Given given{Quantity::entropy, target_.s, Quantity::entropy, target_.s, target_.model};
         return confirmed(state, given, share);
     }
 
-    void add(const FoundState& state) {
+    void add(const FoundState<T>& state) {
         states_.add(state);
         at_first_ = at_first_ || !turned_;
         at_last_ = true;
@@ -194,26 +203,27 @@ private:
         turn();
         at_last_ = true;
     }
-    [[nodiscard]] FoundState root(const Node& a, const Node& b) const;
+    [[nodiscard]] FoundState<T> root(const Node& a, const Node& b) const;
     [[nodiscard]] Node off(const Node& end, Node other) const;
     void interval(const Node& a, const Node& b);
     void approach(Node a, Node b);
 
     const Target& target_;
     int region_;
-    States& states_;
+    States<T>& states_;
     bool turned_ = false, at_first_ = false, at_last_ = false;
 };
 
 /// The state between two nodes on different sides of s. Close to the critical point the volumes change visibly from one
 /// temperature to the next: there the state has volumes between those of two neighbours.
-FoundState PartSearch::root(const Node& a, const Node& b) const {
+template <class T>
+FoundState<T> PartSearch<T>::root(const Node& a, const Node& b) const {
     const auto f = [&](double t) { return residual(at(t)); };
     const auto found =
         solvers::enclose(f, a.t, target_.residual(a), b.t, target_.residual(b), search_tolerance(target_.s));
-    FoundState state = at(found.x);
-    if (const FoundState good = checked(state, 0.1); good.found()) return good;
-    const FoundState other = at(found.other);
+    FoundState<T> state = at(found.x);
+    if (const FoundState<T> good = checked(state, 0.1); good.found()) return good;
+    const FoundState<T> other = at(found.other);
     const double share = residual(state) / (residual(state) - residual(other));
     if (!(share >= 0.0 && share <= 1.0)) return {}; // the line ends at this temperature
     state.phases.liquid += share * (other.phases.liquid - state.phases.liquid);
@@ -223,7 +233,8 @@ FoundState PartSearch::root(const Node& a, const Node& b) const {
 
 /// Takes the states of an interval whose ends are on the same side of s and whose extremum lies towards s: two if it is
 /// beyond s, one if it is close enough. The nodes are moved towards the extremum until the tangents decide.
-void PartSearch::approach(Node a, Node b) {
+template <class T>
+void PartSearch<T>::approach(Node a, Node b) {
     constexpr int most_passes = 60;
     const bool below = target_.residual(a) < 0.0;
     const double sign = below ? -1.0 : 1.0;
@@ -243,7 +254,7 @@ void PartSearch::approach(Node a, Node b) {
         const double share = pass % 3 == 2 ? 0.5 : -slope_a / (slope_b - slope_a);
         const double t = a.t + share * (b.t - a.t);
         if (!(t > a.t && t < b.t)) break;
-        const Node middle = node_at(t, region_);
+        const Node middle = node_at<T>(t, region_);
         const double f = target_.residual(middle);
         if ((f < 0.0) != below) {
             add(root(a, middle));
@@ -259,7 +270,8 @@ void PartSearch::approach(Node a, Node b) {
 
 /// For an interval with an extremum and one state, which lies beyond the extremum as seen from this end: the end, or, if the
 /// end itself has s to rounding, a point before the state where the entropy is off, so that the state is enclosed.
-Node PartSearch::off(const Node& end, Node other) const {
+template <class T>
+Node PartSearch<T>::off(const Node& end, Node other) const {
     constexpr int most_passes = 60;
     const bool below = target_.residual(end) < 0.0;
     Node point = end;
@@ -268,12 +280,13 @@ Node PartSearch::off(const Node& end, Node other) const {
         const bool same_side = (f < 0.0) == below;
         if (same_side && std::fabs(f) > search_tolerance(target_.s)) return point;
         if (pass > 0) other = point;
-        point = node_at(0.5 * (end.t + other.t), region_);
+        point = node_at<T>(0.5 * (end.t + other.t), region_);
     }
     return end;
 }
 
-void PartSearch::interval(const Node& a, const Node& b) {
+template <class T>
+void PartSearch<T>::interval(const Node& a, const Node& b) {
     const bool below = target_.residual(a) < 0.0;
     const bool turns = falls(a.after) != falls(b.before);
     const bool heads_for_s = falls(a.after) != below;
@@ -292,7 +305,8 @@ void PartSearch::interval(const Node& a, const Node& b) {
     }
 }
 
-void PartSearch::along(std::span<const Node> nodes) {
+template <class T>
+void PartSearch<T>::along(std::span<const Node> nodes) {
     // An end has the entropy if it is close enough and the line does not come closer.
     const auto ends = [&](const Node& n, double extremum, bool last) {
         const double f = target_.residual(n);
@@ -314,35 +328,40 @@ void PartSearch::along(std::span<const Node> nodes) {
     if (ends(nodes.back(), nodes.back().before, true)) add(checked(at(nodes.back().t), 1.0));
 }
 
-FoundState first_on(std::span<const Node> nodes, const Target& target) {
-    FoundState found;
-    States states{{&found, 1}};
-    PartSearch(target, KTL_WET, states).along(nodes);
+template <class T>
+FoundState<T> first_on(std::span<const Node> nodes, const Target& target) {
+    FoundState<T> found;
+    States<T> states{{&found, 1}};
+    PartSearch<T>(target, KTL_WET, states).along(nodes);
     return found;
 }
 
-} // namespace
+} // namespace quality_lines
 
-FoundState first_up_to_350(double s, double x, SaturationModel model) {
-    return first_on(saturation_line().low, {s, x, model});
+template <class T>
+FoundState<T> first_up_to_350(double s, double x, SaturationModel model) {
+    return quality_lines::first_on<T>(quality_lines::saturation_line<T>().low, {s, x, model});
 }
-FoundState first_past_350(double s, double x, SaturationModel model) {
-    return first_on(saturation_line().continued, {s, x, model});
+template <class T>
+FoundState<T> first_past_350(double s, double x, SaturationModel model) {
+    return quality_lines::first_on<T>(quality_lines::saturation_line<T>().continued, {s, x, model});
 }
 
-int on_quality_line(double s, double x, std::span<FoundState> out) {
-    const Line& line = saturation_line();
+template <class T>
+int on_quality_line(double s, double x, std::span<FoundState<T>> out) {
+    using namespace quality_lines;
+    const Line& line = saturation_line<T>();
     const Target target{s, x, SaturationModel::outermost_roots};
-    States states(out);
-    PartSearch cold(target, KTL_WET, states);
+    States<T> states(out);
+    PartSearch<T> cold(target, KTL_WET, states);
     cold.along(line.low);
     if (!states.has_room()) return states.count();
-    PartSearch hot(target, KTL_WET_NEAR_CRITICAL, states);
+    PartSearch<T> hot(target, KTL_WET_NEAR_CRITICAL, states);
     hot.along(line.high);
     // Entropy jumps up at 350 degC. If neither side has s, the line of sub-regions 1 and 2 is continued to it.
     const bool in_jump = target.residual(line.low.back()) < 0.0 && target.residual(line.high.front()) > 0.0;
     if (in_jump && !cold.occurs_at_last() && !hot.occurs_at_first())
-        states.insert(first_past_350(s, x, SaturationModel::outermost_roots));
+        states.insert(first_past_350<T>(s, x, SaturationModel::outermost_roots));
     return states.count();
 }
 
