@@ -63,10 +63,15 @@ void draw(Random& random, const test::PairRow& pair, double& a, double& b) {
     const double near_critical = random.between(345.0, 378.0);
     const double x = random.between(0.0, 1.0);
     State drawn;
-    switch (random.below(4)) {
+    switch (random.below(8)) {
     case 0: drawn = state(Pair::px, p, x); break;
     case 1: drawn = state(Pair::tx, near_critical, x); break;
     case 2: drawn = state(Pair::pt, random.between(160.0, 300.0), near_critical); break;
+    // Most pairs need the exact search for these: cold water, the top of the dome, next to the line of saturation and at 350 degC.
+    case 3: drawn = state(Pair::pt, p, random.between(0.01, 12.0)); break;
+    case 4: drawn = state(Pair::tx, random.between(374.1, 374.15), x); break;
+    case 5: drawn = state(Pair::tx, random.between(0.01, 374.0), 1.0e-7 * x); break;
+    case 6: drawn = state(Pair::pt, random.between(166.0, 1000.0), 350.0); break;
     default: drawn = state(Pair::pt, p, t); break;
     }
     a = drawn.get(pair.a);
