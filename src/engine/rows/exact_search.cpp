@@ -16,6 +16,7 @@
 #include "searches/quality_line.hpp"
 #include "searches/saturated_water.hpp"
 #include "searches/tolerances.hpp"
+#include "searches/top_of_dome.hpp"
 
 #include <algorithm>
 #include <array>
@@ -201,9 +202,13 @@ Solution first_state(const PairPlan& plan, double a, double b) {
     case SearchMethod::isobar:
     case SearchMethod::isotherm: return on_line(plan, a, b);
     case SearchMethod::quality_line: return on_quality_line(a, b);
-    case SearchMethod::isentrope: return solution(searches::on_isentrope<Scalar>(plan.a, a, b, outermost));
+    case SearchMethod::isentrope:
     case SearchMethod::isochore: break;
     }
+    const FoundState top = searches::at_top_of_dome({plan.a, a, plan.b, b, outermost});
+    if (top.found()) return solution(top);
+    if (plan.method == SearchMethod::isentrope)
+        return solution(searches::on_isentrope<Scalar>(plan.a, a, b, outermost));
     return solution(searches::on_isochore<Scalar>(plan.b, b, a, outermost));
 }
 
