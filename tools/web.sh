@@ -35,9 +35,9 @@ node web/build.mjs $out/ktl.wasm.lzma $out
 
 if [ "$task" = test ]; then
     web/node_modules/.bin/tsc -p web/tsconfig.test.json
-    # Rows and what the native library makes of them, with exp and log without FMA, which WebAssembly does not have.
+    # Rows and what the native library makes of them.
     quietly cmake -S web/test -B $out/native -G Ninja -DCMAKE_BUILD_TYPE=Release
     quietly cmake --build $out/native
-    GLIBC_TUNABLES=glibc.cpu.hwcaps=-FMA,-FMA4,-AVX2 $out/native/ktl_native_rows $out/native/rows
+    $out/native/ktl_native_rows $out/native/rows
     node --test web/test/*.test.mjs
 fi
