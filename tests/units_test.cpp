@@ -168,4 +168,26 @@ TEST(UnitNames, Table) {
     }
 }
 
+/// Every system has a unit for every dimension, by a name that is read again; the first system is ktl's own.
+TEST(UnitSystems, AreComplete) {
+    for (std::size_t k = 0; k < system_count; ++k)
+        for (std::size_t d = 0; d < dimension_count; ++d) {
+            const auto dimension = static_cast<Dimension>(d);
+            const Reading unit = in_system(static_cast<System>(k), dimension);
+            ASSERT_TRUE(unit) << k << ", " << d;
+            const std::string name = std::string(unit.unit->name) + (unit.unit->needs_reference ? "a" : "");
+            EXPECT_EQ(read(dimension, name).unit, unit.unit) << name;
+            const Reading own = in_system(System::bar, dimension);
+            EXPECT_EQ(own.to_ktl(1.25, 0.0), 1.25);
+            EXPECT_EQ(in_system(static_cast<System>(k), own.unit->name).unit, unit.unit) << own.unit->name;
+        }
+    EXPECT_EQ(in_system(System::us, Dimension::viscosity).unit->name, "lb/(ft s)");
+    EXPECT_EQ(in_system(System::mpa, "K/bar").unit->name, "K/MPa");
+    EXPECT_EQ(in_system(System::si, "kJ/kg").unit->name, "J/kg");
+    for (const Reading& none :
+         {in_system(System::si, "1"), in_system(System::si, "furlong"), in_system(static_cast<System>(4), "bar"),
+          in_system(System::si, static_cast<Dimension>(99))})
+        EXPECT_FALSE(none);
+}
+
 } // namespace

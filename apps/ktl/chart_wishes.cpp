@@ -164,13 +164,13 @@ Page page_of(const DiagramArguments& arguments) {
     page.description = std::string("ktl ")
                            .append(ktl::build_info().version)
                            .append(", after the 1967 IFC Formulation for Industrial Use (IFC-67); units: ")
-                           .append(units_text(unit_system(arguments.units).of_charts));
+                           .append(units_text(unit_system(arguments.units).id));
     return page;
 }
 
 diagram::Chart chart_of(const DiagramArguments& arguments, const Page& page) {
     const PresetRow& row = preset_of(arguments.preset);
-    const diagram::System system = unit_system(arguments.units).of_charts;
+    const diagram::System system = unit_system(arguments.units).id;
     const Room room = room_of(page);
     diagram::Chart chart = diagram::preset(row.preset, system, room.width, room.height);
     if (!arguments.window.empty()) {

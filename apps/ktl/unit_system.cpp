@@ -13,45 +13,12 @@ namespace program {
 
 namespace {
 
-/// Units that charts do not have.
-struct Further {
-    const char *density, *speed, *compressibility, *expansion, *joule_thomson, *viscosity, *kinematic_viscosity;
-    const char *conductivity, *surface_tension;
-};
-constexpr Further further_bar{"kg/m3", "m/s", "1/bar", "1/K", "K/bar", "Pa s", "m2/s", "W/(m K)", "N/m"};
-constexpr Further further_si{"kg/m3", "m/s", "1/Pa", "1/K", "K/Pa", "Pa s", "m2/s", "W/(m K)", "N/m"};
-constexpr Further further_mpa{"kg/m3", "m/s", "1/MPa", "1/K", "K/MPa", "Pa s", "m2/s", "W/(m K)", "N/m"};
-constexpr Further further_us{"lb/ft3",    "ft/s",  "1/psi",           "1/degF", "degF/psi",
-                             "lb/(ft s)", "ft2/s", "Btu/(h ft degF)", "lbf/ft"};
-
-UnitSystem system(std::string_view name, ktl::diagram::System id, const Further& further) {
-    using ktl::units::Dimension;
-    const auto find = ktl::units::find_of_property;
-    const auto of = [=](ktl::Property property) {
-        return ktl::units::Reading{ktl::diagram::unit(id, property), false, ktl::units::Fault::none};
-    };
-    return {name,
-            id,
-            of(ktl::Property::p),
-            of(ktl::Property::t),
-            of(ktl::Property::v),
-            of(ktl::Property::h),
-            of(ktl::Property::s),
-            find(Dimension::density, further.density),
-            find(Dimension::speed, further.speed),
-            find(Dimension::compressibility, further.compressibility),
-            find(Dimension::expansion, further.expansion),
-            find(Dimension::joule_thomson, further.joule_thomson),
-            find(Dimension::viscosity, further.viscosity),
-            find(Dimension::kinematic_viscosity, further.kinematic_viscosity),
-            find(Dimension::conductivity, further.conductivity),
-            find(Dimension::surface_tension, further.surface_tension),
-            ktl::units::find(Dimension::quality, "kg/kg")};
-}
-
-const std::array systems{
-    system("bar", ktl::diagram::System::bar, further_bar), system("si", ktl::diagram::System::si, further_si),
-    system("mpa", ktl::diagram::System::mpa, further_mpa), system("us", ktl::diagram::System::us, further_us)};
+constexpr std::array systems = [] {
+    std::array<UnitSystem, ktl::units::system_count> all{};
+    for (std::size_t k = 0; k < all.size(); ++k)
+        all[k] = {ktl::units::system_names[k], static_cast<ktl::units::System>(k)};
+    return all;
+}();
 
 /// A property with the text of its unit, which it refers to.
 struct Converted {
@@ -61,13 +28,15 @@ struct Converted {
 
 /// The unit that the system has in place of one of kJ, m3, kg, bar and K; m3 may be squared to m6, the others to kg2.
 std::string factor_in(std::string_view factor, const UnitSystem& units) {
-    const std::string_view volume = units.volume.unit->name, energy = units.energy.unit->name;
-    const std::string_view temperature = units.temperature.unit->name;
+    using ktl::units::Dimension;
+    const auto name = [&](Dimension dimension) { return units.unit_of(dimension).unit->name; };
+    const std::string_view volume = name(Dimension::volume), energy = name(Dimension::energy);
+    const std::string_view temperature = name(Dimension::temperature);
     std::string out;
     if (factor.starts_with("kJ")) out = energy.substr(0, energy.find('/'));
     if (factor.starts_with("m")) out = volume.substr(0, volume.find('/'));
     if (factor.starts_with("kg")) out = volume.substr(volume.find('/') + 1);
-    if (factor.starts_with("bar")) out = units.pressure.unit->name;
+    if (factor.starts_with("bar")) out = name(Dimension::pressure);
     if (factor.starts_with("K")) out = temperature == "degC" ? "K" : temperature; // of a difference
     if (factor.ends_with('6')) out.back() = '6';
     if (factor.ends_with('2')) out += '2';
@@ -87,9 +56,14 @@ std::string unit_of_derivative(std::string_view unit, const UnitSystem& units) {
     return out;
 }
 
+ktl::units::Reading result_unit(const Property& property, const UnitSystem& units) {
+    using ktl::units::Dimension;
+    return property.surface_tension ? units.unit_of(Dimension::surface_tension) : units.unit_of(property.id);
+}
+
 /// The name of the unit that the property has in the system.
 std::string unit_in(const Property& property, const UnitSystem& units) {
-    const ktl::units::Reading& unit = property.surface_tension ? units.surface_tension : units.unit_of(property.id);
+    const ktl::units::Reading unit = result_unit(property, units);
     if (&units == &own_units() || !unit) return std::string(property.unit);
     return property.derivative ? unit_of_derivative(property.unit, units) : heading(unit);
 }
@@ -108,8 +82,7 @@ const Property& in_units(const Property& property, const UnitSystem& units) {
             const ktl::units::Unit &of = *units.unit_of(d->of).unit, &by = *units.unit_of(d->by).unit;
             converted.property.factor = of.over * by.times / (of.times * by.over);
         } else {
-            converted.property.result_unit =
-                property.surface_tension ? units.surface_tension : units.unit_of(property.id);
+            converted.property.result_unit = result_unit(property, units);
         }
     }
     return converted.property;
@@ -135,33 +108,20 @@ bool is_title_of_derivative(const std::string& column) {
 
 } // namespace
 
-const ktl::units::Reading& UnitSystem::unit_of(ktl::Property id) const {
-    static constexpr ktl::units::Reading pure_number{};
-    switch (id) {
-    case ktl::Property::p: return pressure;
-    case ktl::Property::t: return temperature;
-    case ktl::Property::v: return volume;
-    case ktl::Property::rho: return density;
-    case ktl::Property::h:
-    case ktl::Property::u:
-    case ktl::Property::gibbs:
-    case ktl::Property::helmholtz: return energy;
-    case ktl::Property::s:
-    case ktl::Property::cp:
-    case ktl::Property::cv: return entropy;
-    case ktl::Property::x: return quality;
-    case ktl::Property::speed_of_sound: return speed;
-    case ktl::Property::compressibility: return compressibility;
-    case ktl::Property::expansion: return expansion;
-    case ktl::Property::joule_thomson: return joule_thomson;
-    case ktl::Property::viscosity: return viscosity;
-    case ktl::Property::kinematic_viscosity: return kinematic_viscosity;
-    case ktl::Property::conductivity: return conductivity;
-    case ktl::Property::region:
-    case ktl::Property::isentropic_exponent:
-    case ktl::Property::prandtl: break;
-    }
-    return pure_number;
+const ktl::units::Reading& UnitSystem::unit_of(ktl::Property property) const {
+    static constexpr std::array units_of_ktl{
+#define KTL_DEFINE_PROPERTY(property, PROPERTY, unit, code, meaning) std::string_view(unit),
+#include <ktl/properties.def>
+    };
+    static const auto all = [] {
+        std::array<std::array<ktl::units::Reading, ktl::property_count>, ktl::units::system_count> readings;
+        for (std::size_t k = 0; k < readings.size(); ++k)
+            std::transform(units_of_ktl.begin(), units_of_ktl.end(), readings[k].begin(), [&](std::string_view unit) {
+                return ktl::units::in_system(static_cast<ktl::units::System>(k), unit);
+            });
+        return readings;
+    }();
+    return all[static_cast<std::size_t>(id)][static_cast<std::size_t>(property)];
 }
 
 const UnitSystem& unit_system(std::string_view name) {

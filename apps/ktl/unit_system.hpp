@@ -4,21 +4,21 @@
 #include "measure.hpp"
 #include "tables.hpp"
 
-#include <ktl/diagram.hpp>
+#include <ktl/units.hpp>
 #include <span>
 
 namespace program {
 
-/// One unit for each dimension, under the name that --units has for them; the first five are those of charts.
+/// A system of ktl/units.hpp under the name that --units has for it.
 struct UnitSystem {
     std::string_view name;
-    ktl::diagram::System of_charts;
-    ktl::units::Reading pressure, temperature, volume, energy, entropy;
-    ktl::units::Reading density, speed, compressibility, expansion, joule_thomson, viscosity, kinematic_viscosity;
-    ktl::units::Reading conductivity, surface_tension, quality;
+    ktl::units::System id;
 
+    [[nodiscard]] ktl::units::Reading unit_of(ktl::units::Dimension dimension) const {
+        return ktl::units::in_system(id, dimension);
+    }
     /// The unit of a property; null for a pure number.
-    [[nodiscard]] const ktl::units::Reading& unit_of(ktl::Property id) const;
+    [[nodiscard]] const ktl::units::Reading& unit_of(ktl::Property property) const;
 };
 
 /// That of the name bar, si, mpa or us. Throws UsageError that names the option.

@@ -1,4 +1,4 @@
-"""stubs.py INCLUDE_FOLDER OUT_FOLDER: the stubs of ktl, ktl.si and ktl.us from pairs.def and properties.def."""
+"""stubs.py INCLUDE_FOLDER OUT_FOLDER: the stubs of ktl, ktl.si, ktl.mpa and ktl.us from pairs.def and properties.def."""
 
 import re
 import sys
@@ -131,11 +131,11 @@ def main(include, out):
         'def diagram(chart: str = "hs", *, window: tuple[float, float, float, float] | None = None, lines: Any = None, '
         'units: str = "bar", deviation: float = 0.05, labels: bool = True, ax: Any = None) -> Any: ...\n'
     )
-    modules = "\nfrom . import duckdb as duckdb, si as si, table as table, units as units, us as us\n__version__: str\n"
+    modules = "\nfrom . import duckdb as duckdb, mpa as mpa, si as si, table as table, units as units, us as us\n__version__: str\n"
     shared = classes(properties, statuses(include))
     (out / "__init__.pyi").write_text(PRELUDE + modules + KINDS + shared + chart + own)
     names = "from . import LineUfunc, Phase, PropertyUfunc, Saturation, State, StatusUfunc, Step\n"
-    for system in ("si", "us"):
+    for system in ("si", "mpa", "us"):
         (out / f"{system}.pyi").write_text(PRELUDE + "\n" + names + own)
 
 

@@ -139,13 +139,7 @@ enum class Step : std::uint8_t {
 
 // ---- Charts ----------------------------------------------------------------------------------------------------------
 
-/// The systems of units that a chart may be in.
-enum class System : std::uint8_t {
-    bar, ///< bar, degC, m3/kg, kJ/kg, kJ/(kg K)
-    si,  ///< Pa, K, m3/kg, J/kg, J/(kg K)
-    mpa, ///< MPa, K, m3/kg, kJ/kg, kJ/(kg K)
-    us   ///< psia, degF, ft3/lb, Btu/lb, Btu/(lb degF)
-};
+using units::System;
 /// The unit of a property in a system; of p, t, v, h, s, u and x, otherwise null.
 [[nodiscard]] const units::Unit* unit(System system, Property property) noexcept;
 /// Its name on a chart: "bar", "degC", "psia"; empty if there is none.

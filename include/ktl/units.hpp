@@ -341,5 +341,58 @@ constexpr Reading find_of_property(Dimension dimension, std::string_view name) n
     return detail::find_normal(property_table, dimension, normal.text());
 }
 
+// ---- Systems of units -----------------------------------------------------------------------------------------------
+
+/// One unit for each dimension: those that the program, charts, tables and the Python package offer.
+enum class System : unsigned char {
+    bar, ///< bar, degC, m3/kg, kJ/kg, kJ/(kg K): those of ktl
+    si,  ///< Pa, K, m3/kg, J/kg, J/(kg K)
+    mpa, ///< MPa, K, m3/kg, kJ/kg, kJ/(kg K)
+    us   ///< psia, degF, ft3/lb, Btu/lb, Btu/(lb degF)
+};
+inline constexpr std::array<std::string_view, 4> system_names{"bar", "si", "mpa", "us"};
+inline constexpr std::size_t system_count = system_names.size();
+inline constexpr std::size_t dimension_count = static_cast<std::size_t>(Dimension::surface_tension) + 1;
+
+namespace detail {
+
+/// In the order of Dimension.
+using Names = std::array<std::string_view, dimension_count>;
+inline constexpr std::array<Names, system_count> systems{{
+    {"bar", "degC", "m3/kg", "kJ/kg", "kJ/(kg K)", "kg/kg", "kg/m3", "m/s", "1/bar", "1/K", "K/bar", "Pa s", "m2/s",
+     "W/(m K)", "N/m"},
+    {"Pa", "K", "m3/kg", "J/kg", "J/(kg K)", "kg/kg", "kg/m3", "m/s", "1/Pa", "1/K", "K/Pa", "Pa s", "m2/s", "W/(m K)",
+     "N/m"},
+    {"MPa", "K", "m3/kg", "kJ/kg", "kJ/(kg K)", "kg/kg", "kg/m3", "m/s", "1/MPa", "1/K", "K/MPa", "Pa s", "m2/s",
+     "W/(m K)", "N/m"},
+    {"psi", "degF", "ft3/lb", "Btu/lb", "Btu/(lb degF)", "kg/kg", "lb/ft3", "ft/s", "1/psi", "1/degF", "degF/psi",
+     "lb/(ft s)", "ft2/s", "Btu/(h ft degF)", "lbf/ft"},
+}};
+
+constexpr const Unit* named(Dimension dimension, std::string_view name) noexcept {
+    for (const Unit& unit : table)
+        if (unit.dimension == dimension && unit.name == name) return &unit;
+    for (const Unit& unit : property_table)
+        if (unit.dimension == dimension && unit.name == name) return &unit;
+    return nullptr;
+}
+
+} // namespace detail
+
+/// The unit of a dimension in a system; pressures are absolute. Without a unit if there is no such system or dimension.
+constexpr Reading in_system(System system, Dimension dimension) noexcept {
+    const auto row = static_cast<std::size_t>(system), column = static_cast<std::size_t>(dimension);
+    if (row >= system_count || column >= dimension_count) return {};
+    return {detail::named(dimension, detail::systems[row][column]), false, Fault::none};
+}
+
+/// The unit that a system has in place of one of ktl, "kJ/kg": of a property by the unit that properties.def gives it. Without
+/// a unit if ktl has none of that name, as for pure numbers, "1".
+constexpr Reading in_system(System system, std::string_view unit_of_ktl) noexcept {
+    for (std::size_t k = 0; k < dimension_count; ++k)
+        if (detail::systems[0][k] == unit_of_ktl) return in_system(system, static_cast<Dimension>(k));
+    return {};
+}
+
 } // namespace units
 } // namespace ktl

@@ -10,63 +10,41 @@ namespace ktl::diagram {
 
 namespace {
 
-struct Named {
-    const char* unit; // as in ktl/units.hpp
-    const char* name; // as a chart has it, UTF-8
+/// Units that a chart writes otherwise than ktl/units.hpp, UTF-8.
+struct Written {
+    std::string_view unit, name;
 };
-/// In the order p, t, v, energy, entropy.
-using Names = std::array<Named, 5>;
-
-constexpr Named cubic_metre{"m3/kg", "m\xC2\xB3/kg"}, kilojoule{"kJ/kg", "kJ/kg"}, per_kelvin{"kJ/(kg K)", "kJ/(kg K)"};
-constexpr std::array<Names, 4> systems{{
-    {{{"bar", "bar"}, {"degC", "\xC2\xB0\x43"}, cubic_metre, kilojoule, per_kelvin}},
-    {{{"Pa", "Pa"}, {"K", "K"}, cubic_metre, {"J/kg", "J/kg"}, {"J/(kg K)", "J/(kg K)"}}},
-    {{{"MPa", "MPa"}, {"K", "K"}, cubic_metre, kilojoule, per_kelvin}},
-    {{{"psia", "psia"},
-      {"degF", "\xC2\xB0\x46"},
-      {"ft3/lb", "ft\xC2\xB3/lb"},
-      {"Btu/lb", "Btu/lb"},
-      {"Btu/(lb degF)", "Btu/(lb \xC2\xB0\x46)"}}},
-}};
-
-int place(Property property) {
-    switch (property) {
-    case Property::p: return 0;
-    case Property::t: return 1;
-    case Property::v: return 2;
-    case Property::h:
-    case Property::u: return 3;
-    case Property::s: return 4;
-    default: return -1;
-    }
-}
-
-const Named* named(System system, Property property) {
-    const auto row = static_cast<std::size_t>(system);
-    const int column = place(property);
-    return row < systems.size() && column >= 0 ? &systems[row][static_cast<std::size_t>(column)] : nullptr;
-}
-
-units::Dimension dimension(Property property) {
-    constexpr std::array<units::Dimension, 5> all{units::Dimension::pressure, units::Dimension::temperature,
-                                                  units::Dimension::volume, units::Dimension::energy,
-                                                  units::Dimension::entropy};
-    return all[static_cast<std::size_t>(place(property))];
-}
+constexpr std::array<Written, 6> written{{{"psi", "psia"},
+                                          {"degC", "\xC2\xB0\x43"},
+                                          {"degF", "\xC2\xB0\x46"},
+                                          {"m3/kg", "m\xC2\xB3/kg"},
+                                          {"ft3/lb", "ft\xC2\xB3/lb"},
+                                          {"Btu/(lb degF)", "Btu/(lb \xC2\xB0\x46)"}}};
 
 constexpr std::size_t most_values = 10000;
 
 } // namespace
 
 const units::Unit* unit(System system, Property property) noexcept {
-    if (property == Property::x) return units::find(units::Dimension::quality, "kg/kg").unit;
-    const Named* found = named(system, property);
-    return found == nullptr ? nullptr : units::find(dimension(property), found->unit).unit;
+    using units::Dimension;
+    switch (property) {
+    case Property::p: return units::in_system(system, Dimension::pressure).unit;
+    case Property::t: return units::in_system(system, Dimension::temperature).unit;
+    case Property::v: return units::in_system(system, Dimension::volume).unit;
+    case Property::h:
+    case Property::u: return units::in_system(system, Dimension::energy).unit;
+    case Property::s: return units::in_system(system, Dimension::entropy).unit;
+    case Property::x: return units::in_system(system, Dimension::quality).unit;
+    default: return nullptr;
+    }
 }
 
 std::string_view unit_name(System system, Property property) noexcept {
-    const Named* found = named(system, property);
-    return found == nullptr ? std::string_view() : found->name;
+    const units::Unit* const found = property == Property::x ? nullptr : unit(system, property);
+    if (found == nullptr) return {};
+    for (const Written& row : written)
+        if (row.unit == found->name) return row.name;
+    return found->name;
 }
 
 std::vector<double> sequence_125(double low, double high) {

@@ -126,8 +126,8 @@ TEST(TableRows, SinglePhaseIsThatOfTheLibraryInEachSystemOfUnits) {
     for (const char* name : {"bar", "si", "mpa", "us"}) {
         const UnitSystem& units = program::unit_system(name);
         std::vector<double> own_p, own_t;
-        for (const double x : p) own_p.push_back(units.pressure.from_ktl(x, 0.0));
-        for (const double x : t) own_t.push_back(units.temperature.from_ktl(x, 0.0));
+        for (const double x : p) own_p.push_back(units.unit_of(ktl::Property::p).from_ktl(x, 0.0));
+        for (const double x : t) own_t.push_back(units.unit_of(ktl::Property::t).from_ktl(x, 0.0));
         const auto table = printed(program::single_table(units, own_p, own_t), 5);
         for (std::size_t i = 0; i < std::size(p); ++i) {
             for (std::size_t k = 0; k < std::size(t); ++k) {
@@ -135,13 +135,13 @@ TEST(TableRows, SinglePhaseIsThatOfTheLibraryInEachSystemOfUnits) {
                 const ktl::Phase& water = state.liquid(); // saturated water represents an undetermined state
                 const bool open = state.status() == ktl::Status::undetermined;
                 const auto* cells = &table.sheets.at(0).rows.at(k).cells.at(1 + 4 * i);
-                expect_rounded(cells[0], units.volume.from_ktl(open ? water.v() : state.v(), 0.0));
-                expect_rounded(cells[1], units.energy.from_ktl(open ? water.h() : state.h(), 0.0));
-                expect_rounded(cells[2], units.entropy.from_ktl(open ? water.s() : state.s(), 0.0));
+                expect_rounded(cells[0], units.unit_of(ktl::Property::v).from_ktl(open ? water.v() : state.v(), 0.0));
+                expect_rounded(cells[1], units.unit_of(ktl::Property::h).from_ktl(open ? water.h() : state.h(), 0.0));
+                expect_rounded(cells[2], units.unit_of(ktl::Property::s).from_ktl(open ? water.s() : state.s(), 0.0));
                 if (open)
                     EXPECT_EQ(cells[3], "inf"); // the critical point
                 else
-                    expect_rounded(cells[3], units.entropy.from_ktl(state.cp(), 0.0));
+                    expect_rounded(cells[3], units.unit_of(ktl::Property::s).from_ktl(state.cp(), 0.0));
             }
         }
     }
@@ -186,7 +186,8 @@ TEST(TablePages, RoundedToSignificantDigitsAndDecimals) {
 TEST(TablePages, EveryPageRepeatsTheHeadingsAndFitsATerminal) {
     for (const char* name : {"bar", "si", "mpa", "us"}) {
         const UnitSystem& units = program::unit_system(name);
-        const double first = units.pressure.from_ktl(0.006112444, 0.0), last = units.pressure.from_ktl(221.2, 0.0);
+        const double first = units.unit_of(ktl::Property::p).from_ktl(0.006112444, 0.0),
+                     last = units.unit_of(ktl::Property::p).from_ktl(221.2, 0.0);
         const auto values = all(ktl::table::Pressures(first, last));
         const auto table = printed(program::saturation_table(units, true, values));
         const std::string text = text_pages(table, 20);

@@ -54,6 +54,7 @@ def test_saturation_line():
 
 @pytest.mark.parametrize("system, to_p, to_t, to_h", [
     (ktl.si, lambda p: p * 1e5, lambda t: t + 273.15, lambda h: h * 1000),
+    (ktl.mpa, lambda p: p / 10, lambda t: t + 273.15, lambda h: h),
     (ktl.us, lambda p: p * 14.503773773020922, lambda t: t * 1.8 + 32, lambda h: h / 2.326),
 ])
 def test_unit_systems(system, to_p, to_t, to_h):

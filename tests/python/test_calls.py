@@ -121,7 +121,8 @@ def test_number_picks_one_of_several():
         ktl.state(s=s, x=x, number=0.5)
 
 
-@pytest.mark.parametrize("system, p, t", [(ktl, 100.0, 500.0), (ktl.si, 1e7, 773.15), (ktl.us, 1450.0, 932.0)])
+@pytest.mark.parametrize("system, p, t", [(ktl, 100.0, 500.0), (ktl.si, 1e7, 773.15), (ktl.mpa, 10.0, 773.15),
+                                          (ktl.us, 1450.0, 932.0)])
 @pytest.mark.parametrize("of, by, at_constant", ["hps", "tph", "upt", "stv", ("rho", "t", "p"), ("gibbs", "s", "p")])
 def test_derivatives_are_those_of_neighbours(system, p, t, of, by, at_constant):
     state = system.state(p=p, t=t)

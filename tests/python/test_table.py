@@ -32,7 +32,7 @@ def assert_same(frame, wanted):
         np.testing.assert_allclose(values, wanted[other], rtol=5.01e-10, atol=1e-12, err_msg=column)
 
 
-@pytest.mark.parametrize("units", ["bar", "si", "us"])
+@pytest.mark.parametrize("units", ["bar", "si", "mpa", "us"])
 @pytest.mark.parametrize("by", ["t", "p"])
 def test_saturation_has_the_rows_of_the_program(by, units):
     frame = ktl.table.saturation(by, units=units)
@@ -53,6 +53,7 @@ def test_saturation_of_a_range():
 @pytest.mark.parametrize("units, p, t", [
     ("bar", [1, 165.36, 221.2, 300], [0, 99.5, 100, 350, 350.01, 374.15, 800]),
     ("si", [1e5, 22.12e6, 1e8], [273.16, 400, 647.3, 1073.15]),
+    ("mpa", [0.1, 22.12, 100], [273.16, 400, 647.3, 1073.15]),
     ("us", [0.08865350498, 14.5, 3208.234759], [32, 211, 212, 705.47, 1472]),
 ])
 def test_single_has_the_rows_of_the_program(units, p, t):

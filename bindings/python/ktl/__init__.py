@@ -16,8 +16,8 @@ and there are
     ktl.table.saturation(by="t")    steam tables as DataFrames of pandas
     ktl.expand(state, 0.05, 0.88)   steps of a turbine cycle, with work and losses: ktl.Step
 
-Units: bar, degC, m3/kg, kJ/kg, kJ/(kg K); ktl.si has Pa, K, J/kg, ktl.us has psi, degF, Btu/lb, and ktl.units
-takes and gives quantities of pint. Valid range: 0.01 to 800 degC, 0.006112444 to 1000 bar, one phase or two.
+Units: bar, degC, m3/kg, kJ/kg, kJ/(kg K); ktl.si has Pa, K, J/kg, ktl.mpa MPa, K, kJ/kg, ktl.us psi, degF,
+Btu/lb, and ktl.units takes and gives quantities of pint. Valid range: 0.01 to 800 degC, 0.006112444 to 1000 bar, one phase or two.
 """
 
 import importlib as _importlib
@@ -32,7 +32,7 @@ from ._state import Phase, Saturation, State
 
 __version__ = _ktl.version
 
-_modules = ("duckdb", "si", "table", "units", "us")
+_modules = ("duckdb", "mpa", "si", "table", "units", "us")
 
 __all__ = _fill(globals(), "bar") + ["Cancelled", "Phase", "Saturation", "State", "Status", "Step", "diagram"]
 

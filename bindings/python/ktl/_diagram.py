@@ -1,10 +1,9 @@
 """Charts as axes of matplotlib, from the lines of the library."""
 
 from . import _ktl
-from ._lists import PROPERTIES
+from ._lists import PROPERTIES, SYSTEMS
 
 _charts = ("hs", "ts", "ph", "pv", "pt")
-_systems = ("bar", "si", "mpa", "us")
 _inch = 25.4  # mm
 _point = _inch / 72
 _letters = 2.2 / 0.72  # mm: size of letters whose digits are 2.2 mm high, as the library gives labels room for
@@ -63,8 +62,8 @@ def diagram(chart="hs", *, window=None, lines=None, units="bar", deviation=0.05,
     """
     if chart not in _charts:
         raise ValueError(f"no chart {chart!r}; the charts are {', '.join(_charts)}")
-    if units not in _systems:
-        raise ValueError(f"no units {units!r}; the systems are {', '.join(_systems)}")
+    if units not in SYSTEMS:
+        raise ValueError(f"no units {units!r}; the systems are {', '.join(SYSTEMS)}")
     chosen = _given(lines or {})
     limits = None if window is None else tuple(float(limit) for limit in window)
     if limits is not None and len(limits) != 4:
@@ -73,7 +72,7 @@ def diagram(chart="hs", *, window=None, lines=None, units="bar", deviation=0.05,
     ax = _axes() if new else ax
     box = ax.get_window_extent()
     width, height = (side / ax.figure.dpi * _inch for side in (box.width, box.height))
-    system = _systems.index(units)
+    system = SYSTEMS.index(units)
     axes, limits, curves, texts = _ktl.chart(_charts.index(chart), system, limits, chosen, width, height, deviation)
     names = list(PROPERTIES)
     for (number, unit, logarithmic), axis in zip(axes, "xy"):

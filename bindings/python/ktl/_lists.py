@@ -5,7 +5,7 @@ from typing import NamedTuple
 
 from . import _ktl
 
-SYSTEMS = ("bar", "si", "us")  # in the order of the extension
+SYSTEMS = tuple(_ktl.systems)
 
 
 class Property(NamedTuple):

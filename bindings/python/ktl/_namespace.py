@@ -1,4 +1,4 @@
-"""What ktl, ktl.si and ktl.us offer: made from the lists, once for each unit system."""
+"""What ktl, ktl.si, ktl.mpa and ktl.us offer: made from the lists, once for each unit system."""
 
 import sys
 

@@ -4,8 +4,8 @@
     ktl.table.single(p=[1, 5, 10], t=range(0, 801, 20))
 
 The rows are those of the program's command "ktl table", and the values are not rounded. units: "bar" (bar, degC, kJ/kg),
-"si" (Pa, K, J/kg) or "us" (psi, degF, Btu/lb); the units of the columns are in frame.attrs["units"]. pandas is needed:
-pip install "ktl[frames]".
+"si" (Pa, K, J/kg), "mpa" (MPa, K, kJ/kg) or "us" (psi, degF, Btu/lb); the units of the columns are in frame.attrs["units"].
+pandas is needed: pip install "ktl[frames]".
 """
 
 import numpy as np

@@ -4,6 +4,7 @@
 #include <array>
 #include <cstddef>
 #include <ktl/steam.hpp>
+#include <ktl/units.hpp>
 
 namespace ktl::python {
 
@@ -28,7 +29,6 @@ inline constexpr std::array<PropertyRow, property_count> properties{{
 
 /// From the library's unit to another one: x * multiplier / divisor + offset.
 struct Conversion {
-    const char* library_unit;
     const char* unit;
     double multiplier = 1, divisor = 1, offset = 0;
 
@@ -37,10 +37,10 @@ struct Conversion {
     [[nodiscard]] double to_library(double x) const { return (x - offset) * divisor / multiplier; }
 };
 
-enum class System : unsigned char { bar, si, us };
-inline constexpr std::size_t system_count = 3;
+using units::System;
+using units::system_count;
 
-/// The conversion of a property to its unit in the system; the library's own unit if the system keeps that.
+/// The conversion of a property to its unit in the system.
 [[nodiscard]] const Conversion& conversion(System system, Property property);
 /// The same for the slope of the saturation line, whose unit no property has.
 [[nodiscard]] const Conversion& slope_conversion(System system);

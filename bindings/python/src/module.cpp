@@ -8,7 +8,9 @@
 #include "states.hpp"
 #include "table.hpp"
 
+#include <algorithm>
 #include <string>
+#include <string_view>
 
 namespace ktl::python {
 
@@ -86,13 +88,21 @@ bool fill_pairs(PyObject* list) {
     return true;
 }
 
+/// (name, ...), of the unit systems
+bool fill_systems(PyObject* list) {
+    return std::all_of(units::system_names.begin(), units::system_names.end(),
+                       [&](std::string_view name) { return append(list, PyUnicode_FromString(name.data())); });
+}
+
 /// ((name, (unit in each system), meaning), ...)
 bool fill_properties(PyObject* list) {
     for (std::size_t k = 0; k < property_count; ++k) {
-        const auto unit = [k](System system) { return conversion(system, static_cast<Property>(k)).unit; };
-        if (!append(list, Py_BuildValue("s(sss)s", properties[k].name, unit(System::bar), unit(System::si),
-                                        unit(System::us), properties[k].meaning)))
-            return false;
+        PyObject* in_each = PyTuple_New(static_cast<Py_ssize_t>(system_count));
+        for (std::size_t i = 0; in_each != nullptr && i < system_count; ++i) {
+            const char* unit = conversion(static_cast<System>(i), static_cast<Property>(k)).unit;
+            if (PyTuple_SetItem(in_each, static_cast<Py_ssize_t>(i), PyUnicode_FromString(unit)) != 0) return false;
+        }
+        if (!append(list, Py_BuildValue("sNs", properties[k].name, in_each, properties[k].meaning))) return false;
     }
     return true;
 }
@@ -134,8 +144,8 @@ int execute(PyObject* module) {
                                 std::to_string(KTL_VERSION_PATCH);
     const bool done = PyModule_AddStringConstant(module, "version", version.c_str()) == 0 &&
                       PyModule_AddIntConstant(module, "state_size", static_cast<long>(state_size)) == 0 &&
-                      add_list(module, "pairs", fill_pairs) && add_list(module, "properties", fill_properties) &&
-                      add_list(module, "statuses", fill_statuses);
+                      add_list(module, "systems", fill_systems) && add_list(module, "pairs", fill_pairs) &&
+                      add_list(module, "properties", fill_properties) && add_list(module, "statuses", fill_statuses);
     return done ? 0 : -1;
 }
 
