@@ -77,9 +77,31 @@ struct ktl_mixture {
 KTL_API int ktl_mix(int pair, const double* a, const double* b, const double* flow, size_t streams,
                     double surroundings_t, struct ktl_mixture* mixture);
 
+/* One of the streams of each row: the states of the pair with the values a[i], b[i], and their mass flows. */
+struct ktl_stream_columns {
+    int pair;
+    const double *a, *b, *flow;
+};
+/* Columns that a batch of mixtures fills; null those that are not wanted. */
+struct ktl_mixture_columns {
+    double *flow, *entropy_generated, *lost_work;
+};
+/* Mixes row i of all streams, for each row: the results of ktl_mix, whose streams may be of different pairs here. outputs[k][i]
+ * receives the property properties[k] of the mixture, status[i] the status. results and options may be null; the rest as in
+ * ktl_batch. Without a stream, or if a column of one is null, the fault is KTL_FAULT_LENGTHS_DIFFER. */
+KTL_API struct ktl_batch_result ktl_mix_batch(const struct ktl_stream_columns* streams, size_t stream_count,
+                                              size_t rows, double surroundings_t, const unsigned char* properties,
+                                              double* const* outputs, size_t columns,
+                                              const struct ktl_mixture_columns* results, unsigned char* status,
+                                              const struct ktl_batch_options* options);
+
 /* Exergy to surroundings of p0 (bar), t0 (degC), kJ/kg: of a stream and of a closed mass; either may be null. Returns the
  * status. */
 KTL_API int ktl_exergy_of(int pair, double a, double b, double p0, double t0, double* flow, double* closed);
+/* The same for the state of a[i], b[i] of each row; either column may be null, and options. Statuses and faults as in ktl_batch. */
+KTL_API struct ktl_batch_result ktl_exergy_batch(int pair, const double* a, const double* b, size_t rows, double p0,
+                                                 double t0, double* flow, double* closed, unsigned char* status,
+                                                 const struct ktl_batch_options* options);
 
 /* Of the state of the pair: K above saturation of steam and below it of water, 0 of a mixture; mass fraction of water in a mixture;
  * h" - h' at the pressure of the state, kJ/kg. When there is none (NaN): process.hpp. */

@@ -26,6 +26,33 @@ StepOptions options_of(const ktl_step_options* given) {
     return {.wetness_factor = given->wetness_factor, .surroundings_t = given->surroundings_t};
 }
 
+/// A column of that many rows; none if it is null.
+template <class T>
+std::span<T> column(T* first, std::size_t rows) {
+    return {first, first != nullptr ? rows : 0};
+}
+
+// Property and Status have the size of a byte and any value of one.
+std::span<const Property> properties_of(const unsigned char* first, std::size_t count) {
+    return {reinterpret_cast<const Property*>(first), count};
+}
+std::span<Status> statuses_of(unsigned char* first, std::size_t rows) {
+    return {reinterpret_cast<Status*>(first), rows};
+}
+
+/// What the streams of ktl_mix_batch are read from.
+struct Streams {
+    const ktl_stream_columns* first;
+    std::size_t rows;
+
+    static StreamColumns at(const void* context, std::size_t i) noexcept {
+        const Streams& all = *static_cast<const Streams*>(context);
+        const ktl_stream_columns& stream = all.first[i];
+        return {enumerator<Pair>(stream.pair), column(stream.a, all.rows), column(stream.b, all.rows),
+                column(stream.flow, all.rows)};
+    }
+};
+
 } // namespace
 
 int ktl_step_of(int process, int pair, double a, double b, double to, double efficiency,
@@ -51,14 +78,37 @@ ktl_batch_result ktl_step_batch(int process, int pair, const double* a, const do
     if (rows != 0 && !given) return {KTL_FAULT_LENGTHS_DIFFER, 0, 0};
     if (columns != 0 && (properties == nullptr || outputs == nullptr)) return {KTL_FAULT_COLUMNS_DIFFER, 0, 0};
     const ktl_step_columns wanted = results != nullptr ? *results : ktl_step_columns{};
-    const auto column = [&](double* first) { return std::span(first, first != nullptr ? rows : 0); };
     c_form::Options batch_options(options);
-    // Property and Status have the size of a byte and any value of one.
-    return c_form::result_of(step_batch(
-        enumerator<Process>(process), enumerator<Pair>(pair), {a, rows}, {b, rows}, {to, rows}, {efficiency, rows},
-        options_of(step_options), {reinterpret_cast<const Property*>(properties), columns}, {outputs, columns},
-        {column(wanted.work), column(wanted.heat), column(wanted.entropy_generated), column(wanted.lost_work)},
-        {reinterpret_cast<Status*>(status), rows}, batch_options.options()));
+    return c_form::result_of(step_batch(enumerator<Process>(process), enumerator<Pair>(pair), {a, rows}, {b, rows},
+                                        {to, rows}, {efficiency, rows}, options_of(step_options),
+                                        properties_of(properties, columns), {outputs, columns},
+                                        {column(wanted.work, rows), column(wanted.heat, rows),
+                                         column(wanted.entropy_generated, rows), column(wanted.lost_work, rows)},
+                                        statuses_of(status, rows), batch_options.options()));
+}
+
+ktl_batch_result ktl_mix_batch(const ktl_stream_columns* streams, size_t stream_count, size_t rows,
+                               double surroundings_t, const unsigned char* properties, double* const* outputs,
+                               size_t columns, const ktl_mixture_columns* results, unsigned char* status,
+                               const ktl_batch_options* options) {
+    if (streams == nullptr || (rows != 0 && status == nullptr)) return {KTL_FAULT_LENGTHS_DIFFER, 0, 0};
+    if (columns != 0 && (properties == nullptr || outputs == nullptr)) return {KTL_FAULT_COLUMNS_DIFFER, 0, 0};
+    const ktl_mixture_columns wanted = results != nullptr ? *results : ktl_mixture_columns{};
+    const Streams all{streams, rows};
+    c_form::Options batch_options(options);
+    return c_form::result_of(process::mix_columns(
+        {stream_count, &all, Streams::at}, surroundings_t, properties_of(properties, columns), {outputs, columns},
+        {column(wanted.flow, rows), column(wanted.entropy_generated, rows), column(wanted.lost_work, rows)},
+        statuses_of(status, rows), batch_options.options()));
+}
+
+ktl_batch_result ktl_exergy_batch(int pair, const double* a, const double* b, size_t rows, double p0, double t0,
+                                  double* flow, double* closed, unsigned char* status,
+                                  const ktl_batch_options* options) {
+    if (rows != 0 && (a == nullptr || b == nullptr || status == nullptr)) return {KTL_FAULT_LENGTHS_DIFFER, 0, 0};
+    c_form::Options batch_options(options);
+    return c_form::result_of(exergy_batch(enumerator<Pair>(pair), {a, rows}, {b, rows}, {p0, t0}, column(flow, rows),
+                                          column(closed, rows), statuses_of(status, rows), batch_options.options()));
 }
 
 int ktl_mix(int pair, const double* a, const double* b, const double* flow, size_t streams, double surroundings_t,

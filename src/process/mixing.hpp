@@ -38,4 +38,18 @@ Mixture mix_streams(std::size_t count, FlowOf&& flow_of, StateOf&& state_of, dou
     return y;
 }
 
+/// The streams of columns of mixtures, wherever they are kept.
+struct StreamSource {
+    std::size_t count;
+    const void* context;
+    StreamColumns (*at)(const void* context, std::size_t i) noexcept;
+
+    [[nodiscard]] StreamColumns operator[](std::size_t i) const { return at(context, i); }
+};
+
+/// mix_batch() of these streams; status has the number of rows.
+BatchResult mix_columns(const StreamSource& streams, double surroundings_t, std::span<const Property> properties,
+                        std::span<double* const> outputs, const MixtureColumns& results, std::span<Status> status,
+                        const BatchOptions& options) noexcept;
+
 } // namespace ktl::process

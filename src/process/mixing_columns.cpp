@@ -1,7 +1,7 @@
 // Columns of mixtures and of exergy.
 #include "engine/calls/float_environment.hpp"
 #include "process/blocks.hpp"
-#include "process/rules.hpp"
+#include "process/mixing.hpp"
 
 namespace ktl {
 
@@ -10,7 +10,7 @@ namespace {
 using namespace process;
 
 struct MixingArguments {
-    std::span<const StreamColumns> streams;
+    StreamSource streams;
     double surroundings_t;
     MixtureColumns results;
 };
@@ -22,13 +22,15 @@ public:
         for (Column* const column : {&largest_, &parts_, &h_, &s_}) column->fill(0.0);
         p_.fill(infinity);
         status_.fill(Status::solved);
-        for (const StreamColumns& stream : given.streams)
+        for (std::size_t k = 0; k < given.streams.count; ++k) {
+            const StreamColumns stream = given.streams[k];
             for (std::size_t i = 0; i < n; ++i) {
                 const double flow = stream.flow[row + i];
                 if (!(flow >= 0.0 && std::isfinite(flow))) status_[i] = Status::flow_outside;
                 largest_[i] = std::max(largest_[i], flow);
             }
-        for (const StreamColumns& stream : given.streams) add(stream);
+        }
+        for (std::size_t k = 0; k < given.streams.count; ++k) add(given.streams[k]);
     }
 
     /// Pressures and enthalpies of the mixtures; NaN in rows that are refused.
@@ -91,7 +93,7 @@ private:
 std::size_t solve_mixtures(const void* context, Pair /*pair*/, const double* a, const double* /*b*/, std::size_t n,
                            std::span<const Property> properties, double* const* outputs, Status* status) noexcept {
     const auto& given = *static_cast<const MixingArguments*>(context);
-    const auto first = static_cast<std::size_t>(a - given.streams.front().a.data());
+    const auto first = static_cast<std::size_t>(a - given.streams[0].a.data());
     std::size_t solved = 0;
     for (std::size_t done = 0; done < n; done += rows_together) {
         const std::size_t now = std::min(rows_together, n - done);
@@ -141,24 +143,36 @@ std::size_t solve_exergies(const void* context, Pair pair, const double* a, cons
 
 } // namespace
 
-BatchResult mix_batch(std::span<const StreamColumns> streams, double surroundings_t,
-                      std::span<const Property> properties, std::span<double* const> outputs,
-                      const MixtureColumns& results, std::span<Status> status, const BatchOptions& options) noexcept {
+BatchResult process::mix_columns(const StreamSource& streams, double surroundings_t,
+                                 std::span<const Property> properties, std::span<double* const> outputs,
+                                 const MixtureColumns& results, std::span<Status> status,
+                                 const BatchOptions& options) noexcept {
     using Fault = BatchResult::Fault;
     const std::size_t n = status.size();
     const std::array columns{results.flow, results.entropy_generated, results.lost_work};
-    if (streams.empty() || !fit_rows(columns, n)) return {.fault = Fault::lengths_differ};
-    for (const StreamColumns& stream : streams) {
+    if (streams.count == 0 || !fit_rows(columns, n)) return {.fault = Fault::lengths_differ};
+    for (std::size_t k = 0; k < streams.count; ++k) {
+        const StreamColumns stream = streams[k];
         if (static_cast<std::size_t>(stream.pair) >= pair_count) return {.fault = Fault::unknown_pair};
         if (stream.a.size() != n || stream.b.size() != n || stream.flow.size() != n)
             return {.fault = Fault::lengths_differ};
     }
     const MixingArguments given{streams, surroundings_t, results};
-    const StreamColumns& carrier = streams.front();
+    const StreamColumns carrier = streams[0];
     const BatchResult result =
         run_batch({solve_mixtures, &given}, {carrier.pair, carrier.a, carrier.b, properties, outputs, status}, options);
     if (result.cancelled) clear_cancelled(status, columns);
     return result;
+}
+
+BatchResult mix_batch(std::span<const StreamColumns> streams, double surroundings_t,
+                      std::span<const Property> properties, std::span<double* const> outputs,
+                      const MixtureColumns& results, std::span<Status> status, const BatchOptions& options) noexcept {
+    const auto at = [](const void* context, std::size_t i) noexcept {
+        return static_cast<const StreamColumns*>(context)[i];
+    };
+    return mix_columns({streams.size(), streams.data(), at}, surroundings_t, properties, outputs, results, status,
+                       options);
 }
 
 BatchResult exergy_batch(Pair pair, std::span<const double> a, std::span<const double> b,

@@ -83,4 +83,46 @@ TEST(ProcessInC, BearsNullPointersAndNumbersOfNoEnumeration) {
     EXPECT_EQ(fault(&one, 0), KTL_FAULT_NONE);
 }
 
+/// Two streams of different pairs and the exergy of one of them: the C++ calls, row by row; then what is refused.
+TEST(ProcessInC, MixesColumnsAndHasTheirExergy) {
+    constexpr std::size_t rows = 5;
+    const double p[rows] = {6.0, 6.0, 6.0, 6.0, -1.0}, x[rows] = {1.0, 0.9, 0.5, 0.0, 0.5};
+    const double h[rows] = {500.0, 400.0, 300.0, 5000.0, 100.0};
+    const double flow[rows] = {1.0, 2.0, -1.0, 1.0, 1.0}, other[rows] = {3.0, 0.0, 1.0, 1.0, 1.0};
+    const ktl_stream_columns streams[] = {{KTL_PAIR_PX, p, x, flow}, {KTL_PAIR_PH, p, h, other}};
+    double t[rows], sum[rows], lost[rows], stream_exergy[rows], closed[rows];
+    double* const outputs[] = {t};
+    const unsigned char properties[] = {KTL_PROPERTY_T};
+    const ktl_mixture_columns wanted{sum, nullptr, lost};
+    unsigned char status[rows];
+    const ktl_batch_result result =
+        ktl_mix_batch(streams, 2, rows, 20.0, properties, outputs, 1, &wanted, status, nullptr);
+    EXPECT_EQ(result.fault, KTL_FAULT_NONE);
+    EXPECT_EQ(result.solved, 2U);
+    for (std::size_t i = 0; i < rows; ++i) {
+        const Stream both[] = {{state(Pair::px, p[i], x[i]), flow[i]}, {state(Pair::ph, p[i], h[i]), other[i]}};
+        const Mixture y = mix(both, 20.0);
+        EXPECT_EQ(status[i], static_cast<unsigned char>(y.status));
+        EXPECT_TRUE(same_bits(t[i], y.end.t()) && same_bits(sum[i], y.flow) && same_bits(lost[i], y.lost_work)) << i;
+    }
+    EXPECT_EQ(ktl_exergy_batch(KTL_PAIR_PX, p, x, rows, 1.0, 20.0, stream_exergy, closed, status, nullptr).solved, 4U);
+    for (std::size_t i = 0; i < rows; ++i) {
+        const Exergy y = exergy(state(Pair::px, p[i], x[i]), {1.0, 20.0});
+        EXPECT_EQ(status[i], static_cast<unsigned char>(y.status));
+        EXPECT_TRUE(same_bits(stream_exergy[i], y.flow) && same_bits(closed[i], y.closed)) << i;
+    }
+    const auto fault_of = [&](const ktl_stream_columns& stream, size_t count, size_t columns) {
+        return ktl_mix_batch(&stream, count, rows, 20.0, nullptr, outputs, columns, nullptr, status, nullptr).fault;
+    };
+    EXPECT_EQ(fault_of(streams[0], 1, 0), KTL_FAULT_NONE);
+    EXPECT_EQ(fault_of(streams[0], 0, 0), KTL_FAULT_LENGTHS_DIFFER);
+    EXPECT_EQ(fault_of({KTL_PAIR_PX, p, nullptr, flow}, 1, 0), KTL_FAULT_LENGTHS_DIFFER);
+    EXPECT_EQ(fault_of({99, p, x, flow}, 1, 0), KTL_FAULT_UNKNOWN_PAIR);
+    EXPECT_EQ(fault_of(streams[0], 1, 1), KTL_FAULT_COLUMNS_DIFFER);
+    EXPECT_EQ(ktl_mix_batch(nullptr, 1, rows, 20.0, nullptr, nullptr, 0, nullptr, status, nullptr).fault,
+              KTL_FAULT_LENGTHS_DIFFER);
+    EXPECT_EQ(ktl_exergy_batch(KTL_PAIR_PX, p, nullptr, rows, 1.0, 20.0, nullptr, nullptr, status, nullptr).fault,
+              KTL_FAULT_LENGTHS_DIFFER);
+}
+
 } // namespace
