@@ -62,6 +62,16 @@ def throttle(start: State, to: ArrayLike, *, surroundings_degc: float = ...) -> 
 def heat_to_t(start: State, to: ArrayLike, *, surroundings_degc: float = ...) -> Step: ...
 def heat_to_h(start: State, to: ArrayLike, *, surroundings_degc: float = ...) -> Step: ...
 def heat_to_x(start: State, to: ArrayLike, *, surroundings_degc: float = ...) -> Step: ...
+def mix(streams: Iterable[State], flows: Iterable[ArrayLike], *, surroundings_degc: float = ...) -> Mixture: ...
+def exergy(state: State, *, surroundings_bar: float = ..., surroundings_degc: float = ...) -> Exergy: ...
+@overload
+def saturation_by(phase: str, *, v: ArrayLike) -> SaturationPoints: ...
+@overload
+def saturation_by(phase: str, *, h: ArrayLike) -> SaturationPoints: ...
+@overload
+def saturation_by(phase: str, *, s: ArrayLike) -> SaturationPoints: ...
+@overload
+def saturation_by(phase: str, *, u: ArrayLike) -> SaturationPoints: ...
 psat: LineUfunc
 tsat: LineUfunc
 saturation_slope: LineUfunc
@@ -95,13 +105,20 @@ def classes(properties, names):
     lines += ["    @property", "    def sentence(self) -> str: ...", "", "class _Values:"]
     lines += ["    # One state has numbers, several have arrays.", "    shape: tuple[int, ...]", "    def __len__(self) -> int: ..."]
     lines += ["    def derivative(self, of: str, by: str, at_constant: str) -> Any: ..."]
+    lines += ["    def volume_second_derivative(self, by: str, also_by: str) -> Any: ..."]
     lines += [f"    {name}: Any  # {meaning}, {unit}" for name, unit, meaning in properties]
     lines += ["", "class Phase(_Values):", "    def saturation_derivative(self, of: str, by: str) -> Any: ..."]
     lines += ["", "class State(_Values):", "    status: Any", "    liquid: Phase", "    vapour: Phase"]
+    lines += ["    superheat: Any", "    subcooling: Any", "    wetness: Any", "    latent_heat: Any"]
     lines += ["    def __bool__(self) -> bool: ...", "    def __getitem__(self, index: Any) -> State: ..."]
     lines += ["    def __iter__(self) -> Iterator[State]: ...", "    def to_frame(self) -> Any: ..."]
     lines += ["", "class Step:", "    end: State", "    status: Any", "    work: Any", "    heat: Any"]
     lines += ["    entropy_generated: Any", "    lost_work: Any", "    def __bool__(self) -> bool: ..."]
+    outcomes = {"Mixture": "end flow entropy_generated lost_work", "Exergy": "flow closed", "SaturationPoints": "t count"}
+    for name, values in outcomes.items():
+        types = {"end": "State"}
+        lines += ["", f"class {name}:", "    status: Any", *(f"    {value}: {types.get(value, 'Any')}" for value in values.split())]
+        lines += ["    def __bool__(self) -> bool: ..."]
     lines += ["", "class Saturation:", "    shape: tuple[int, ...]", "    p: Any", "    t: Any", "    slope: Any", "    status: Any"]
     lines += ["    liquid: Phase", "    vapour: Phase", "    def __len__(self) -> int: ...", "    def __bool__(self) -> bool: ..."]
     lines += ["    def __getitem__(self, index: Any) -> Saturation: ...", "", "class Cancelled(KeyboardInterrupt):", "    result: Any"]
@@ -134,7 +151,9 @@ def main(include, out):
     modules = "\nfrom . import duckdb as duckdb, mpa as mpa, si as si, table as table, units as units, us as us\n__version__: str\n"
     shared = classes(properties, statuses(include))
     (out / "__init__.pyi").write_text(PRELUDE + modules + KINDS + shared + chart + own)
-    names = "from . import LineUfunc, Phase, PropertyUfunc, Saturation, State, StatusUfunc, Step\n"
+    names = (
+        "from . import Exergy, LineUfunc, Mixture, Phase, PropertyUfunc, Saturation, SaturationPoints, State, StatusUfunc, Step\n"
+    )
     for system in ("si", "mpa", "us"):
         (out / f"{system}.pyi").write_text(PRELUDE + "\n" + names + own)
 

@@ -15,6 +15,8 @@ and there are
     ktl.diagram("hs")               a chart, as axes of matplotlib
     ktl.table.saturation(by="t")    steam tables as DataFrames of pandas
     ktl.expand(state, 0.05, 0.88)   steps of a turbine cycle, with work and losses: ktl.Step
+    ktl.mix, ktl.exergy             mixed streams, exergy of states
+    ktl.saturation_by("vapour", h=2790)  all temperatures of saturated water or steam with a value
 
 Units: bar, degC, m3/kg, kJ/kg, kJ/(kg K); ktl.si has Pa, K, J/kg, ktl.mpa MPa, K, kJ/kg, ktl.us psi, degF,
 Btu/lb, and ktl.units takes and gives quantities of pint. Valid range: 0.01 to 800 degC, 0.006112444 to 1000 bar, one phase or two.
@@ -27,14 +29,15 @@ from ._batch import Cancelled
 from ._diagram import diagram
 from ._lists import Status
 from ._namespace import fill as _fill
-from ._process import Step
+from ._process import Exergy, Mixture, SaturationPoints, Step
 from ._state import Phase, Saturation, State
 
 __version__ = _ktl.version
 
 _modules = ("duckdb", "mpa", "si", "table", "units", "us")
 
-__all__ = _fill(globals(), "bar") + ["Cancelled", "Phase", "Saturation", "State", "Status", "Step", "diagram"]
+_classes = ["Cancelled", "Exergy", "Mixture", "Phase", "Saturation", "SaturationPoints", "State", "Status", "Step"]
+__all__ = _fill(globals(), "bar") + [*_classes, "diagram"]
 
 
 def __getattr__(name):

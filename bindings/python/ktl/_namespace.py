@@ -5,7 +5,7 @@ import sys
 from . import _ktl
 from ._batch import batch_function
 from ._lists import GIVEN, PAIRS, PROPERTIES, SYSTEMS, no_pair, unit_of
-from ._process import step_functions
+from ._process import process_functions
 from ._state import derivative_function, saturation_function, state_function
 
 
@@ -17,7 +17,7 @@ def fill(module, system):
     functions["derivative"] = derivative_function(functions["state"], system)
     functions["saturation"] = saturation_function(system, ufuncs["saturation_slope"])
     functions["batch"] = batch_function(system)
-    functions.update(step_functions(system))
+    functions.update(process_functions(system))
     for name, function in {**ufuncs, **functions}.items():
         _belongs_to(function, name, module["__name__"])
         module[name] = function

@@ -61,6 +61,19 @@ class _Values:
         _ktl.derivative(SYSTEMS.index(self._system), self._rows, self._phase, *numbers, values)
         return values if values.shape else values.item()
 
+    def volume_second_derivative(self, by, also_by):
+        """The second derivative of v by p or t and p or t, each the other held, in the units of v, p and t.
+
+        NaN of a mixture, and if the state is not solved.
+        """
+        for name in (by, also_by):
+            if name not in ("p", "t"):
+                raise ValueError(f"{name!r} should be 'p' or 't'")
+        values = np.empty(self._rows.shape)
+        numbers = PROPERTIES[by].number, PROPERTIES[also_by].number
+        _ktl.second_derivative(SYSTEMS.index(self._system), self._rows, self._phase, *numbers, values)
+        return values if values.shape else values.item()
+
     def _attribute(prop):
         unit = ", ".join(dict.fromkeys(unit for unit in prop.units if unit != "1"))
         return property(lambda self: self._get(prop), doc=f"{prop.meaning}{f' ({unit})' if unit else ''}")
@@ -107,6 +120,26 @@ class State(_Values):
             _ktl.solve(SYSTEMS.index(system), PAIRS[pair].number, a, b, number, rows)
         super().__init__(rows, _STATE, system)
         self._pair, self._a, self._b, self._number = pair, a, b, number
+
+    def _beside_saturation(number, name, meaning):
+        def get(self):
+            if name not in self._kept:
+                values = np.empty(self._rows.shape)
+                _ktl.beside_saturation(SYSTEMS.index(self._system), number, self._rows, values)
+                values.flags.writeable = False
+                self._kept[name] = values if values.shape else values.item()
+            return self._kept[name]
+
+        return property(get, doc=meaning)
+
+    superheat = _beside_saturation(
+        0, "superheat", "K (degF in ktl.us) above saturation; 0 of a mixture, NaN of water and above the critical pressure")
+    subcooling = _beside_saturation(
+        1, "subcooling", "K (degF in ktl.us) below saturation; 0 of a mixture, NaN of steam and above the critical pressure")
+    wetness = _beside_saturation(2, "wetness", "mass fraction of water in a mixture; NaN of one phase")
+    latent_heat = _beside_saturation(
+        3, "latent_heat", "h of saturated steam less that of water at the pressure; NaN above the critical pressure")
+    del _beside_saturation
 
     @property
     def status(self):

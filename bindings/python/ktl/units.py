@@ -18,6 +18,7 @@ import pint
 import ktl as _ktl
 
 from ._lists import GIVEN, PAIRS, PROPERTIES, no_pair, unit_of
+from ._process import STEPS
 
 _SLOPE_UNIT = "bar/K"
 
@@ -28,6 +29,11 @@ def _pint_unit(unit):
 
 
 _UNITS = {name: _pint_unit(unit_of(prop, "bar")) for name, prop in PROPERTIES.items()}
+# Of attributes that are no properties; differences of temperatures are in K.
+_MORE_UNITS = {
+    "slope": _SLOPE_UNIT, "superheat": "K", "subcooling": "K", "wetness": "kg/kg",
+    "latent_heat": _UNITS["h"], "work": _UNITS["h"], "heat": _UNITS["h"], "lost_work": _UNITS["h"], "entropy_generated": _UNITS["s"],
+}
 
 
 def _magnitude(value, name):
@@ -74,7 +80,7 @@ def _keyword_function(name):
 
 
 class _Quantities:
-    """A state, phase or point of the saturation line whose properties are quantities of pint."""
+    """A state, phase, point of the saturation line or step whose values are quantities of pint."""
 
     __slots__ = ("_values", "_registry")
 
@@ -83,9 +89,9 @@ class _Quantities:
 
     def __getattr__(self, name):
         value = getattr(self._values, name)
-        if name in ("liquid", "vapour"):
+        if name in ("liquid", "vapour", "end"):
             return _Quantities(value, self._registry)
-        unit = _SLOPE_UNIT if name == "slope" else _UNITS.get(name)
+        unit = _UNITS.get(name) or _MORE_UNITS.get(name)
         return value if unit is None else self._registry.Quantity(value, unit)
 
     def _derivative(self, value, of, by):
@@ -131,6 +137,18 @@ def saturation(**given):
     return _with_quantities(_ktl.saturation, given)
 
 
+def _step_function(name, to_name):
+    call = getattr(_ktl, name)
+
+    @functools.wraps(call)
+    def function(start, to, *arguments, **options):
+        if not isinstance(start, _Quantities):
+            raise TypeError(f"a step begins at a state of ktl.units, not at {type(start).__name__}")
+        return _Quantities(call(start._values, _magnitude(to, to_name), *arguments, **options), start._registry)
+
+    return function
+
+
 def _fill(module):
     for pair in PAIRS.values():
         names = (pair.a.name, pair.b.name)
@@ -139,6 +157,8 @@ def _fill(module):
             module[name] = _function(name, names, unit)
     for name in PROPERTIES:
         module[name] = _keyword_function(name)
+    for name, to_name in STEPS:
+        module[name] = _step_function(name, to_name)
     for name, given, unit in (("psat", "t", _UNITS["p"]), ("tsat", "p", _UNITS["t"]), ("saturation_slope", "t", _SLOPE_UNIT)):
         module[name] = _function(name, (given,), unit)
 

@@ -5,6 +5,7 @@
 #include "batch.hpp"
 #include "chart.hpp"
 #include "functions.hpp"
+#include "process.hpp"
 #include "states.hpp"
 #include "table.hpp"
 
@@ -156,6 +157,14 @@ PyMethodDef methods[] = {
     {"column", column_of_states, METH_VARARGS, "column(system, states, property, phase, out)"},
     {"derivative", derivative_of_states, METH_VARARGS, "derivative(system, states, phase, of, by, at_constant, out)"},
     {"chart", chart, METH_VARARGS, "chart(preset, system, window, lines, width, height, deviation)"},
+    {"second_derivative", second_derivative_of_states, METH_VARARGS,
+     "second_derivative(system, states, phase, by, also_by, out)"},
+    {"mix", mixtures_of_states, METH_VARARGS,
+     "mix(system, states, flows, surroundings_t, ends, flow, entropy_generated, lost_work, status)"},
+    {"exergy", exergies_of_states, METH_VARARGS, "exergy(system, states, p0, t0, flow, closed, status)"},
+    {"beside_saturation", beside_saturation, METH_VARARGS, "beside_saturation(system, what, states, out)"},
+    {"saturation_by", saturation_points, METH_VARARGS,
+     "saturation_by(system, vapour, property, values, t, count, status)"},
     {"step", steps_of_states, METH_VARARGS,
      "step(system, process, property, states, to, efficiency, wetness_factor, surroundings_t, ends, work, heat, "
      "entropy_generated, lost_work, status)"},

@@ -16,14 +16,6 @@ const std::size_t state_size = sizeof(State);
 
 namespace {
 
-std::size_t states_in(std::span<char> memory) { return memory.size() / sizeof(State); }
-
-State state_at(std::span<char> memory, std::size_t row) {
-    State state;
-    std::memcpy(&state, memory.data() + row * sizeof state, sizeof state);
-    return state;
-}
-
 double value(const State& state, int phase, Property property) {
     switch (phase) {
     case 1: return state.liquid().get(property);
@@ -123,6 +115,34 @@ PyObject* derivative_of_states(PyObject*, PyObject* arguments) {
     for (std::size_t row = 0; row < out.size(); ++row) {
         const double y = derivative(state_at(states, row), phase);
         out[row] = to.identity() && per.identity() ? y : y * to.multiplier / to.divisor * per.divisor / per.multiplier;
+    }
+    Py_END_ALLOW_THREADS;
+    Py_RETURN_NONE;
+}
+
+PyObject* second_derivative_of_states(PyObject*, PyObject* arguments) {
+    int system_number = 0, phase = 0, by = 0, also_by = 0;
+    PyObject *array = nullptr, *out_array = nullptr;
+    System system;
+    std::span<double> out;
+    std::span<char> states;
+    if (!PyArg_ParseTuple(arguments, "iOiiiO", &system_number, &array, &phase, &by, &also_by, &out_array) ||
+        !system_from(system_number, &system) || !doubles_of(out_array, true, &out) ||
+        !elements_of(array, sizeof(State), false, &states))
+        return nullptr;
+    if (!is_property(by) || !is_property(also_by)) return refuse("unknown property"), nullptr;
+    if (out.size() != states_in(states)) return refuse("columns differ in length"), nullptr;
+    const auto first = static_cast<Property>(by), second = static_cast<Property>(also_by);
+    const Conversion& v = conversion(system, Property::v);
+    const Conversion &x = conversion(system, first), &y = conversion(system, second);
+    const double multiplier = v.multiplier * x.divisor * y.divisor, divisor = v.divisor * x.multiplier * y.multiplier;
+    Py_BEGIN_ALLOW_THREADS;
+    for (std::size_t row = 0; row < out.size(); ++row) {
+        const State state = state_at(states, row);
+        const double d = phase == 0
+                             ? volume_second_derivative(state, first, second)
+                             : volume_second_derivative(phase == 1 ? state.liquid() : state.vapour(), first, second);
+        out[row] = d * multiplier / divisor;
     }
     Py_END_ALLOW_THREADS;
     Py_RETURN_NONE;
