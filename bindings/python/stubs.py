@@ -1,4 +1,4 @@
-"""stubs.py INCLUDE_FOLDER OUT_FOLDER: the stubs of ktl, ktl.si, ktl.mpa and ktl.us from pairs.def and properties.def."""
+"""stubs.py INCLUDE_FOLDER OUT_FOLDER: the stubs of ktl, its unit systems and ktl.if97 from pairs.def and properties.def."""
 
 import re
 import sys
@@ -77,6 +77,16 @@ tsat: LineUfunc
 saturation_slope: LineUfunc
 '''
 
+# Of ktl.if97: no counts, no steps, fewer pairs.
+FUNCTIONS_OF_IF97 = '''
+def state(*, number: int = ..., {given}) -> State: ...
+def batch(pair: str, a: ArrayLike, b: ArrayLike, properties: str | Iterable[str], threads: int = ..., progress: bool | Callable[[int, int], bool | None] | None = ...) -> Any: ...
+def sentence(status: int) -> str: ...
+psat: LineUfunc
+tsat: LineUfunc
+'''
+PAIRS_OF_IF97 = ("pt", "ph", "ps", "px", "tx", "hs")
+
 
 def rows(path, macro):
     return re.findall(rf"^{macro}\((.*?)\)$", path.read_text(), re.MULTILINE | re.DOTALL)
@@ -125,10 +135,10 @@ def classes(properties, names):
     return "\n".join(lines) + "\n"
 
 
-def functions(pairs, properties):
+def functions(pairs, properties, text=FUNCTIONS):
     """The functions of one unit system."""
     letters = sorted({letter for _, a, b in pairs for letter in (a, b)})
-    lines = [FUNCTIONS.format(given=", ".join(f"{letter}: ArrayLike = ..." for letter in letters))]
+    lines = [text.format(given=", ".join(f"{letter}: ArrayLike = ..." for letter in letters))]
     for name, _, _ in properties:
         known = [(a, b) for _, a, b in pairs if name not in (a, b)]
         for a, b in known:
@@ -136,7 +146,7 @@ def functions(pairs, properties):
             lines += ["@overload", f"def {name}(*, {a}: Any, {b}: Any) -> Any: ..."]
     for pair, a, b in pairs:
         lines += [f"{name}_{pair}: PropertyUfunc" for name, _, _ in properties if name not in (a, b)]
-        lines += [f"status_{pair}: StatusUfunc", f"states_{pair}: StatusUfunc"]
+        lines += [f"status_{pair}: StatusUfunc", *([f"states_{pair}: StatusUfunc"] if text is FUNCTIONS else [])]
     return "\n".join(lines) + "\n"
 
 
@@ -148,7 +158,7 @@ def main(include, out):
         'def diagram(chart: str = "hs", *, window: tuple[float, float, float, float] | None = None, lines: Any = None, '
         'units: str = "bar", deviation: float = 0.05, labels: bool = True, ax: Any = None) -> Any: ...\n'
     )
-    modules = "\nfrom . import duckdb as duckdb, mpa as mpa, si as si, table as table, units as units, us as us\n__version__: str\n"
+    modules = "\nfrom . import duckdb as duckdb, if97 as if97, mpa as mpa, si as si, table as table, units as units, us as us\n__version__: str\n"
     shared = classes(properties, statuses(include))
     (out / "__init__.pyi").write_text(PRELUDE + modules + KINDS + shared + chart + own)
     names = (
@@ -156,6 +166,8 @@ def main(include, out):
     )
     for system in ("si", "mpa", "us"):
         (out / f"{system}.pyi").write_text(PRELUDE + "\n" + names + own)
+    of_if97 = functions([pair for pair in pairs if pair[0] in PAIRS_OF_IF97], properties, FUNCTIONS_OF_IF97)
+    (out / "if97.pyi").write_text(PRELUDE + "\n" + names + of_if97)
 
 
 if __name__ == "__main__":

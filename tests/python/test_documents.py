@@ -28,7 +28,8 @@ def names_of_stub(name):
     return functions | {node.target.id for node in tree.body if isinstance(node, ast.AnnAssign)}
 
 
-@pytest.mark.parametrize("module, stub", [(ktl, "__init__.pyi"), (ktl.si, "si.pyi"), (ktl.mpa, "mpa.pyi"), (ktl.us, "us.pyi")])
+@pytest.mark.parametrize("module, stub", [(ktl, "__init__.pyi"), (ktl.si, "si.pyi"), (ktl.mpa, "mpa.pyi"), (ktl.us, "us.pyi"),
+                                          (ktl.if97, "if97.pyi")])
 def test_stubs_name_what_exists(module, stub):
     kinds = {"PropertyUfunc", "LineUfunc", "StatusUfunc", "_Values", "__version__"}
     assert names_of_stub(stub) - kinds == set(module.__all__)

@@ -16,10 +16,12 @@ and there are
     ktl.table.saturation(by="t")    steam tables as DataFrames of pandas
     ktl.expand(state, 0.05, 0.88)   steps of a turbine cycle, with work and losses: ktl.Step
     ktl.mix, ktl.exergy             mixed streams, exergy of states
+    ktl.if97.h_pt(p, t)             the same after IAPWS-IF97, for comparison
     ktl.saturation_by("vapour", h=2790)  all temperatures of saturated water or steam with a value
 
 Units: bar, degC, m3/kg, kJ/kg, kJ/(kg K); ktl.si has Pa, K, J/kg, ktl.mpa MPa, K, kJ/kg, ktl.us psi, degF,
-Btu/lb, and ktl.units takes and gives quantities of pint. Valid range: 0.01 to 800 degC, 0.006112444 to 1000 bar, one phase or two.
+Btu/lb, and ktl.units takes and gives quantities of pint. Valid range: 0.01 to 800 degC, 0.006112444 to 1000 bar, one phase
+or two.
 """
 
 import importlib as _importlib
@@ -34,7 +36,7 @@ from ._state import Phase, Saturation, State
 
 __version__ = _ktl.version
 
-_modules = ("duckdb", "mpa", "si", "table", "units", "us")
+_modules = ("duckdb", "if97", "mpa", "si", "table", "units", "us")
 
 _classes = ["Cancelled", "Exergy", "Mixture", "Phase", "Saturation", "SaturationPoints", "State", "Status", "Step"]
 __all__ = _fill(globals(), "bar") + [*_classes, "diagram"]

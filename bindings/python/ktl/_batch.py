@@ -8,7 +8,7 @@ import numpy as np
 
 from . import _ktl
 from ._columns import pair_of_columns
-from ._lists import PAIRS, PROPERTIES, SYSTEMS
+from ._lists import IFC67, PAIRS, PROPERTIES, SYSTEMS, pairs_of
 
 
 class Cancelled(KeyboardInterrupt):
@@ -48,8 +48,8 @@ def _bar(total):
     return lambda done, total: bar.update(done - bar.n) and None, bar.close
 
 
-def batch_function(system):
-    number = SYSTEMS.index(system)
+def batch_function(system, formulation=IFC67):
+    number, pairs = SYSTEMS.index(system), pairs_of(formulation)
 
     def batch(pair, a, b, properties, threads=0, progress=None):
         """The states of many rows, several properties of each, on several threads.
@@ -63,8 +63,8 @@ def batch_function(system):
         cancelled. A keyboard interrupt stops it within a tenth of a second and raises ktl.Cancelled, a KeyboardInterrupt
         that has the same in its attribute result.
         """
-        if pair not in PAIRS:
-            raise ValueError(f"unknown pair {pair!r}; the pairs are: {', '.join(PAIRS)}")
+        if pair not in pairs:
+            raise ValueError(f"unknown pair {pair!r}; the pairs are: {', '.join(pairs)}")
         names = _properties(properties)
         if threads < 0:
             raise ValueError("threads must not be negative")
@@ -77,7 +77,7 @@ def batch_function(system):
             progress, ended = _bar(a.size)
         wanted = bytes(PROPERTIES[name].number for name in names)
         try:
-            _ktl.batch(number, PAIRS[pair].number, a, b, wanted, tuple(columns), status, threads, progress or None)
+            _ktl.batch(number, formulation, PAIRS[pair].number, a, b, wanted, tuple(columns), status, threads, progress or None)
         except KeyboardInterrupt:
             raise Cancelled(result) from None
         finally:

@@ -6,6 +6,7 @@ from typing import NamedTuple
 from . import _ktl
 
 SYSTEMS = tuple(_ktl.systems)
+IFC67, IF97 = range(2)  # formulations
 
 
 class Property(NamedTuple):
@@ -28,7 +29,14 @@ PAIRS = {name: Pair(k, name, _by_number[a], _by_number[b]) for k, (name, a, b) i
 
 Status = IntEnum("Status", {name: k for k, (name, _) in enumerate(_ktl.statuses)}, module="ktl")
 Status.__doc__ = "What became of a request: solved (0), or the reason why not; its text is .sentence."
-Status.sentence = property(lambda self: _ktl.statuses[self][1], doc="The status in plain English.")
+Status.sentence = property(lambda self: sentence(self, IFC67), doc="The status in plain English.")
+
+
+
+def sentence(status, formulation):
+    """The status in plain English, with the limits of a formulation."""
+    return _ktl.statuses[status][1][formulation]
+
 
 # The pair that two names make, in either order, and whether its values are in the other order.
 GIVEN = {}
@@ -37,11 +45,16 @@ for _pair in PAIRS.values():
     GIVEN[_pair.b.name, _pair.a.name] = (_pair, True)
 
 
-def no_pair(names):
-    """The exception for given names that make no pair."""
+def no_pair(names, pairs=PAIRS):
+    """The exception for given names that make none of the pairs."""
     given = ", ".join(names) or "nothing"
-    known = ", ".join(f"{pair.a.name} and {pair.b.name}" for pair in PAIRS.values())
+    known = ", ".join(f"{PAIRS[pair].a.name} and {PAIRS[pair].b.name}" for pair in pairs)
     return TypeError(f"no state is determined by {given}; the pairs are: {known}")
+
+
+def pairs_of(formulation):
+    """The names of the pairs that a formulation has."""
+    return tuple(PAIRS) if formulation == IFC67 else ("pt", "ph", "ps", "px", "tx", "hs")
 
 
 def unit_of(prop, system):

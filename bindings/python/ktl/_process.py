@@ -4,7 +4,7 @@ import numpy as np
 
 from . import _ktl
 from ._columns import column
-from ._lists import PAIRS, PROPERTIES, SYSTEMS, Status, unit_of
+from ._lists import IFC67, PAIRS, PROPERTIES, SYSTEMS, Status, unit_of
 from ._state import State
 
 # Name, number of ktl::Process, what the step goes to, whether it has an efficiency, and a sentence.
@@ -105,6 +105,8 @@ def _must_be_state(start, system, what):
         raise TypeError(f"{what} a ktl.State, not {type(start).__name__}")
     if start._system != system:
         raise TypeError("the state is one of another unit system")
+    if start._formulation != IFC67:
+        raise TypeError("the state is one of another formulation than that of 1967")
 
 
 def _step(system, number, prop, start, to, efficiency, wetness_factor, surroundings_t):

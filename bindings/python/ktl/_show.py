@@ -4,7 +4,7 @@ import html
 
 import numpy as np
 
-from ._lists import PROPERTIES, Status, unit_of
+from ._lists import PROPERTIES, Status, sentence, unit_of
 
 _ROWS_SHOWN = 10
 
@@ -48,7 +48,7 @@ def _parts(values, kind):
         left = size - min(size, _ROWS_SHOWN)
         return f"{kind}, shape {values.shape}", *_table_of_several(values), f"... {left} more" if left else ""
     if getattr(values, "status", Status.solved) != Status.solved:
-        return f"{kind}: {values.status.name}, {values.status.sentence}", [], [], ""
+        return f"{kind}: {values.status.name}, {sentence(values.status, values._formulation)}", [], [], ""
     return kind, *_table_of_one(values), ""
 
 

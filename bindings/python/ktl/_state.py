@@ -4,7 +4,7 @@ import numpy as np
 
 from . import _ktl
 from ._columns import column, pair_of_columns
-from ._lists import GIVEN, PAIRS, PROPERTIES, SYSTEMS, Status, no_pair, unit_of
+from ._lists import GIVEN, IFC67, PAIRS, PROPERTIES, SYSTEMS, Status, no_pair, pairs_of, unit_of
 from ._show import html_table, text_table
 
 _STATE, _LIQUID, _VAPOUR = range(3)
@@ -112,17 +112,19 @@ class State(_Values):
     for one phase alone is NaN: ask liquid or vapour. An index gives a state or a smaller array of them.
     """
 
-    __slots__ = ("_pair", "_a", "_b", "_number")
+    __slots__ = ("_pair", "_a", "_b", "_number", "_formulation")
 
-    def __init__(self, system, pair, a, b, number, rows=None):
+    def __init__(self, system, pair, a, b, number, rows=None, formulation=IFC67):
         if rows is None:
             rows = np.empty(a.shape, f"V{_ktl.state_size}")
-            _ktl.solve(SYSTEMS.index(system), PAIRS[pair].number, a, b, number, rows)
+            _ktl.solve(SYSTEMS.index(system), formulation, PAIRS[pair].number, a, b, number, rows)
         super().__init__(rows, _STATE, system)
-        self._pair, self._a, self._b, self._number = pair, a, b, number
+        self._pair, self._a, self._b, self._number, self._formulation = pair, a, b, number, formulation
 
     def _beside_saturation(number, name, meaning):
         def get(self):
+            if self._formulation != IFC67 and name != "wetness":
+                raise AttributeError(f"{name} is that of states of the 1967 formulation")
             if name not in self._kept:
                 values = np.empty(self._rows.shape)
                 _ktl.beside_saturation(SYSTEMS.index(self._system), number, self._rows, values)
@@ -171,14 +173,14 @@ class State(_Values):
 
         rows = np.empty(self._a[index].shape, self._rows.dtype)
         rows[...] = self._rows[index]
-        return State(self._system, self._pair, part(self._a), part(self._b), self._number, rows)
+        return State(self._system, self._pair, part(self._a), part(self._b), self._number, rows, self._formulation)
 
     def __iter__(self):
         return (self[k] for k in range(len(self)))
 
     def __reduce__(self):
         # Solved anew, because another version may keep states otherwise.
-        return State, (self._system, self._pair, self._a, self._b, self._number)
+        return State, (self._system, self._pair, self._a, self._b, self._number, None, self._formulation)
 
     def to_frame(self):
         """A DataFrame of pandas: a row for each state, a column for each property and the name of the status."""
@@ -220,22 +222,22 @@ class Saturation:
         return html_table(self._state, "Saturation")
 
 
-def state_function(system):
+def state_function(system, formulation=IFC67):
+    pairs = pairs_of(formulation)
     units = ", ".join(f"{name} ({unit_of(prop, system)})" for name, prop in PROPERTIES.items() if name in "ptvhsux")
 
     def state(*, number=0, **given):
-        try:
-            pair, swapped = GIVEN[tuple(given)]
-        except KeyError:
-            raise no_pair(given) from None
+        pair, swapped = GIVEN.get(tuple(given), (None, False))
+        if pair is None or pair.name not in pairs:
+            raise no_pair(given, pairs)
         values = tuple(given.values())
         a, b = pair_of_columns(*(reversed(values) if swapped else values), (pair.a.name, pair.b.name))
-        return State(system, pair.name, a, b, number)
+        return State(system, pair.name, a, b, number, None, formulation)
 
     state.__doc__ = f"""The state with two given values, or an array of states: ktl.State.
 
     Two keywords, in any order, of {units}, that make one of the pairs
-    {", ".join(PAIRS)}: numbers, or arrays that broadcast.
+    {", ".join(pairs)}: numbers, or arrays that broadcast.
     number picks one of several states, from 0; ktl.states_ph(p, h) and so on count them. A state that does not exist is
     not an error: its status tells why, bool() is False and every property is NaN.
     """

@@ -32,7 +32,8 @@ _UNITS = {name: _pint_unit(unit_of(prop, "bar")) for name, prop in PROPERTIES.it
 # Of attributes that are no properties; differences of temperatures are in K.
 _MORE_UNITS = {
     "slope": _SLOPE_UNIT, "superheat": "K", "subcooling": "K", "wetness": "kg/kg",
-    "latent_heat": _UNITS["h"], "work": _UNITS["h"], "heat": _UNITS["h"], "lost_work": _UNITS["h"], "entropy_generated": _UNITS["s"],
+    "latent_heat": _UNITS["h"], "work": _UNITS["h"], "heat": _UNITS["h"], "lost_work": _UNITS["h"],
+    "entropy_generated": _UNITS["s"],
 }
 
 

@@ -4,6 +4,7 @@
 #include "batch.hpp"
 
 #include "column.hpp"
+#include "formulation.hpp"
 #include "module.hpp"
 
 #include <algorithm>
@@ -25,6 +26,7 @@ constexpr auto slow_block = std::chrono::milliseconds(1);
 
 struct Columns {
     System system;
+    const Formulation* of;
     Pair pair;
     std::span<double> a, b;
     std::vector<Property> properties;
@@ -97,9 +99,9 @@ private:
         const std::size_t count = columns_.properties.size();
         for (std::size_t k = 0; k < count; ++k) outputs[k] = columns_.outputs[k] + begin;
         const BatchResult result =
-            batch(columns_.pair, given(columns_.a, pair.a, a_scratch.data()),
-                  given(columns_.b, pair.b, b_scratch.data()), columns_.properties, {outputs.data(), count},
-                  {reinterpret_cast<Status*>(columns_.status.data()) + begin, n});
+            columns_.of->batch(columns_.pair, given(columns_.a, pair.a, a_scratch.data()),
+                               given(columns_.b, pair.b, b_scratch.data()), columns_.properties,
+                               {outputs.data(), count}, {reinterpret_cast<Status*>(columns_.status.data()) + begin, n});
         for (std::size_t k = 0; k < count; ++k) {
             const Conversion& to = unit(columns_.properties[k]);
             if (to.identity()) continue;
@@ -169,18 +171,20 @@ bool read_outputs(PyObject* tuple, const char* wanted, Py_ssize_t count, Columns
 } // namespace
 
 PyObject* batch_columns(PyObject*, PyObject* arguments) {
+    long formulation_number = 0;
     int system = 0, pair = 0;
     unsigned threads = 0;
     PyObject *a = nullptr, *b = nullptr, *outputs = nullptr, *status = nullptr, *progress = nullptr;
     const char* wanted = nullptr;
     Py_ssize_t count = 0;
     Columns columns{};
-    if (!PyArg_ParseTuple(arguments, "iiOOy#O!OIO", &system, &pair, &a, &b, &wanted, &count, &PyTuple_Type, &outputs,
-                          &status, &threads, &progress) ||
-        !system_from(system, &columns.system) || !doubles_of(a, false, &columns.a) ||
-        !doubles_of(b, false, &columns.b) || !bytes_of(status, &columns.status))
+    if (!PyArg_ParseTuple(arguments, "iliOOy#O!OIO", &system, &formulation_number, &pair, &a, &b, &wanted, &count,
+                          &PyTuple_Type, &outputs, &status, &threads, &progress) ||
+        !system_from(system, &columns.system) || !formulation_from(formulation_number, &columns.of) ||
+        !doubles_of(a, false, &columns.a) || !doubles_of(b, false, &columns.b) || !bytes_of(status, &columns.status))
         return nullptr;
-    if (pair < 0 || pair >= static_cast<int>(pair_count)) return refuse("unknown pair"), nullptr;
+    if (pair < 0 || pair >= static_cast<int>(pair_count) || !columns.of->has_pair(static_cast<Pair>(pair)))
+        return refuse("unknown pair"), nullptr;
     columns.pair = static_cast<Pair>(pair);
     if (columns.b.size() != columns.a.size() || columns.status.size() != columns.a.size())
         return refuse("columns differ in length"), nullptr;

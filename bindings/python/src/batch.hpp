@@ -5,7 +5,7 @@
 
 namespace ktl::python {
 
-/// batch(system, pair, a, b, properties, outputs, status, threads, progress) -> (cancelled, solved)
+/// batch(system, formulation, pair, a, b, properties, outputs, status, threads, progress) -> (cancelled, solved)
 ///
 /// Fills the arrays outputs and status as ktl::batch does. properties: bytes, a number each; threads: 0 for one to each
 /// processor. Every 10 ms the calling thread takes the interpreter's lock, lets signal handlers run, and calls

@@ -80,11 +80,12 @@ std::string given_text(System system, const PairRow& pair) {
            meaning_of(system, pair.b) + "\n\n";
 }
 
-bool add_pair(PyObject* all, System system, Pair number_of_pair) {
+bool add_pair(PyObject* all, System system, const Formulation& of, Pair number_of_pair) {
     const PairRow& pair = pairs[static_cast<std::size_t>(number_of_pair)];
     const std::string ending = std::string("_") + pair.name;
     const std::string given = given_text(system, pair), range = range_of(system);
-    Function function{number_of_pair, Property::p, &conversion(system, pair.a), &conversion(system, pair.b), nullptr};
+    Function function{&of,    number_of_pair, Property::p, &conversion(system, pair.a), &conversion(system, pair.b),
+                      nullptr};
     for (std::size_t k = 0; k < property_count; ++k) {
         function.property = static_cast<Property>(k);
         if (function.property == pair.a || function.property == pair.b) continue;
@@ -102,44 +103,66 @@ bool add_pair(PyObject* all, System system, Pair number_of_pair) {
     return add(all, function, "status" + ending,
                "The status of the state with two given values, a number of ktl.Status: 0 if there is one.\n\n" + given +
                    range,
-               status_loop, status_types, 2) &&
-           add(all, function, "states" + ending,
+               status_loop, status_types, 2);
+}
+
+/// What the formulation of 1967 alone has: how many states have two given values.
+bool add_count(PyObject* all, System system, Pair number_of_pair) {
+    const PairRow& pair = pairs[static_cast<std::size_t>(number_of_pair)];
+    return add(all,
+               {&formulation(0), number_of_pair, Property::p, &conversion(system, pair.a), &conversion(system, pair.b),
+                nullptr},
+               std::string("states_") + pair.name,
                "How many states have two given values, 0 if none; ktl.state(..., number=n) is each of them.\n\n" +
-                   given + range,
+                   given_text(system, pair) + range_of(system),
                count_loop, count_types, 2);
 }
 
-bool add_line(PyObject* all, System system) {
+/// "NaN, with NumPy's "invalid" signal, outside 0.01 to 374.15 degC."
+std::string outside_text(double low, double high, const Conversion& unit) {
+    return ").\n\nNaN, with NumPy's \"invalid\" signal, outside " + number(unit.from_library(low)) + " to " +
+           number(unit.from_library(high)) + ' ' + unit.unit + '.';
+}
+
+bool add_line(PyObject* all, System system, const Formulation& of) {
     const Conversion &p = conversion(system, Property::p), &t = conversion(system, Property::t);
+    const std::string by_t =
+        ", x1: temperature (" + std::string(t.unit) + outside_text(0.01, of.critical_temperature, t);
+    const std::string by_p =
+        ", x1: pressure (" + std::string(p.unit) + outside_text(of.least_pressure, of.critical_pressure, p);
+    const bool done =
+        add(all, {&of, Pair::tx, Property::p, &t, nullptr, &p}, "psat", with_unit("Saturation pressure", p.unit) + by_t,
+            saturation_pressure_loop, property_types, 1) &&
+        add(all, {&of, Pair::px, Property::t, &p, nullptr, &t}, "tsat",
+            with_unit("Saturation temperature", t.unit) + by_p, saturation_temperature_loop, property_types, 1);
+    if (!done || &of != &formulation(0)) return done;
     const Conversion& slope = slope_conversion(system);
-    const std::string by_t = ", x1: temperature (" + std::string(t.unit) +
-                             ").\n\nNaN, with NumPy's \"invalid\" signal, outside " + number(t.from_library(0.01)) +
-                             " to " + number(t.from_library(374.15)) + ' ' + t.unit + '.';
-    return add(all, {Pair::tx, Property::p, &t, nullptr, &p}, "psat", with_unit("Saturation pressure", p.unit) + by_t,
-               saturation_pressure_loop, property_types, 1) &&
-           add(all, {Pair::px, Property::t, &p, nullptr, &t}, "tsat",
-               with_unit("Saturation temperature", t.unit) + ", x1: pressure (" + p.unit +
-                   ").\n\nNaN, with NumPy's \"invalid\" signal, outside " + number(p.from_library(0.006112444)) +
-                   " to " + number(p.from_library(221.2)) + ' ' + p.unit + '.',
-               saturation_temperature_loop, property_types, 1) &&
-           add(all, {Pair::tx, Property::p, &t, nullptr, &slope}, "saturation_slope",
+    return add(all, {&of, Pair::tx, Property::p, &t, nullptr, &slope}, "saturation_slope",
                with_unit("Slope dp/dt of the saturation line", slope.unit) + by_t, saturation_slope_loop,
                property_types, 1);
 }
 
-bool add_all(PyObject* all, System system) {
-    for (std::size_t pair = 0; pair < pair_count; ++pair)
-        if (!add_pair(all, system, static_cast<Pair>(pair))) return false;
-    return add_line(all, system);
+bool add_all(PyObject* all, System system, const Formulation& of) {
+    for (std::size_t k = 0; k < pair_count; ++k) {
+        const auto pair = static_cast<Pair>(k);
+        if (!of.has_pair(pair)) continue;
+        if (!add_pair(all, system, of, pair)) return false;
+        if (&of == &formulation(0) && !add_count(all, system, pair)) return false;
+    }
+    return add_line(all, system, of);
 }
 
 } // namespace
 
-PyObject* functions(PyObject*, PyObject* argument) {
+PyObject* functions(PyObject*, PyObject* arguments) {
+    long system_number = 0, formulation_number = 0;
     System system;
-    if (!system_from(argument, &system)) return nullptr;
+    const Formulation* of = nullptr;
+    if (!PyArg_ParseTuple(arguments, "ll", &system_number, &formulation_number) ||
+        !system_from(system_number, &system) || !formulation_from(formulation_number, &of))
+        return nullptr;
     PyObject* all = PyDict_New();
-    if (all != nullptr && !add_all(all, system)) Py_CLEAR(all);
+    if (all != nullptr && !add_all(all, system, *of)) Py_CLEAR(all);
     return all;
 }
 

@@ -5,8 +5,8 @@
 
 namespace ktl::python {
 
-/// functions(system) -> dict: every ufunc of the unit system by its name. Made anew at each call: a Python module calls it
-/// once and keeps them.
-PyObject* functions(PyObject* module, PyObject* system);
+/// functions(system, formulation) -> dict: every ufunc of the unit system by its name. Made anew at each call: a Python module
+/// calls it once and keeps them.
+PyObject* functions(PyObject* module, PyObject* arguments);
 
 } // namespace ktl::python

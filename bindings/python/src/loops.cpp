@@ -49,7 +49,7 @@ bool unsolved_numbers(const double* a, const double* b, const Status* status, np
 
 void one_property(const Function& f, const Given& a, const Given& b, const Result& y, npy_intp row, FlagGuard& flags) {
     const double first = a.at(row), second = b.at(row);
-    const State state = ktl::state(f.pair, first, second);
+    const State state = f.of->state(f.pair, first, second, 0);
     if (!state && !std::isnan(first) && !std::isnan(second)) flags.raise_invalid();
     y.put(row, state.get(f.property));
 }
@@ -109,7 +109,7 @@ void property_loop(char** columns, const npy_intp* rows, const npy_intp* steps, 
         const double* second = b.block(row, count, b_scratch.data());
         double* found = direct ? y.place(row) : y_scratch.data();
         const BatchResult result =
-            batch(f.pair, {first, size}, {second, size}, {&f.property, 1}, {&found, 1}, {status.data(), size});
+            f.of->batch(f.pair, {first, size}, {second, size}, {&f.property, 1}, {&found, 1}, {status.data(), size});
         if (result.solved != size && unsolved_numbers(first, second, status.data(), count)) flags.raise_invalid();
         if (direct) continue;
         for (npy_intp i = 0; i < count; ++i) y.put(row + i, found[i]);
@@ -130,10 +130,10 @@ void status_loop(char** columns, const npy_intp* rows, const npy_intp* steps, vo
         const npy_intp count = in_order ? 1 : std::min<npy_intp>(block_rows, n - row);
         const auto size = static_cast<std::size_t>(count);
         if (count == 1)
-            status[0] = state(f.pair, a.at(row), b.at(row)).status();
+            status[0] = f.of->state(f.pair, a.at(row), b.at(row), 0).status();
         else
-            batch(f.pair, {a.block(row, count, a_scratch.data()), size}, {b.block(row, count, b_scratch.data()), size},
-                  {}, {}, {status.data(), size});
+            f.of->batch(f.pair, {a.block(row, count, a_scratch.data()), size},
+                        {b.block(row, count, b_scratch.data()), size}, {}, {}, {status.data(), size});
         for (npy_intp i = 0; i < count; ++i)
             columns[2][(row + i) * steps[2]] = static_cast<char>(status[static_cast<std::size_t>(i)]);
         row += count;
@@ -151,12 +151,12 @@ void count_loop(char** columns, const npy_intp* rows, const npy_intp* steps, voi
 }
 
 void saturation_pressure_loop(char** columns, const npy_intp* rows, const npy_intp* steps, void* function) {
-    line_loop({saturation_pressure, saturation_pressure}, columns, rows[0], steps,
-              *static_cast<const Function*>(function));
+    const auto& f = *static_cast<const Function*>(function);
+    line_loop({f.of->saturation_pressure, f.of->saturation_pressures}, columns, rows[0], steps, f);
 }
 void saturation_temperature_loop(char** columns, const npy_intp* rows, const npy_intp* steps, void* function) {
-    line_loop({saturation_temperature, saturation_temperature}, columns, rows[0], steps,
-              *static_cast<const Function*>(function));
+    const auto& f = *static_cast<const Function*>(function);
+    line_loop({f.of->saturation_temperature, f.of->saturation_temperatures}, columns, rows[0], steps, f);
 }
 void saturation_slope_loop(char** columns, const npy_intp* rows, const npy_intp* steps, void* function) {
     line_loop({saturation_slope, slopes}, columns, rows[0], steps, *static_cast<const Function*>(function));

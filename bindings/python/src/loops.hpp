@@ -3,12 +3,14 @@
 
 #include "python_api.hpp"
 
+#include "formulation.hpp"
 #include "lists.hpp"
 
 namespace ktl::python {
 
 /// What the loop of a ufunc computes; its last argument.
 struct Function {
+    const Formulation* of;
     Pair pair;
     Property property; ///< of the property loop alone
     const Conversion *a, *b, *result;

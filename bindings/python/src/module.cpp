@@ -4,6 +4,7 @@
 
 #include "batch.hpp"
 #include "chart.hpp"
+#include "formulation.hpp"
 #include "functions.hpp"
 #include "process.hpp"
 #include "states.hpp"
@@ -108,14 +109,16 @@ bool fill_properties(PyObject* list) {
     return true;
 }
 
-/// ((name, sentence), ...)
+/// ((name, (sentence in each formulation)), ...)
 bool fill_statuses(PyObject* list) {
     static constexpr const char* names[] = {
 #define KTL_DEFINE_STATUS(status, STATUS, sentence) #status,
 #include <ktl/status.def>
     };
     for (std::size_t k = 0; k < status_count; ++k)
-        if (!append(list, Py_BuildValue("ss", names[k], sentence(static_cast<Status>(k))))) return false;
+        if (!append(list, Py_BuildValue("s(ss)", names[k], formulation(0).sentence(static_cast<Status>(k)),
+                                        formulation(1).sentence(static_cast<Status>(k)))))
+            return false;
     return true;
 }
 
@@ -151,9 +154,11 @@ int execute(PyObject* module) {
 }
 
 PyMethodDef methods[] = {
-    {"functions", functions, METH_O, "functions(system): the ufuncs of a unit system by their names"},
-    {"batch", batch_columns, METH_VARARGS, "batch(system, pair, a, b, properties, outputs, status, threads, progress)"},
-    {"solve", solve_states, METH_VARARGS, "solve(system, pair, a, b, number, states)"},
+    {"functions", functions, METH_VARARGS,
+     "functions(system, formulation): the ufuncs of a unit system by their names"},
+    {"batch", batch_columns, METH_VARARGS,
+     "batch(system, formulation, pair, a, b, properties, outputs, status, threads, progress)"},
+    {"solve", solve_states, METH_VARARGS, "solve(system, formulation, pair, a, b, number, states)"},
     {"column", column_of_states, METH_VARARGS, "column(system, states, property, phase, out)"},
     {"derivative", derivative_of_states, METH_VARARGS, "derivative(system, states, phase, of, by, at_constant, out)"},
     {"chart", chart, METH_VARARGS, "chart(preset, system, window, lines, width, height, deviation)"},

@@ -1,6 +1,7 @@
 #include "states.hpp"
 
 #include "column.hpp"
+#include "formulation.hpp"
 #include "module.hpp"
 
 #include <algorithm>
@@ -41,16 +42,21 @@ bool is_property(int number) { return number >= 0 && number < static_cast<int>(p
 } // namespace
 
 PyObject* solve_states(PyObject*, PyObject* arguments) {
+    long formulation_number = 0;
     int system_number = 0, pair_number = 0, number = 0;
+    const Formulation* of = nullptr;
     PyObject *a_array = nullptr, *b_array = nullptr, *array = nullptr;
     System system;
     std::span<double> a, b;
     std::span<char> states;
-    if (!PyArg_ParseTuple(arguments, "iiOOiO", &system_number, &pair_number, &a_array, &b_array, &number, &array) ||
-        !system_from(system_number, &system) || !doubles_of(a_array, false, &a) || !doubles_of(b_array, false, &b) ||
+    if (!PyArg_ParseTuple(arguments, "iliOOiO", &system_number, &formulation_number, &pair_number, &a_array, &b_array,
+                          &number, &array) ||
+        !system_from(system_number, &system) || !formulation_from(formulation_number, &of) ||
+        !doubles_of(a_array, false, &a) || !doubles_of(b_array, false, &b) ||
         !elements_of(array, sizeof(State), true, &states))
         return nullptr;
-    if (pair_number < 0 || pair_number >= static_cast<int>(pair_count)) return refuse("unknown pair"), nullptr;
+    if (pair_number < 0 || pair_number >= static_cast<int>(pair_count) || !of->has_pair(static_cast<Pair>(pair_number)))
+        return refuse("unknown pair"), nullptr;
     if (a.size() != b.size() || a.size() != states_in(states)) return refuse("columns differ in length"), nullptr;
     const auto pair = static_cast<Pair>(pair_number);
     const PairRow& row_of_pair = pairs[static_cast<std::size_t>(pair)];
@@ -63,7 +69,7 @@ PyObject* solve_states(PyObject*, PyObject* arguments) {
         Py_BEGIN_ALLOW_THREADS;
         for (std::size_t row = begin; row < end; ++row) {
             const State state =
-                ktl::state(pair, in_library_unit(a_unit, a[row]), in_library_unit(b_unit, b[row]), number);
+                of->state(pair, in_library_unit(a_unit, a[row]), in_library_unit(b_unit, b[row]), number);
             std::memcpy(states.data() + row * sizeof state, &state, sizeof state);
         }
         Py_END_ALLOW_THREADS;

@@ -23,7 +23,7 @@ inline void put_state(std::span<char> memory, std::size_t row, const State& stat
     std::memcpy(memory.data() + row * sizeof state, &state, sizeof state);
 }
 
-/// solve(system, pair, a, b, number, states): solves every row, the state of the given number, into the array states. Lets
+/// solve(system, formulation, pair, a, b, number, states): solves every row, the state of the given number, into the array states. Lets
 /// signal handlers run between blocks.
 PyObject* solve_states(PyObject* module, PyObject* arguments);
 /// column(system, states, property, phase, out): a property of the states (phase 0), of their liquid (1) or vapour (2).
