@@ -137,6 +137,9 @@ def test_second_derivatives_are_slopes_of_first_ones(system, bar, kj, by, also_b
     (lambda s: s.volume_second_derivative("p", "h"), ValueError, "'h' should be 'p' or 't'"),
     (lambda s: bool(ktl.exergy(ktl.state(p=[1, 2], t=300))), ValueError, "ambiguous"),
     (lambda s: ktl.units.expand(s, 1, 0.9), TypeError, "a state of ktl.units"),
+    (lambda s: ktl.units.mix([s], [1]), TypeError, "a state of ktl.units"),
+    (lambda s: ktl.units.exergy(s), TypeError, "a state of ktl.units"),
+    (lambda s: ktl.units.mix([], []), ValueError, "0 streams"),
 ])
 def test_bad_arguments(call, error, text):
     with pytest.raises(error, match=text):
@@ -149,9 +152,19 @@ def test_steps_with_quantities():
     step, wanted = ktl.units.expand(live, q(1, "MPa"), 0.88), ktl.expand(ktl.state(p=100, t=500), 10, 0.88)
     assert step and step.work.to("J/kg").m == pytest.approx(1000 * wanted.work) and step.end.t.to("degC").m == wanted.end.t
     assert step.entropy_generated.to("J/kg/K").m == pytest.approx(1000 * wanted.entropy_generated)
+    second = ktl.state(p=100, t=500).volume_second_derivative("p", "t")
+    assert live.volume_second_derivative("p", "t").to("m**3/kg/bar/K").m == pytest.approx(second)
     assert live.superheat.to("K").m == ktl.state(p=100, t=500).superheat
-    with pytest.raises(pint.DimensionalityError):
-        ktl.units.throttle(live, q(1, "K"))
+    mixture = ktl.units.mix([live, step.end], [q([3.6, 7.2], "t/h"), q(1, "kg/s")])
+    of_numbers = ktl.mix([ktl.state(p=100, t=500), wanted.end], [[1, 2], 1])
+    assert np.allclose(mixture.flow.to("kg/s").m, [2, 3]) and np.allclose(mixture.end.h.to("kJ/kg").m, of_numbers.end.h)
+    assert ktl.units.exergy(live).flow.to("kJ/kg").m == ktl.exergy(ktl.state(p=100, t=500)).flow
+    points = ktl.units.saturation_by("vapour", h=q(2.79, "MJ/kg"))
+    assert points.count == 2 and np.allclose(points.t.to("degC").m[:2], ktl.saturation_by("vapour", h=2790).t[:2])
+    for call in (lambda: ktl.units.throttle(live, q(1, "K")), lambda: ktl.units.mix([live, live], [q(1, "kg/s"), 1]),
+                 lambda: ktl.units.saturation_by("liquid", h=q(1, "m"))):
+        with pytest.raises(pint.DimensionalityError):
+            call()
 
 
 def test_the_example_shows_what_that_in_cpp_shows():

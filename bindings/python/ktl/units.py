@@ -81,18 +81,18 @@ def _keyword_function(name):
 
 
 class _Quantities:
-    """A state, phase, point of the saturation line or step whose values are quantities of pint."""
+    """A state, phase, point of the saturation line or outcome of a process, whose values are quantities of pint."""
 
-    __slots__ = ("_values", "_registry")
+    __slots__ = ("_values", "_registry", "_own_units")
 
-    def __init__(self, values, registry):
-        self._values, self._registry = values, registry
+    def __init__(self, values, registry, own_units=None):
+        self._values, self._registry, self._own_units = values, registry, own_units or {}
 
     def __getattr__(self, name):
         value = getattr(self._values, name)
         if name in ("liquid", "vapour", "end"):
             return _Quantities(value, self._registry)
-        unit = _UNITS.get(name) or _MORE_UNITS.get(name)
+        unit = self._own_units.get(name) or _UNITS.get(name) or _MORE_UNITS.get(name)
         return value if unit is None else self._registry.Quantity(value, unit)
 
     def _derivative(self, value, of, by):
@@ -105,6 +105,11 @@ class _Quantities:
 
     def saturation_derivative(self, of, by):
         return self._derivative(self._values.saturation_derivative(of, by), of, by)
+
+    def volume_second_derivative(self, by, also_by):
+        value = self._values.volume_second_derivative(by, also_by)
+        first, second = (_UNITS[name].replace("degC", "K") for name in (by, also_by))
+        return self._registry.Quantity(value, f"({_UNITS['v']})/({first})/({second})")
 
     def __bool__(self):
         return bool(self._values)
@@ -138,16 +143,44 @@ def saturation(**given):
     return _with_quantities(_ktl.saturation, given)
 
 
+def _must_be_quantities(state, what):
+    if not isinstance(state, _Quantities):
+        raise TypeError(f"{what} a state of ktl.units, not {type(state).__name__}")
+
+
 def _step_function(name, to_name):
     call = getattr(_ktl, name)
 
     @functools.wraps(call)
     def function(start, to, *arguments, **options):
-        if not isinstance(start, _Quantities):
-            raise TypeError(f"a step begins at a state of ktl.units, not at {type(start).__name__}")
+        _must_be_quantities(start, "a step begins at")
         return _Quantities(call(start._values, _magnitude(to, to_name), *arguments, **options), start._registry)
 
     return function
+
+
+@functools.wraps(_ktl.mix)
+def mix(streams, flows, **options):
+    streams, flows = tuple(streams), tuple(flows)
+    for stream in streams:
+        _must_be_quantities(stream, "a stream is")
+    registry = streams[0]._registry if streams else pint.get_application_registry()
+    flows = [flow if isinstance(flow, pint.Quantity) else registry.Quantity(flow, "") for flow in flows]
+    unit = flows[0].units if flows else None
+    mixture = _ktl.mix([stream._values for stream in streams], [flow.to(unit).magnitude for flow in flows], **options)
+    return _Quantities(mixture, registry, {"flow": unit})
+
+
+@functools.wraps(_ktl.exergy)
+def exergy(state, **options):
+    _must_be_quantities(state, "exergy is that of")
+    return _Quantities(_ktl.exergy(state._values, **options), state._registry, {"flow": _UNITS["h"], "closed": _UNITS["h"]})
+
+
+@functools.wraps(_ktl.saturation_by)
+def saturation_by(phase, **given):
+    magnitudes = {name: _magnitude(value, name) if name in _UNITS else value for name, value in given.items()}
+    return _Quantities(_ktl.saturation_by(phase, **magnitudes), _quantity(0, "", given.values())._REGISTRY)
 
 
 def _fill(module):

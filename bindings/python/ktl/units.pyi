@@ -1,4 +1,4 @@
 from typing import Any
 
-# Every function of ktl but batch, mix, exergy and saturation_by, with quantities of pint.
+# Every function of ktl but batch, with quantities of pint.
 def __getattr__(name: str) -> Any: ...
