@@ -11,9 +11,10 @@ namespace {
 
 using Scalar = engine::Scalar;
 
-/// Where the top begins, and where the dome is closed but for rounding, degC. Both chosen.
+/// Where the top begins and ends, degC. Both chosen: from 3e-7 K below the critical temperature on, mixtures and single phases share
+/// values to what a state may miss them by, and the enclosing searches decide.
 constexpr double coldest = 374.0;
-constexpr double closed = ktl_lc.tc - 1.0e-9;
+constexpr double closed = ktl_lc.tc - 1.0e-4;
 /// A single phase that has the values of a mixture of the top is up to 0.22 K colder.
 constexpr double coldest_single_phase = coldest - 1.0;
 /// Farther from the critical point than the states of the top by much: of the volume, and K. Chosen.
@@ -47,7 +48,8 @@ FoundState<Scalar> clear_mixture(const Given& given) {
     const auto miss = [&](double t) { return mixture_at(t, given).value(given.b) - given.b_value; };
     const double t = solvers::enclose(miss, coldest, closed, search_tolerance(given.b_value)).x;
     const FoundState<Scalar> found = mixture_at(t, given);
-    const bool clear = found.primary > clear_quality && found.primary < 1.0 - clear_quality;
+    const bool within = t > coldest && t < closed; // an end comes back if the values have no state between both
+    const bool clear = within && found.primary > clear_quality && found.primary < 1.0 - clear_quality;
     return clear ? confirmed(found, given, well_met) : FoundState<Scalar>{};
 }
 
