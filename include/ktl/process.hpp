@@ -65,8 +65,8 @@ struct Step {
 ///
 /// efficiency counts for the first four processes and must be above 0 and at most 1, or the status is efficiency_outside;
 /// so must be what the wetness leaves of it. A pressure on the wrong side of the initial one gives wrong_direction, the same
-/// pressure a step that changes nothing. The end of a polytropic step has its entropy rise to 1e-9 of it, to
-/// 1e-8 beside the critical point.
+/// pressure a step that changes nothing. The end of a polytropic step has its entropy rise to 2e-9 of it,
+/// if it passes above 165 bar to 2e-6.
 [[nodiscard]] KTL_API Step step(Process process, const State& from, double to, double efficiency = 1.0,
                                 const StepOptions& options = {}) noexcept;
 

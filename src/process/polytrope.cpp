@@ -38,8 +38,9 @@ public:
 
     /// The entropy at the end; NaN if the line leaves the valid range.
     double run() {
-        while (u_ != end_ && !std::isnan(s_)) advance();
-        return s_;
+        constexpr int most_tries = 4096; // a line takes 1 to 50
+        for (int tries = 0; tries < most_tries && u_ != end_ && !std::isnan(s_); ++tries) advance();
+        return u_ == end_ ? s_ : quiet_nan;
     }
 
 private:
@@ -49,13 +50,16 @@ private:
     static constexpr double least_change = 0.1, most_change_of_failed = 0.7, most_growth = 8.0;
 
     /// True for a stretch that is taken as it is: one of 4096 parts of the line.
-    [[nodiscard]] bool shortest() const { return std::fabs(length_) <= least_; }
+    [[nodiscard]] bool shortest() const { return is_least(length_); }
+    /// A hundredth more counts as the shortest, so that each change of a longer length makes a difference.
+    [[nodiscard]] bool is_least(double length) const { return std::fabs(length) <= 1.01 * least_; }
     void set_length(double length) { length_ = std::copysign(std::fmax(std::fabs(length), least_), end_); }
 
-    /// Tries one stretch: goes to its end, or makes the next try shorter; so about 30 tries are the most for a stretch.
+    /// Tries one stretch: goes to its end, or makes the next try shorter.
     void advance() {
         if (limit_ != end_ && std::fabs(length_) > std::fabs(limit_ - u_)) set_length(1.1 * (limit_ - u_));
-        reaches_goal_ = std::fabs(length_) > std::fabs(goal_ - u_) - least_;
+        constexpr double rounding = 1.0e-3; // of the shortest length; less than what any change of the length leaves
+        reaches_goal_ = std::fabs(length_) >= std::fabs(goal_ - u_) - rounding * least_;
         if (reaches_goal_) length_ = goal_ - u_;
         Stretch tried{u_, length_, s_, {}};
         const Samples samples = solve(tried);
@@ -69,7 +73,7 @@ private:
             cut(tried, samples, alike);
             return;
         }
-        const double error = error_of(tried);
+        const double error = std::max(error_of(tried), unseen_error(tried, samples));
         if (!shortest() && (alike < labels_end() || !converged_ || !(error <= tolerance_))) {
             set_length(length_ * std::clamp(change_of_length(error), least_change, most_change_of_failed));
             cuts_ = 0;
@@ -85,14 +89,13 @@ private:
 
     [[nodiscard]] bool at_border() const { return reaches_goal_ && goal_ != end_; }
 
-    // The region at the beginning counts unless a border was found there, that at the end unless a border is expected there.
-    [[nodiscard]] std::size_t labels_begin() const { return from_border_ ? 1 : 0; }
+    // The region at the end does not count if a border is expected there.
     [[nodiscard]] std::size_t labels_end() const { return at_border() ? point_count - 1 : point_count; }
 
     /// The first point in another region than the beginning; labels_end() if there is none.
     [[nodiscard]] std::size_t count_alike(const Samples& samples) const {
-        std::size_t i = labels_begin() + 1;
-        while (i < labels_end() && samples.region[i] == samples.region[labels_begin()]) ++i;
+        std::size_t i = 1;
+        while (i < labels_end() && samples.region[i] == samples.region[0]) ++i;
         return i;
     }
 
@@ -104,7 +107,7 @@ private:
     /// There is no state at that point: tries before it, or ends if it is next to the beginning.
     void give_way(std::size_t point) {
         limit_ = u_ + 0.5 * length_ * (points[point] + 1.0);
-        if (std::fabs(limit_ - u_) <= least_) s_ = quiet_nan;
+        if (is_least(limit_ - u_)) s_ = quiet_nan;
         set_length(point < 2 ? length_ / 16.0 : 0.5 * length_ * (points[point - 1] + 1.0));
         cuts_ = 0;
     }
@@ -113,15 +116,21 @@ private:
     void cut(const Stretch& tried, const Samples& samples, std::size_t point) {
         Border border{points[point - 1], points[point]};
         const bool no_node_before = point == 1;
-        inside_ = samples.region[labels_begin()];
+        inside_ = samples.region[0];
         outside_ = samples.region[point];
         narrow(tried, border, no_node_before ? most_narrowings : 1);
         ++cuts_;
         ++borders_;
         if (border.low == -1.0)
-            from_border_ = true;
+            begin_at_border_of(samples.region[1]);
         else
             set_goal(tried.u_at(border.middle()));
+    }
+
+    /// The next stretch begins at a border, about: its beginning counts as a point of the region behind that.
+    void begin_at_border_of(Region region) {
+        from_border_ = true;
+        begin_ = region;
     }
 
     void set_goal(double u) {
@@ -142,7 +151,7 @@ private:
             set_goal(tried.u_at(border.middle()));
         } else {
             accept(tried, border.middle());
-            from_border_ = true;
+            begin_at_border_of(outside_);
             set_goal(end_);
         }
     }
@@ -162,7 +171,7 @@ private:
 
     /// Looks for the border: of mixtures by their saturation line, of others by the regions of points between.
     void narrow(const Stretch& stretch, Border& border, int most_times) {
-        if (is_wet(inside_) || is_wet(outside_)) {
+        if ((is_wet(inside_) || is_wet(outside_)) && adjacent(inside_, outside_)) {
             const double x = border_of_mixture(stretch, border);
             if (x > border.low && x < border.high) {
                 border.low = border.high = x;
@@ -173,6 +182,15 @@ private:
     }
 
     static bool is_wet(Region region) { return region == Region::wet || region == Region::wet_near_critical; }
+
+    /// False if a third region lies between the two, or meets them in one point, at 350 degC on the saturation line.
+    static bool adjacent(Region a, Region b) {
+        const auto near_critical = [](Region region) {
+            return region == Region::near_critical_steam || region == Region::near_critical_water ||
+                   region == Region::wet_near_critical;
+        };
+        return (is_wet(a) && is_wet(b)) || near_critical(a) == near_critical(b);
+    }
 
     /// NaN if it is not between low and high.
     [[nodiscard]] double border_of_mixture(const Stretch& stretch, const Border& border) const {
@@ -198,7 +216,10 @@ private:
         const Samples samples = line_.at(u, stretch.s_at(x));
         std::size_t count = 0;
         while (count < point_count && samples.region[count] == inside_) ++count;
-        if (count < point_count) border.high = x[count];
+        if (count < point_count) {
+            border.high = x[count];
+            outside_ = samples.region[count];
+        }
         if (count == 0) return;
         border.low = x[count - 1];
         if (count == point_count) return;
@@ -218,6 +239,23 @@ private:
         return std::fabs(stretch.length) * last * std::max(fall * fall, beside_end);
     }
 
+    /// The error of what the nodes do not see: between them and the ends, by the slopes at the ends. Beyond a border the equations
+    /// themselves leave a small step, which is not followed but next to the critical point, where slopes change at once.
+    [[nodiscard]] double unseen_error(const Stretch& stretch, const Samples& samples) const {
+        const bool near_critical =
+            samples.region[1] == Region::near_critical_steam || samples.region[1] == Region::near_critical_water;
+        double at_begin = 0.0, at_end = 0.0, sign = 1.0;
+        for (const double c : stretch.series) {
+            at_begin += sign * c;
+            at_end += c;
+            sign = -sign;
+        }
+        const double half_gap = 0.25 * (1.0 + points[1]);
+        const double begin = from_border_ && !near_critical ? 0.0 : std::fabs(samples.slope.front() - at_begin);
+        const double end = at_border() ? 0.0 : std::fabs(samples.slope.back() - at_end);
+        return std::fabs(stretch.length) * half_gap * std::max(begin, end);
+    }
+
     /// Solves the equations of collocation by Newton's method with the slopes' derivatives by s from the last two sweeps. Gives
     /// up early if the stretch will not do.
     Samples solve(Stretch& stretch) {
@@ -234,6 +272,7 @@ private:
         converged_ = false;
         for (int sweep = 0; sweep < most_sweeps; ++sweep) {
             samples = line_.at(u, s);
+            if (from_border_) samples.region[0] = begin_;
             if (samples.valid < point_count) return samples;
             double defect = 0.0;
             for (std::size_t i = 0; sweep > 0 && i < node_count; ++i) {
@@ -248,7 +287,7 @@ private:
             if (count_alike(samples) < labels_end()) return samples;
             if (sweep > 0) {
                 const bool converges = defect < 0.3 * last && defect * defect <= 0.1 * tolerance_ * last;
-                converged_ = converges || defect <= 0.1 * tolerance_;
+                converged_ = (converges || defect <= 0.1 * tolerance_) && residual_ <= 0.1 * tolerance_;
                 if (converged_ || error_of(stretch) > 1000.0 * tolerance_) return samples;
             }
             last = sweep > 0 ? defect : change;
@@ -257,7 +296,7 @@ private:
     }
 
     /// The collocation with slopes linear in s: s becomes its solution. Returns by how much it differs.
-    double solve_linear(Stretch& stretch, const Points& slopes, const Nodes& derivative, Points& s) const {
+    double solve_linear(Stretch& stretch, const Points& slopes, const Nodes& derivative, Points& s) {
         Nodes slope, given, y;
         double contraction = 0.0;
         for (std::size_t i = 0; i < node_count; ++i) {
@@ -265,7 +304,7 @@ private:
             y[i] = s[i + 1];
             contraction = std::max(contraction, std::fabs(stretch.length * derivative[i]));
         }
-        constexpr int most_times = 12;
+        constexpr int most_times = 40;
         for (int times = 0; times < most_times; ++times) {
             const Nodes integrals = collocation::integrals_to_nodes(slope);
             double change = 0.0;
@@ -275,7 +314,8 @@ private:
                 y[i] = next;
                 slope[i] = given[i] + derivative[i] * (next - s[i + 1]);
             }
-            if (contraction * change <= 0.01 * tolerance_) break;
+            residual_ = contraction * change;
+            if (residual_ <= 0.01 * tolerance_) break;
         }
         stretch.series = collocation::series(slope);
         double change = 0.0;
@@ -294,8 +334,10 @@ private:
     double goal_;        ///< the end, or about the border that was found before it
     double limit_;       ///< there was no state; the end if none is known
     double tolerance_ = 0.0;
+    double residual_ = 0.0; ///< what the linear equations were left with
     Stretch guess_{};
     Region inside_ = Region::none, outside_ = Region::none; ///< of the border that is the goal
+    Region begin_ = Region::none;                           ///< behind the border at the beginning
     int cuts_ = 0, borders_ = 0;                            ///< how often the stretch, the line was cut at a border
     bool reaches_goal_ = false, from_border_ = false, converged_ = false;
 };
@@ -310,11 +352,12 @@ PolytropicEnd polytropic_end(Process process, const Start& start, double to, dou
     if (ideal.status() == Status::pressure_low || ideal.status() == Status::pressure_high)
         return {ideal.status(), quiet_nan};
 
-    Line line(process, start.p, efficiency, wetness_factor);
+    Line line(process, start.p, to, efficiency, wetness_factor);
     const double last = line.at(ideal);
     const double first = line.at(state(Pair::ps, start.p, start.s));
     const double s = Walk(line, log(engine::Scalar(to / start.p)).value, start.s, first, last).run();
-    return {std::isnan(s) ? line.status() : Status::solved, s};
+    if (!std::isnan(s)) return {Status::solved, s};
+    return {line.status() != Status::solved ? line.status() : Status::no_state, s};
 }
 
 } // namespace ktl::process

@@ -20,8 +20,9 @@ struct Samples {
 /// The right-hand side.
 class Line {
 public:
-    Line(Process process, double p, double efficiency, double wetness_factor)
-        : process_(process), p_(p), efficiency_(efficiency), wetness_factor_(wetness_factor) {}
+    /// From p to the pressure `to`.
+    Line(Process process, double p, double to, double efficiency, double wetness_factor)
+        : process_(process), p_(p), to_(to), efficiency_(efficiency), wetness_factor_(wetness_factor) {}
 
     Samples at(const Points& u, const Points& s) {
         constexpr std::array wanted{Property::v, Property::t, Property::x, Property::region};
@@ -58,7 +59,10 @@ public:
     [[nodiscard]] Status status() const { return status_; }
 
 private:
-    [[nodiscard]] double pressure(double u) const { return p_ * exp(engine::Scalar(u)).value; }
+    /// Between both ends, so that rounding does not leave the valid range at one of them.
+    [[nodiscard]] double pressure(double u) const {
+        return std::clamp(p_ * exp(engine::Scalar(u)).value, std::min(p_, to_), std::max(p_, to_));
+    }
 
     double slope(Status status, double p, double v, double t, double wetness) {
         double r = 1.0 / efficiency_ - 1.0;
@@ -75,7 +79,7 @@ private:
     }
 
     Process process_;
-    double p_, efficiency_, wetness_factor_;
+    double p_, to_, efficiency_, wetness_factor_;
     Status status_ = Status::solved;
 };
 

@@ -226,6 +226,8 @@ TEST(Step, RefusesWithAReason) {
         {Process::polytropic_compression, live, 1.0e9, 0.8, Status::pressure_high},
         {Process::compression, live, 1000.0, 0.4, Status::temperature_high},
         {Process::polytropic_compression, live, 1000.0, 0.4, Status::temperature_high},
+        {Process::polytropic_compression, state(Pair::ps, 10.83926479, 6.757263844), 196.1648426, 0.68097,
+         Status::temperature_high},
         {Process::heating_to_t, live, 900.0, 0.0, Status::temperature_high},
         {Process::heating_to_x, live, 1.5, 0.0, Status::quality_high},
         {Process::heating_to_x, state(Pair::pt, 300.0, 500.0), 0.5, 0.0, Status::above_critical},
