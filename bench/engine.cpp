@@ -288,11 +288,12 @@ bool fits(const Task& task, const Kind& of) {
         for (const Kind& of : kinds()) {
             if (!fits(task, of)) continue;
             for (const std::size_t length : {1U, 10U, 100U}) {
-                const std::string name = task.name + ", " + of.name + ", " + std::to_string(length) + " rows a call";
-                benchmark::RegisterBenchmark(name.c_str(), calls, task, std::cref(of), length);
+                const std::string many = std::to_string(length) + (length == 1 ? " row, " : " rows, ");
+                benchmark::RegisterBenchmark(("calls, " + task.name + ", " + many + of.name).c_str(), calls, task,
+                                             std::cref(of), length);
             }
             for (const ktl::engine::Kernels* kernels : sets_of_kernels()) {
-                const std::string name = task.name + ", " + of.name + ", " + kernels->name;
+                const std::string name = "kernels, " + task.name + ", " + kernels->name + ", " + of.name;
                 benchmark::RegisterBenchmark(name.c_str(), columns_by, task, std::cref(of), std::cref(*kernels));
             }
         }

@@ -120,7 +120,7 @@ void divisions_of_the_range(Table& table) {
     const Volumes v = volumes_of_sub_region_3(n);
     table.stays_below("near_critical_volume: 0.99 v3min, m3/kg", 0.99 * ktl_lc.v3min, v.least);
     table.covers("near_critical_volume: 1.01 v3max, m3/kg", 1.01 * ktl_lc.v3max, v.greatest);
-    table.covers("above_the_line: ps(350 degC), bar", engine::above_the_line, saturation_pressure(ktl_lc.t1));
+    table.covers("above_the_line: ps(350 degC), bar", ktl::searches::above_the_line, saturation_pressure(ktl_lc.t1));
     table.covers("largest_value: v at 800 degC and pmin", engine::largest_value,
                  phase(Region::steam, ktl_lc.pmin, ktl_lc.tmax).v);
     const Warmest rise = warmest_rise(n);
