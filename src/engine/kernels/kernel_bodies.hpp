@@ -67,10 +67,20 @@ KTL_FLATTEN void solve_mixture_at_p_or_t(Pair pair, const double* a, const doubl
 }
 
 template <bool high, class T>
-KTL_FLATTEN void solve_mixture_search(Pair pair, const double* a, const double* b, std::size_t n,
-                                      const SolutionColumns& c, const Margin& margin) {
+void solve_mixture_search(Pair pair, const double* a, const double* b, std::size_t n, const SolutionColumns& c,
+                          const Margin& margin) {
     for (std::size_t i = 0; i < n; i += T::count)
         store<high>(pair, mixture_search<high>(pair, T::load(a + i), T::load(b + i), T::load(c.t + i)), c, i, margin);
+}
+template <Pair pair, bool high, class T>
+KTL_FLATTEN void solve_mixture_of_pair(Pair /*pair*/, const double* a, const double* b, std::size_t n,
+                                       const SolutionColumns& c, const Margin& margin) {
+    solve_mixture_search<high, T>(pair, a, b, n, c, margin);
+}
+template <bool high, class T>
+KTL_FLATTEN void solve_mixture_of_any(Pair pair, const double* a, const double* b, std::size_t n,
+                                      const SolutionColumns& c, const Margin& margin) {
+    solve_mixture_search<high, T>(pair, a, b, n, c, margin);
 }
 
 // ---- Evaluation ------------------------------------------------------------------------------------------------------

@@ -40,16 +40,27 @@ void line_temperature(const double* p, std::size_t n, double* t) {
 // T is the number type of one vector, Wide that of two, which hides latency: one is computed while the other waits for a division, a
 // root or a step of a polynomial. That costs registers, so Wide is used for what has few values at a time, by measurement.
 
-/// The pairs that programs ask most have searches of their own.
+/// In lanes every pair has searches of its own, which leave out what it does not need; one number at a time those pairs that
+/// programs ask most.
+template <Pair pair, class T>
+constexpr bool has_own_search = T::count > 1 || pair == Pair::pt || pair == Pair::ph || pair == Pair::ps;
+
 template <Pair pair, SubRegion sub_region, class T, class Wide>
 constexpr Kernels::Solve solve_kernel() {
-    constexpr bool often = pair == Pair::pt || pair == Pair::ph || pair == Pair::ps;
     if constexpr (pair == Pair::pt && sub_region != SubRegion::near_critical)
         return nullptr;
-    else if constexpr (often)
+    else if constexpr (has_own_search<pair, T>)
         return solve_pair<pair, sub_region, std::conditional_t<sub_region == SubRegion::near_critical, T, Wide>>;
     else
         return solve_any<sub_region, T>;
+}
+
+template <Pair pair, bool high, class T>
+constexpr Kernels::Solve mixture_kernel() {
+    if constexpr (has_own_search<pair, T>)
+        return solve_mixture_of_pair<pair, high, T>;
+    else
+        return solve_mixture_of_any<high, T>;
 }
 
 template <Pair pair, class T, class Wide>
@@ -63,8 +74,8 @@ constexpr std::array<Kernels::Solve, kind_count> solve_kernels() {
                 solve_mixture_at_p_or_t<true, Wide>};
     else
         return {solve_kernel<pair, SubRegion::water, T, Wide>(), solve_kernel<pair, SubRegion::steam, T, Wide>(),
-                solve_kernel<pair, SubRegion::near_critical, T, Wide>(), solve_mixture_search<false, Either>,
-                solve_mixture_search<true, Either>};
+                solve_kernel<pair, SubRegion::near_critical, T, Wide>(), mixture_kernel<pair, false, Either>(),
+                mixture_kernel<pair, true, Either>()};
 }
 
 template <PhaseKind kind, class T, class Wide>
