@@ -65,7 +65,6 @@ constexpr Kernels::Solve mixture_kernel() {
 
 template <Pair pair, class T, class Wide>
 constexpr std::array<Kernels::Solve, kind_count> solve_kernels() {
-    using Either = std::conditional_t<pair == Pair::sx, Wide, T>;
     if constexpr (has_quality(pair) && pair != Pair::sx)
         return {nullptr, nullptr, nullptr, solve_mixture_at_p_or_t<false, Wide>, solve_mixture_at_p_or_t<true, Wide>};
     else if constexpr (has_pressure(pair) || has_temperature(pair))
@@ -74,8 +73,8 @@ constexpr std::array<Kernels::Solve, kind_count> solve_kernels() {
                 solve_mixture_at_p_or_t<true, Wide>};
     else
         return {solve_kernel<pair, SubRegion::water, T, Wide>(), solve_kernel<pair, SubRegion::steam, T, Wide>(),
-                solve_kernel<pair, SubRegion::near_critical, T, Wide>(), mixture_kernel<pair, false, Either>(),
-                mixture_kernel<pair, true, Either>()};
+                solve_kernel<pair, SubRegion::near_critical, T, Wide>(), mixture_kernel<pair, false, T>(),
+                mixture_kernel<pair, true, T>()};
 }
 
 template <PhaseKind kind, class T, class Wide>

@@ -63,9 +63,8 @@ public:
     }
 
 private:
-    /// A row that its own patch left open, where the search ended, and the patch across the saturation line.
+    /// A row that its own patch left open, and the patch across the saturation line.
     struct Open {
-        EndOfSearch ended;
         std::uint16_t row;
         GuessPatch across;
     };
@@ -128,7 +127,6 @@ private:
         for (std::size_t c = 0; c < guesses::patch_count; ++c) {
             const std::size_t begin = end;
             for (std::size_t i = 0; i < open_count_; ++i) {
-                place_[end] = static_cast<std::uint16_t>(i);
                 order_[end] = open_[i].row;
                 end += static_cast<std::size_t>(open_[i].across) == c ? 1 : 0;
             }
@@ -231,11 +229,11 @@ private:
         if (accepted == count) return;
         for (std::size_t i = 0; i < count; ++i) {
             if (rows_.accepted[i] > 0.5) continue;
-            const EndOfSearch ended{rows_.primary[i], rows_.t[i]};
+            const std::uint16_t row = order_[begin + i];
             if (across_)
-                search_across(open_[place_[begin + i]], ended, properties, outputs, status);
+                deliver(solve_row(pair_, a_[row], b_[row]), row, properties, outputs, status);
             else
-                leave_open(order_[begin + i], ended, properties, outputs, status);
+                leave_open(row, {rows_.primary[i], rows_.t[i]}, properties, outputs, status);
         }
     }
 
@@ -244,15 +242,7 @@ private:
                     double* const* outputs, Status* status) {
         const GuessPatch across = patch_across(pair_, static_cast<GuessPatch>(patches_[row]), a_[row], ended);
         if (across == GuessPatch::search) return search_row(row, ended, properties, outputs, status);
-        open_[open_count_++] = {ended, row, across};
-    }
-
-    /// Searches a row that the patch across the line did not have either.
-    void search_across(const Open& open, const EndOfSearch& ended, std::span<const Property> properties,
-                       double* const* outputs, Status* status) {
-        const AcrossLine tried{open.across, ended};
-        deliver(solve_row_again(pair_, a_[open.row], b_[open.row], open.ended, &tried), open.row, properties, outputs,
-                status);
+        open_[open_count_++] = {row, across};
     }
 
     void search_row(std::size_t row, const EndOfSearch& ended, std::span<const Property> properties,
@@ -277,9 +267,8 @@ private:
     std::array<std::size_t, guesses::patch_count> counts_{};
     std::array<std::uint16_t, block_rows + 1> order_;
     std::array<std::uint8_t, block_rows> patches_;
-    // The second round: its rows, and which of them each place of order_ has.
+    // The rows of the second round.
     std::array<Open, block_rows> open_;
-    std::array<std::uint16_t, block_rows + 1> place_;
     std::size_t open_count_ = 0;
     bool across_ = false;
     Rows rows_;

@@ -83,6 +83,8 @@ GuessPatch patch_across(Pair pair, GuessPatch patch, double a, const EndOfSearch
     const PhaseKind kind = kind_of[static_cast<std::size_t>(patch)];
     switch (kind) {
     case PhaseKind::water:
+        if (ended.t > ktl_lc.t1max) return GuessPatch::search;
+        [[fallthrough]];
     case PhaseKind::steam: return mixture_beside(kind, pair, a);
     case PhaseKind::near_critical: return above_350 ? GuessPatch::wet_near_critical : GuessPatch::search;
     case PhaseKind::wet: return x < 0.5 ? GuessPatch::water : x > 0.5 ? saturated_steam(ended.t) : GuessPatch::search;

@@ -265,7 +265,7 @@ double value_of_row(Pair pair, double a, double b, Property property) noexcept {
     return value(property, row.bulk, row.x, row.region);
 }
 
-RowState solve_row_again(Pair pair, double a, double b, const EndOfSearch& ended, const AcrossLine* tried) noexcept {
+RowState solve_row_again(Pair pair, double a, double b, const EndOfSearch& ended) noexcept {
     const PairSolver& solver = solvers[static_cast<std::size_t>(pair)];
     const GuessPatch own = solver.classify(a, b);
     const bool by_patches = names_one_state(pair) && own != GuessPatch::search;
@@ -275,9 +275,7 @@ RowState solve_row_again(Pair pair, double a, double b, const EndOfSearch& ended
                            [&](GuessPatch patch) { return solver.solve(patch, a, b, margin, out); });
     };
     AcrossLine across{patch_across(pair, own, a, ended), {}};
-    if (tried != nullptr) {
-        across = *tried;
-    } else if (across.patch != GuessPatch::search) {
+    if (across.patch != GuessPatch::search) {
         if (solver.solve(across.patch, a, b, margin_of(pair), out)) return out;
         across.ended = {out.x, out.bulk.t.value};
     }

@@ -29,9 +29,8 @@ static_assert(sizeof(RowState) <= 256, "compilers copy more than that by an inst
 /// The preferred state that has both values.
 RowState solve_row(Pair pair, double a, double b) noexcept;
 /// The same for a row whose patch did not lead to a state: by the patch across the line, by the others, then by the exact search. ended:
-/// of the search in its patch; tried: of the one across the line, if that was made.
-RowState solve_row_again(Pair pair, double a, double b, const EndOfSearch& ended,
-                         const AcrossLine* tried = nullptr) noexcept;
+/// of the search in its patch.
+RowState solve_row_again(Pair pair, double a, double b, const EndOfSearch& ended) noexcept;
 /// One property of the state of solve_row, with the same bits.
 double value_of_row(Pair pair, double a, double b, Property property) noexcept;
 /// The state of a solution of the exact search.
