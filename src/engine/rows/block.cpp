@@ -44,7 +44,7 @@ struct Rows {
 class Block {
 public:
     Block(const Kernels& kernels, Pair pair, const double* a, const double* b, std::size_t n)
-        : kernels_(kernels), pair_(pair), index_(static_cast<std::size_t>(pair)), n_(n), a_(a), b_(b) {}
+        : kernels_(kernels), index_(static_cast<std::size_t>(pair)), n_(n), a_(a), b_(b), pair_(pair) {}
 
     std::size_t solve(std::span<const Property> properties, double* const* outputs, Status* status) {
         if (n_ <= few_rows) {
@@ -258,19 +258,17 @@ private:
             outputs[k][row] = value(properties[k], found.bulk, found.x, found.region);
     }
 
+    // By size, so that little room is lost between them.
     const Kernels& kernels_;
-    Pair pair_;
     std::size_t index_, n_;
     const double *a_, *b_;
-    std::size_t solved_ = 0;
-    bool in_order_ = false;
+    std::size_t solved_ = 0, open_count_ = 0;
     std::array<std::size_t, guesses::patch_count> counts_{};
+    std::array<Open, block_rows> open_; ///< the rows of the second round
     std::array<std::uint16_t, block_rows + 1> order_;
     std::array<std::uint8_t, block_rows> patches_;
-    // The rows of the second round.
-    std::array<Open, block_rows> open_;
-    std::size_t open_count_ = 0;
-    bool across_ = false;
+    Pair pair_;
+    bool in_order_ = false, across_ = false;
     Rows rows_;
     alignas(64) std::array<double, result_room> results_;
 };
